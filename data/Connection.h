@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QString>
+#include <QVariant>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+/// One open database file. The engine stands wholly behind this class: no other header of the
+/// program names it.
+///
+/// Every page of the file is encrypted with the password of the connection string. Other programs
+/// and PCs may hold the file at the same time; a write waits up to 5 s for them.
+class Connection {
+public:
+    /// Opens an existing file; it never creates one. The string has the form
+    /// "PROVIDER=…;Data Source=<path>;JET OLEDB:Database Password=<password>".
+    /// @throws RuntimeFailure when the file is missing, no database, locked, or the password is
+    /// not its own.
+    static std::shared_ptr<Connection> open(const QString &connectionString);
+    ~Connection();
+    Connection(const Connection &) = delete;
+    Connection &operator=(const Connection &) = delete;
+
+    /// Runs a statement; each row goes to the reader, if there is one. Values are bound.
+    /// @throws RuntimeFailure with the engine's words.
+    void run(const QString &sql, const QVariantList &values = {},
+             const std::function<void(const QVariantList &)> &reader = {});
+    /// First column of the first row, or an invalid value.
+    QVariant single(const QString &sql, const QVariantList &values = {});
+    /// Rows changed by the last statement.
+    int changes() const;
+    qint64 lastInsertRowId() const;
+    /// Runs the work in one transaction, rolled back when it throws.
+    void transaction(const std::function<void()> &work);
+
+private:
+    struct Private;
+    explicit Connection(std::unique_ptr<Private> p);
+    std::unique_ptr<Private> d;
+};

@@ -1,0 +1,12 @@
+#pragma once
+
+/// Who owns the modem at the moment. The timers test these before they act; everything runs on
+/// one thread, so plain values do.
+struct ModemFlags {
+    bool QueueRunning = false;     ///< the queue owns the modem
+    bool ModemInitRunning = false; ///< the initialisation owns it; lingers after a failed search
+    bool WaitingForCmgs = false;   ///< a submission result is awaited
+    bool QueuePending = false;     ///< a row was sent: the 30 seconds between sends stand
+    bool ReadingMessages = false;  ///< a listing is being read
+    bool ComposingSms = false;     ///< a free-text message is being composed
+};

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/Clock.h"
+
+#include <QString>
+
+class Host;
+class ModemView;
+class SerialPort;
+class TcpSocket;
+struct Module1;
+
+/// The line to the modem, whichever of the two it is: the one way out, the two ways in, and the
+/// terminal box that shows the dialogue. All reads yield to pending events on each turn.
+class ModemLine {
+public:
+    ModemLine(Clock &clock, Module1 &module, SerialPort &MSComm1, TcpSocket &Winsock1,
+              ModemView &view);
+
+    /// Sends the string as it stands; callers add the carriage return. A socket that is not
+    /// connected swallows it.
+    /// @throws RuntimeFailure on a COM port that is closed or gone.
+    void SendData(const QString &OutString);
+    /// Stands ready for a second consumer of what comes in; nothing is done with it.
+    void ReceiveData(const QString &InputString);
+    /// The next line without its line end, or an empty string behind the time-out (2 s on a COM
+    /// port, 1 s on the network modem).
+    QString ReadModemLine();
+    /// ">" or an empty string behind the time-out.
+    QString ReadModemPrompt();
+    /// Reads lines until "OK" (true), 100 lines, or an empty line behind the third (false).
+    bool WaitForModemOK();
+    /// Whether a tick may take a line: a character on the COM port, a carriage return from TCP.
+    bool hasLine() const;
+    /// Whether commands have somewhere to go: an open port, or a socket that is not closed.
+    bool isOpen() const;
+
+    /// What TCP has brought and nothing has read. The socket's data event appends to it.
+    QString ModemRxBuffer;
+
+private:
+    Clock &clock_;
+    Module1 &module_;
+    SerialPort &MSComm1_;
+    TcpSocket &Winsock1_;
+    ModemView &view_;
+    QString terminal_;
+};

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QDateTime>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+
+using std::chrono::milliseconds;
+using namespace std::chrono_literals;
+
+/// Thrown by every wait once the main screen is gone: whatever dialogue stands on the stack is
+/// abandoned, and the process ends at once. It is no failure and no one reports it; only the
+/// rules of Rules.h catch it, at the edge of an event.
+struct ProgramEnds {};
+
+/// A repeating timer of one event source. It starts switched off.
+///
+/// Setting the interval or switching it on starts the count afresh, also with the value that it
+/// had. An interval of 0 never ticks. A tick may come in while the function of an earlier one is
+/// still waiting somewhere: those who mind test their flags first.
+class Timer {
+public:
+    virtual ~Timer() = default;
+    virtual void setInterval(milliseconds interval) = 0;
+    virtual milliseconds interval() const = 0;
+    virtual void setEnabled(bool enabled) = 0;
+    virtual bool isEnabled() const = 0;
+};
+
+/// All time that the program knows: dates, time-outs, waits and timers.
+/// Nothing else may wait, and no other code runs an event loop.
+class Clock {
+public:
+    virtual ~Clock() = default;
+    /// Wall time, for dates. It may jump.
+    virtual QDateTime now() const = 0;
+    /// Time since some fixed moment, for time-outs. It never goes back.
+    virtual milliseconds elapsed() const = 0;
+    /// Runs pending events, and comes back behind the first that it ran, or when atMost has
+    /// passed. With 0 it runs what is pending and doesn't wait. Handlers run inside it.
+    /// @throws ProgramEnds after end().
+    virtual void yield(milliseconds atMost) = 0;
+    /// Waits the whole time, with events running meanwhile.
+    /// @throws ProgramEnds after end().
+    virtual void sleep(milliseconds time) = 0;
+    virtual std::unique_ptr<Timer> timer(std::function<void()> tick) = 0;
+    /// From now on every wait throws ProgramEnds and no timer ticks.
+    virtual void end() = 0;
+    virtual bool hasEnded() const = 0;
+};

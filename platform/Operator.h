@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+enum class Buttons { Ok, OkCancel };
+enum class Answer { Ok, Cancel };
+
+/// The person at the screen. Every question that the program asks goes through here.
+/// All of these block until answered, while timers go on; all throw ProgramEnds when the program
+/// ends meanwhile.
+class Operator {
+public:
+    virtual ~Operator() = default;
+    /// Closing the box counts as Cancel. An empty title stands for the program's own.
+    virtual Answer messageBox(const QString &text, const QString &title, Buttons buttons) = 0;
+    /// Empty when cancelled: the callers cannot and must not tell the two apart.
+    virtual QString inputBox(const QString &prompt, const QString &title,
+                             const QString &preset) = 0;
+    /// Empty when cancelled. The filter is in the form of QFileDialog.
+    virtual QString chooseFile(const QString &startFrom, const QString &filter) = 0;
+    virtual void beep() = 0;
+    /// Busy pointer on or off; repeated calls don't add up.
+    virtual void setBusy(bool busy) = 0;
+
+    /// The description of a failure, with OK alone. The same text while its box is still open is
+    /// dropped, so that a failing line cannot pile up boxes.
+    void showFailure(const QString &description, const QString &title);
+
+private:
+    QStringList open_;
+};

@@ -1,0 +1,115 @@
+#include "platform/qt/SystemClock.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QObject>
+#include <QTimer>
+#include <QTimerEvent>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+// QTimer doesn't tick while its own handler waits in a nested event loop. Ours must, so each tick
+// re-arms with a fresh timer of the event loop before the handler runs.
+class SystemTimer : public QObject, public Timer {
+public:
+    SystemTimer(std::function<void()> tick, const SystemClock &clock)
+        : tick_(std::move(tick)), clock_(clock)
+    {
+    }
+
+    void setInterval(milliseconds interval) override
+    {
+        interval_ = interval;
+        arm();
+    }
+    milliseconds interval() const override { return interval_; }
+    void setEnabled(bool enabled) override
+    {
+        enabled_ = enabled;
+        arm();
+    }
+    bool isEnabled() const override { return enabled_; }
+
+protected:
+    void timerEvent(QTimerEvent *event) override
+    {
+        if (event->timerId() != id_ || clock_.hasEnded()) {
+            return;
+        }
+        arm();
+        tick_();
+    }
+
+private:
+    void arm()
+    {
+        if (id_ != 0) {
+            killTimer(std::exchange(id_, 0));
+        }
+        if (enabled_ && interval_ > 0ms) {
+            id_ = startTimer(interval_);
+        }
+    }
+
+    std::function<void()> tick_;
+    const SystemClock &clock_;
+    milliseconds interval_{0};
+    bool enabled_ = false;
+    int id_ = 0;
+};
+
+} // namespace
+
+SystemClock::SystemClock()
+{
+    sinceStart_.start();
+}
+
+SystemClock::~SystemClock() = default;
+
+QDateTime SystemClock::now() const
+{
+    return QDateTime::currentDateTime();
+}
+
+milliseconds SystemClock::elapsed() const
+{
+    return milliseconds(sinceStart_.elapsed());
+}
+
+void SystemClock::yield(milliseconds atMost)
+{
+    throwIfEnded();
+    if (atMost <= 0ms) {
+        QCoreApplication::processEvents();
+    } else {
+        // The timer's own event is what wakes processEvents when nothing else comes.
+        QTimer limit;
+        limit.setSingleShot(true);
+        limit.setTimerType(Qt::PreciseTimer);
+        limit.start(atMost);
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    throwIfEnded();
+}
+
+void SystemClock::sleep(milliseconds time)
+{
+    const milliseconds until = elapsed() + time;
+    do {
+        yield(std::max(until - elapsed(), 0ms));
+    } while (elapsed() < until);
+}
+
+std::unique_ptr<Timer> SystemClock::timer(std::function<void()> tick)
+{
+    return std::make_unique<SystemTimer>(std::move(tick), *this);
+}
+
+void SystemClock::end()
+{
+    ended_ = true;
+}
