@@ -1,0 +1,57 @@
+#include "support/Doubles.h"
+
+#include <gtest/gtest.h>
+
+ScriptedOperator::~ScriptedOperator()
+{
+    for (const Line &line : script_) {
+        ADD_FAILURE() << "Never asked: " << line.expected.toStdString();
+    }
+}
+
+void ScriptedOperator::answers(const QString &text, Answer answer, milliseconds openFor)
+{
+    script_.push_back({false, text, answer, {}, openFor});
+}
+
+void ScriptedOperator::types(const QString &title, const QString &answer, milliseconds openFor)
+{
+    script_.push_back({true, title, Answer::Ok, answer, openFor});
+}
+
+std::optional<ScriptedOperator::Line> ScriptedOperator::next(bool input, const QString &shownText)
+{
+    if (script_.empty() || script_.front().input != input ||
+        !shownText.contains(script_.front().expected)) {
+        ADD_FAILURE() << "Not expected: " << shownText.toStdString();
+        return {};
+    }
+    const Line line = script_.front();
+    script_.pop_front();
+    if (line.openFor > 0ms) {
+        clock_.sleep(line.openFor);
+    }
+    return line;
+}
+
+Answer ScriptedOperator::messageBox(const QString &text, const QString &title, Buttons)
+{
+    texts.append(text);
+    titles.append(title);
+    const auto line = next(false, text);
+    return line ? line->answer : Answer::Cancel;
+}
+
+QString ScriptedOperator::inputBox(const QString &prompt, const QString &title,
+                                   const QString &preset)
+{
+    lastPrompt = prompt;
+    lastPreset = preset;
+    const auto line = next(true, title);
+    return line ? line->typed : QString();
+}
+
+QString ScriptedOperator::chooseFile(const QString &, const QString &)
+{
+    return file_;
+}

@@ -1,0 +1,109 @@
+#pragma once
+
+#include "modem/ModemView.h"
+#include "platform/Host.h"
+#include "platform/Operator.h"
+#include "platform/SettingsStore.h"
+#include "support/VirtualClock.h"
+
+#include <QMap>
+
+#include <deque>
+
+/// The person at the screen, by a script. A question that no script line waits for fails the test
+/// and is answered by Cancel; so does a script line that was never needed, at the end.
+class ScriptedOperator : public Operator {
+public:
+    explicit ScriptedOperator(VirtualClock &clock) : clock_(clock) {}
+    ~ScriptedOperator() override;
+
+    /// The next box must hold this text; it is answered so, behind openFor.
+    void answers(const QString &text, Answer answer = Answer::Ok, milliseconds openFor = 0ms);
+    /// The next input box must have this title; an empty answer stands for Cancel.
+    void types(const QString &title, const QString &answer, milliseconds openFor = 0ms);
+    void picksFile(const QString &path) { file_ = path; }
+
+    Answer messageBox(const QString &text, const QString &title, Buttons buttons) override;
+    QString inputBox(const QString &prompt, const QString &title, const QString &preset) override;
+    QString chooseFile(const QString &startFrom, const QString &filter) override;
+    void beep() override { ++beeps; }
+    void setBusy(bool isBusy) override { busy = isBusy; }
+
+    QStringList texts;  ///< of all boxes, in order
+    QStringList titles; ///< of all boxes, in order
+    QString lastPrompt;
+    QString lastPreset;
+    int beeps = 0;
+    bool busy = false;
+
+private:
+    struct Line {
+        bool input;
+        QString expected;
+        Answer answer;
+        QString typed;
+        milliseconds openFor;
+    };
+    std::optional<Line> next(bool input, const QString &shownText);
+
+    VirtualClock &clock_;
+    std::deque<Line> script_;
+    QString file_;
+};
+
+class FakeHost : public Host {
+public:
+    QString userName() const override { return user; }
+    QString computerName() const override { return computer; }
+    QString dateFormat() const override { return format; }
+    QString comPortDevice(int number) const override { return u"COM%1"_qs.arg(number); }
+    QStringList serialPorts() const override { return {u"COM1"_qs, u"COM7"_qs}; }
+
+    QString user = QStringLiteral("Hovedoperatør");
+    QString computer = QStringLiteral("KONTOR-1");
+    QString format = QStringLiteral("dd/MM/yyyy");
+};
+
+class MemorySettings : public SettingsStore {
+public:
+    QString get(const QString &key, const QString &byDefault) const override
+    {
+        return values.value(key.toLower(), byDefault);
+    }
+    void save(const QString &key, const QString &value) override
+    {
+        values[key.toLower()] = value;
+        saved.append(key);
+    }
+    QMap<QString, QString> values; ///< by lower-case key
+    QStringList saved;             ///< keys in the order of saving
+};
+
+/// What the modem side showed last, and all that it wrote.
+class RecordingView : public ModemView {
+public:
+    void setPanel(int number, const QString &text) override
+    {
+        panels[number] = text;
+        panelHistory.append(text);
+    }
+    void appendStatusBox(const QString &text) override { statusBox += text; }
+    void setTerminal(const QString &text) override { terminal = text; }
+    void showNetworkControls(const NetworkControls &shown) override { controls = shown; }
+    void tickPort(PortMenuEntry entry) override { tick = entry; }
+    void setOtherPortCaption(const QString &caption) override { otherCaption = caption; }
+    QString hostName() const override { return host; }
+    QString port() const override { return portText; }
+    void setHostName(const QString &text) override { host = text; }
+    void setPort(const QString &text) override { portText = text; }
+
+    QMap<int, QString> panels;
+    QStringList panelHistory;
+    QString statusBox;
+    QString terminal;
+    NetworkControls controls;
+    PortMenuEntry tick = PortMenuEntry::Untouched;
+    QString otherCaption;
+    QString host = QStringLiteral("127.0.0.1");
+    QString portText = QStringLiteral("23");
+};
