@@ -1,10 +1,10 @@
 #pragma once
 
+#include "modem/TelnetFilter.h"
 #include "platform/Clock.h"
 
 #include <QString>
 
-class Host;
 class ModemView;
 class SerialPort;
 class TcpSocket;
@@ -28,21 +28,36 @@ public:
     QString ReadModemLine();
     /// ">" or an empty string behind the time-out.
     QString ReadModemPrompt();
-    /// Reads lines until "OK" (true), 100 lines, or an empty line behind the third (false).
+    /// Reads lines until "OK" (true), over 100 lines, or an empty line behind the third (false).
     bool WaitForModemOK();
     /// Whether a tick may take a line: a character on the COM port, a carriage return from TCP.
     bool hasLine() const;
     /// Whether commands have somewhere to go: an open port, or a socket that is not closed.
     bool isOpen() const;
 
-    /// What TCP has brought and nothing has read. The socket's data event appends to it.
+    /// A new connection: nothing is known of the far side's telnet.
+    void socketConnecting();
+    /// Appends what the socket brought to ModemRxBuffer, without its telnet commands, which are
+    /// answered. Of more than 64 KiB that nobody reads, the newest are kept.
+    void socketData(const QByteArray &bytes);
+    void clearTerminal();
+
+    /// What TCP has brought and nothing has read: the modem's bytes as characters 0 to 255.
     QString ModemRxBuffer;
 
 private:
+    bool onNetwork() const;
+    QString comLine();
+    QString networkLine();
+    QString comPrompt();
+    QString networkPrompt();
+    void writeTerminal(const QString &text);
+
     Clock &clock_;
     Module1 &module_;
     SerialPort &MSComm1_;
     TcpSocket &Winsock1_;
     ModemView &view_;
     QString terminal_;
+    TelnetFilter telnet_;
 };

@@ -4,14 +4,16 @@
 
 /// What of the network modem group can be seen and used.
 struct NetworkControls {
-    bool groupVisible = false;   ///< LabelTCPIP … rtfTerminalScreen, ComShowCom
+    bool groupVisible = false;   ///< LabelTCPIP … txtMessages, Line1, ComShowCom
     bool connectVisible = false; ///< cmdConnect
     bool connectEnabled = true;
     bool disconnectVisible = false; ///< cmdDisconnect
     bool disconnectEnabled = false;
     bool addressEnabled = true;   ///< txtHostName, txtPort
     bool commandsEnabled = false; ///< Command2, Command3
-    bool terminalVisible = true;  ///< rtfTerminalScreen, by ComShowCom
+    /// rtfTerminalScreen: shown and hidden with the group, then by ComShowCom, whose caption
+    /// follows it. The images show it without the group too.
+    bool terminalVisible = false;
 };
 
 /// The tick in the port menu.

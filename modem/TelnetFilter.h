@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QByteArray>
+
+/// Takes the telnet commands out of what a terminal server sends (RFC 854 and 855), so that the
+/// modem's own bytes are left. Every option is refused; commands may be split anywhere.
+///
+/// A bridge that knows no telnet is no different: byte 255, the only one with a meaning here, is
+/// none that a modem in text mode sends.
+class TelnetFilter {
+public:
+    struct Result {
+        QByteArray data;   ///< what the modem said
+        QByteArray answer; ///< refusals for the terminal server
+    };
+    Result receive(const QByteArray &bytes);
+    /// What to send so that these bytes reach the modem: byte 255 is doubled.
+    static QByteArray escaped(const QByteArray &bytes);
+
+private:
+    enum class State { Data, Command, Refused, Ignored, Subnegotiation, SubnegotiationCommand };
+    void command(unsigned char byte, Result &result);
+
+    State state_ = State::Data;
+    char refusal_ = 0;
+    int subnegotiated_ = 0;
+};
