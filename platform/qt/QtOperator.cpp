@@ -1,0 +1,207 @@
+#include "platform/qt/QtOperator.h"
+
+#include "platform/Clock.h"
+
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLibraryInfo>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QScopeGuard>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+constexpr milliseconds kLongestWait = 250ms;
+constexpr int kLongestWord = 60;
+constexpr int kLongestText = 1000;
+
+struct Language {
+    QStringView countryCode;
+    QStringView cancel;
+    QStringView catalogue; ///< suffixes of Qt's own translations, the best first
+};
+
+constexpr Language kLanguages[] = {
+    {u"47", u"Avbryt", u"nb nn"},
+    {u"46", u"Avbryt", u"sv"},
+    {u"45", u"Annuller", u"da"},
+};
+
+// Line breaks as labels know them, and places to break a number of 300 digits.
+QString forLabel(QString text)
+{
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+    int length = 0;
+    for (int i = 0; i < text.size(); ++i) {
+        length = text.at(i).isSpace() ? 0 : length + 1;
+        if (length > kLongestWord) {
+            text.insert(i, QChar(0x200B)); // zero-width space
+            length = 0;
+        }
+    }
+    return text;
+}
+
+QString orProgramName(const QString &title)
+{
+    return title.isEmpty() ? QGuiApplication::applicationDisplayName() : title;
+}
+
+/// The window that a question belongs to, also while another program has the focus.
+QWidget *frontWindow()
+{
+    if (QWidget *active = QApplication::activeWindow()) {
+        return active;
+    }
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows) {
+        if (window->isVisible() && window->windowType() == Qt::Window) {
+            return window;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+QtOperator::QtOperator(Clock &clock) : clock_(clock)
+{
+    setLanguage(QStringLiteral("47"));
+}
+
+QtOperator::~QtOperator()
+{
+    setBusy(false);
+}
+
+Answer QtOperator::messageBox(const QString &text, const QString &title, Buttons buttons)
+{
+    // A parent that goes first takes its questions along, so none of them may stand on the stack.
+    const QPointer box = new QMessageBox(open_.isEmpty() ? frontWindow() : open_.last());
+    const auto remove = qScopeGuard([&] { delete box; });
+    box->setWindowTitle(orProgramName(title));
+    box->setTextFormat(Qt::PlainText);
+    box->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    box->setText(forLabel(text.left(kLongestText)));
+    if (text.size() > kLongestText) {
+        box->setDetailedText(text);
+    }
+    const bool canCancel = buttons == Buttons::OkCancel;
+    box->setIcon(canCancel ? QMessageBox::Question : QMessageBox::Information);
+    box->setStandardButtons(canCancel ? QMessageBox::Ok | QMessageBox::Cancel : QMessageBox::Ok);
+    box->setDefaultButton(QMessageBox::Ok);
+    if (QAbstractButton *cancel = box->button(QMessageBox::Cancel)) {
+        cancel->setText(cancelCaption_);
+    }
+    const bool accepted = ask(*box);
+    // Only the button tells a confirmed box from a closed one.
+    return accepted && box && box->clickedButton() == box->button(QMessageBox::Ok) ? Answer::Ok
+                                                                                   : Answer::Cancel;
+}
+
+QString QtOperator::inputBox(const QString &prompt, const QString &title, const QString &preset)
+{
+    const QPointer dialog = new QDialog(open_.isEmpty() ? frontWindow() : open_.last());
+    const auto remove = qScopeGuard([&] { delete dialog; });
+    dialog->setWindowTitle(orProgramName(title));
+    auto *label = new QLabel(forLabel(prompt));
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    auto *field = new QLineEdit(preset);
+    field->setMinimumWidth(field->fontMetrics().averageCharWidth() * 50);
+    field->selectAll();
+    label->setBuddy(field);
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    captionButtons(*buttons);
+    auto *layout = new QVBoxLayout(dialog);
+    layout->addWidget(label);
+    layout->addWidget(field);
+    layout->addSpacing(6);
+    layout->addWidget(buttons);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, dialog, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
+    return ask(*dialog) && dialog ? field->text() : QString();
+}
+
+QString QtOperator::chooseFile(const QString &startFrom, const QString &filter)
+{
+    const QPointer dialog = new QFileDialog(open_.isEmpty() ? frontWindow() : open_.last());
+    const auto remove = qScopeGuard([&] { delete dialog; });
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setNameFilter(filter);
+    dialog->setDirectory(QFileInfo(startFrom).absolutePath());
+    dialog->selectFile(QFileInfo(startFrom).fileName());
+    return ask(*dialog) && dialog ? dialog->selectedFiles().value(0) : QString();
+}
+
+void QtOperator::beep()
+{
+    QApplication::beep();
+}
+
+void QtOperator::setBusy(bool busy)
+{
+    if (busy == busy_) {
+        return;
+    }
+    busy_ = busy;
+    busy ? QGuiApplication::setOverrideCursor(Qt::BusyCursor)
+         : QGuiApplication::restoreOverrideCursor();
+}
+
+void QtOperator::setLanguage(const QString &countryCode)
+{
+    const Language *language =
+        std::find_if(std::begin(kLanguages), std::end(kLanguages), [&](const Language &candidate) {
+            return candidate.countryCode == countryCode;
+        });
+    if (language == std::end(kLanguages)) {
+        language = kLanguages;
+    }
+    cancelCaption_ = language->cancel.toString();
+    QCoreApplication::removeTranslator(&qtTexts_);
+    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+    const QStringList catalogues = language->catalogue.toString().split(u' ');
+    for (const QString &catalogue : catalogues) {
+        if (qtTexts_.load(QStringLiteral("qtbase_") + catalogue, folder)) {
+            QCoreApplication::installTranslator(&qtTexts_);
+            return;
+        }
+    }
+}
+
+bool QtOperator::ask(QDialog &dialog)
+{
+    const QPointer<QDialog> alive(&dialog);
+    bool finished = false;
+    bool accepted = false;
+    QObject::connect(&dialog, &QDialog::finished, &dialog, [&](int result) {
+        finished = true;
+        accepted = result != QDialog::Rejected;
+    });
+    open_.append(&dialog);
+    const auto closed = qScopeGuard([this, opened = &dialog] { open_.removeOne(opened); });
+    dialog.open();
+    dialog.raise();
+    dialog.activateWindow();
+    while (!finished && alive) {
+        clock_.yield(kLongestWait);
+    }
+    return accepted;
+}
+
+void QtOperator::captionButtons(QDialogButtonBox &buttons) const
+{
+    if (QPushButton *cancel = buttons.button(QDialogButtonBox::Cancel)) {
+        cancel->setText(cancelCaption_);
+    }
+}

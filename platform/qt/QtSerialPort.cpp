@@ -1,0 +1,111 @@
+#include "platform/qt/QtSerialPort.h"
+
+#include "platform/RuntimeFailure.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+namespace {
+
+// What a modem sends while nobody reads waits here, and behind that in the driver.
+constexpr qint64 kReadBuffer = 64 * 1024;
+
+QString words(const char *text)
+{
+    return QCoreApplication::translate("SerialPort", text);
+}
+
+QString openFailure(QSerialPort::SerialPortError error)
+{
+    switch (error) {
+    case QSerialPort::DeviceNotFoundError:
+        return words("Porten %1 finnes ikke.");
+    case QSerialPort::PermissionError:
+        return words("Porten %1 er i bruk av et annet program, eller du har ikke adgang til den.");
+    default:
+        return words("Porten %1 kan ikke åpnes som serieport.");
+    }
+}
+
+} // namespace
+
+QtSerialPort::QtSerialPort()
+{
+    port_.setBaudRate(QSerialPort::Baud9600);
+    port_.setDataBits(QSerialPort::Data8);
+    port_.setParity(QSerialPort::NoParity);
+    port_.setStopBits(QSerialPort::OneStop);
+    port_.setFlowControl(QSerialPort::NoFlowControl);
+    port_.setReadBufferSize(kReadBuffer);
+    QObject::connect(&port_, &QSerialPort::errorOccurred, &port_,
+                     [this](QSerialPort::SerialPortError error) {
+                         lost_ = lost_ || error == QSerialPort::ResourceError;
+                     });
+}
+
+void QtSerialPort::open(const QString &device)
+{
+    close();
+    // Two links to one device must meet in one lock.
+    const QString target = QFileInfo(device).canonicalFilePath();
+    port_.setPortName(target.isEmpty() ? device : target);
+    if (!port_.open(QIODevice::ReadWrite)) {
+        throw RuntimeFailure(openFailure(port_.error()).arg(device));
+    }
+    lost_ = false;
+}
+
+bool QtSerialPort::isOpen() const
+{
+    return port_.isOpen();
+}
+
+void QtSerialPort::close()
+{
+    if (port_.isOpen()) {
+        port_.close();
+    }
+    lost_ = false;
+}
+
+void QtSerialPort::write(const QByteArray &bytes)
+{
+    if (!port_.isOpen()) {
+        throw RuntimeFailure(words("Porten er ikke åpen."));
+    }
+    const bool taken = port_.write(bytes) == bytes.size();
+    port_.flush();
+    throwIfLost();
+    if (!taken) {
+        throw RuntimeFailure(words("Modemet på porten %1 tar ikke imot.").arg(port_.portName()));
+    }
+}
+
+qint64 QtSerialPort::bytesAvailable()
+{
+    if (!port_.isOpen()) {
+        return 0;
+    }
+    const qint64 waiting = port_.bytesAvailable();
+    if (waiting == 0) {
+        throwIfLost();
+    }
+    return waiting;
+}
+
+unsigned char QtSerialPort::takeCharacter()
+{
+    char character = 0;
+    port_.getChar(&character);
+    return static_cast<unsigned char>(character);
+}
+
+void QtSerialPort::throwIfLost()
+{
+    if (!lost_) {
+        return;
+    }
+    const QString name = port_.portName();
+    close();
+    throw RuntimeFailure(words("Forbindelsen med porten %1 er brutt.").arg(name));
+}
