@@ -1,0 +1,65 @@
+#pragma once
+
+#include "inbound/ErrorRule.h"
+
+#include <QDate>
+#include <QString>
+#include <QVariant>
+
+#include <initializer_list>
+#include <span>
+#include <utility>
+
+class ModemResponse;
+class Recordset;
+class Recordsets;
+struct Module1;
+
+/// One record under interpretation: what all families work on.
+///
+/// The working text stays in the modem's own alphabet (3GPP TS 23.038), so that å of a phone is
+/// code 15 in it, ä is code 123 and ö code 124. The door is always Module1::SenderNumber; the
+/// sender is never checked.
+class Interpretation {
+public:
+    Interpretation(Module1 &module, Recordsets &recordsets, ModemResponse &response,
+                   ErrorRule &rule, const QDate &today, const QString &dateFormat);
+
+    /// The working text lives in ModemResponse, and each change of it is an event to the watcher:
+    /// a remainder with "OK", "ERROR" or "+CMTI" acts as the modem's own line would.
+    QString text() const;
+    void setText(const QString &text);
+
+    /// Adds a row; each value is a step of its own, so the row is written with those that went in.
+    void add(Recordset &rows, std::initializer_list<std::pair<const char16_t *, QString>> values);
+    /// Writes values of the current row, in the same way.
+    void change(Recordset &rows,
+                std::initializer_list<std::pair<const char16_t *, QString>> values);
+
+    /// Puts rsKatalog, read anew, on the person with this short number.
+    bool findPerson(const QString &shortForm);
+    /// Puts rsBrukereAll, read anew, on the sending door's row of this full number.
+    bool findUserOnDoor(const QString &fullNumber);
+
+    Module1 &module;
+    Recordsets &recordsets;
+    ErrorRule &rule;
+    const QDate today;
+    const QString dateFormat; ///< the system's short date, Host::dateFormat
+
+    /// Stands behind the word of Status. It outlives the family that set it.
+    QString StatusSuffix;
+
+private:
+    ModemResponse &response_;
+};
+
+/// Sum of the positions of all phrases: with one of them in the text, its position. With two it
+/// points at nothing useful, and what follows cuts whatever stands there.
+int phrasePosition(const QString &text, std::span<const QStringView> phrases);
+
+/// The number before a phrase at this position, with the blank between them: what stands behind
+/// the last line end at most 13 characters back ("+", ten digits, blank and line feed), or the
+/// whole text before the phrase. A leading "+" and country code are cut off.
+/// @throws RuntimeFailure when the phrase stands before position 14, or the line feed behind it.
+QString numberBefore(const QString &text, int phrase);

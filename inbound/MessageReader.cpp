@@ -1,0 +1,168 @@
+#include "inbound/MessageReader.h"
+
+#include "data/Module1.h"
+#include "data/Recordsets.h"
+#include "inbound/Families.h"
+#include "inbound/Interpretation.h"
+#include "inbound/MessageRecord.h"
+#include "modem/ModemLink.h"
+#include "modem/ModemView.h"
+#include "platform/Clock.h"
+#include "platform/Host.h"
+#include "platform/Text.h"
+
+#include <QScopeGuard>
+
+#include <utility>
+
+namespace {
+
+// A body or a remainder that looks like a header brings the watcher to call the reader inside
+// itself. A modem that says nothing else would take it ever deeper.
+constexpr int kDeepestNesting = 8;
+
+constexpr int kDeleteAttempts = 3;
+
+Interpretation interpretation(ModemLink &link, Module1 &module, Recordsets &recordsets,
+                              ErrorRule &rule, const Clock &clock, const Host &host)
+{
+    return {module, recordsets, link.response, rule, clock.now().date(), host.dateFormat()};
+}
+
+} // namespace
+
+MessageReader::MessageReader(ModemLink &link, Module1 &module, Recordsets &recordsets,
+                             ModemView &view, Clock &clock, const Host &host,
+                             std::function<void()> VisBrukerTabell)
+    : link_(link),
+      module_(module),
+      recordsets_(recordsets),
+      view_(view),
+      clock_(clock),
+      host_(host),
+      VisBrukerTabell_(std::move(VisBrukerTabell)),
+      rule_(*link.TimerCom, link.flags, link.pace)
+{
+}
+
+void MessageReader::Read_SMS_MessageTEXT()
+{
+    if (nesting_ == kDeepestNesting) {
+        return; // the call around this one sets the timers going again
+    }
+    ++nesting_;
+    const auto leave = qScopeGuard([this] { --nesting_; });
+
+    link_.TimerCom->setEnabled(false);
+    link_.pace.stop();
+    link_.flags.ReadingMessages = true;
+
+    // An index of 0 is no place in the modem's store.
+    const bool received = module_.MessageIndex != 0 && isReceivedMessage(link_.response.text());
+    auto record = interpretation(link_, module_, recordsets_, rule_, clock_, host_);
+    if (received) {
+        readReceivedMessage(record);
+    }
+    runFamilies(record, received);
+
+    view_.setPanel(2, u"Klar for innkommende SMS"_qs); // in every language
+    rule_.step([&] { recordsets_.OpenRecordsets(); });
+    rule_.step([&] { VisBrukerTabell_(); });
+    deleteFromModem();
+
+    link_.TimerCom->setEnabled(true);
+    link_.flags.ReadingMessages = false;
+    link_.pace.restart(3000ms);
+}
+
+void MessageReader::readReceivedMessage(Interpretation &record)
+{
+    const QString header = ownCharacters(record.text());
+    QString stamp;
+    // A sender that cannot be cut leaves that of the message before.
+    rule_.step([&] { module_.SenderNumber = senderOf(header); });
+    module_.RefreshPending = true;
+    rule_.step([&] { stamp = stampOf(header); });
+    rule_.step([&] { record.setText(ownCharacters(link_.line.ReadModemLine())); });
+    const QString body = filedBody(record.text());
+    const auto [Etternavn, Fornavn] = senderName();
+
+    Recordset &messages = recordsets_.rsSmsReceived;
+    record.add(messages, {{u"FraNummer", module_.SenderNumber},
+                          {u"FraNummerKort", shortSender(module_.SenderNumber)},
+                          {u"SMS_Text", body},
+                          {u"Dato", stamp},
+                          {u"Etternavn", Etternavn},
+                          {u"Fornavn", Fornavn}});
+    rule_.step([&] { messages.requery(); });
+    rule_.step([&] { messages.moveLast(); });
+}
+
+QString MessageReader::filedBody(const QString &text)
+{
+    // The length is held in a byte: a longer text is filed without any of it. The families still
+    // read the whole.
+    quint8 length = 0;
+    rule_.step([&] { length = byteOf(static_cast<int>(text.size())); });
+    QString body;
+    for (int i = text.startsWith(u'\n') ? 1 : 0; i < length; ++i) {
+        if (text[i] == u'\n') {
+            body += u"\r\n"_qs;
+            continue;
+        }
+        // The modem's alphabet ends at 127. What lies above is of our own set already.
+        QChar character = text[i];
+        rule_.step([&] { character = windows1252Character(link_.tables.in(character.unicode())); });
+        body += character;
+    }
+    return body;
+}
+
+std::pair<QString, QString> MessageReader::senderName()
+{
+    QString Etternavn = u"?"_qs;
+    QString Fornavn = u"?"_qs;
+    const auto take = [&](QString &target, const Recordset &rows, const QString &column) {
+        rule_.step([&] {
+            if (const QString name = rows.text(column); !name.isEmpty()) {
+                target = name;
+            }
+        });
+    };
+    const QString &sender = module_.SenderNumber;
+    const Recordset &persons = recordsets_.rsKatalog;
+    if (rule_.found([&] { return recordsets_.rsKatalog.findFirst(u"Bruker"_qs, sender); })) {
+        take(Etternavn, persons, u"Etternavn"_qs);
+        take(Fornavn, persons, u"Fornavn"_qs);
+    }
+    if (Etternavn == u"?" && Fornavn == u"?" &&
+        rule_.found([&] { return recordsets_.rsKeyAll.findFirst(u"KeyNummer"_qs, sender); })) {
+        take(Etternavn, recordsets_.rsKeyAll, u"KeyNavn"_qs);
+        Fornavn = u" "_qs;
+    }
+    return {Etternavn, Fornavn};
+}
+
+void MessageReader::runFamilies(Interpretation &record, bool received)
+{
+    for (const Family &family : kFamilies) {
+        const bool comes = received || family.records == Family::Records::All;
+        if (comes && rule_.test([&] { return family.applies(record); })) {
+            family.read(record);
+        }
+    }
+}
+
+void MessageReader::deleteFromModem()
+{
+    const auto answersOk = [&] { return rule_.test([&] { return link_.line.WaitForModemOK(); }); };
+    if (!answersOk()) {
+        return; // the record stays in the modem, to be read again
+    }
+    for (int attempt = 0; attempt < kDeleteAttempts; ++attempt) {
+        rule_.step([&] { link_.line.SendData(u"AT+CMGD=%1\r"_qs.arg(module_.MessageIndex)); });
+        if (answersOk()) {
+            return;
+        }
+    }
+}

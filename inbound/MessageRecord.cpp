@@ -1,0 +1,49 @@
+#include "inbound/MessageRecord.h"
+
+#include "platform/Text.h"
+
+namespace {
+
+const QString kSenderNeedle = QStringLiteral("D\",\"");
+constexpr int kStampLength = 17;
+
+} // namespace
+
+bool isReceivedMessage(const QString &header)
+{
+    return holds(header, kSenderNeedle);
+}
+
+QString senderOf(const QString &header)
+{
+    const int start = inStr(header, kSenderNeedle) + static_cast<int>(kSenderNeedle.size());
+    const int end = inStr(start, header, QStringLiteral("\","));
+    return mid(header, start, end - start);
+}
+
+QString stampOf(const QString &header)
+{
+    return mid(header, inStr(header, QStringLiteral("/")) - 2, kStampLength);
+}
+
+QString ownCharacters(const QString &lineText)
+{
+    QString result = lineText;
+    for (QChar &character : result) {
+        const char16_t code = character.unicode();
+        if (code >= 0x80 && code < 0xA0) {
+            character = windows1252Character(code);
+        }
+    }
+    return result;
+}
+
+QString shortNumber(const QString &number)
+{
+    return number.startsWith(u'+') ? mid(number, 4) : number;
+}
+
+QString shortSender(const QString &number)
+{
+    return mid(number, 4, 9).trimmed();
+}
