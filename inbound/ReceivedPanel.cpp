@@ -96,12 +96,12 @@ void ReceivedPanel::changeEvent(QEvent *event)
     }
 }
 
-void ReceivedPanel::step(Move move, bool (Recordset::*atEnd)() const, Move onEnd)
+void ReceivedPanel::step(Move go, bool (Recordset::*atEnd)() const, Move onEnd)
 {
     shown(operator_, {}, [&] {
         Recordset &messages = recordsets_.rsSmsReceived;
         if (!(messages.*atEnd)()) {
-            (messages.*move)();
+            (messages.*go)();
         }
         if ((messages.*atEnd)() && !messages.isEmpty()) {
             operator_.beep();

@@ -38,7 +38,7 @@ protected:
 private:
     using Move = void (Recordset::*)();
     /// One row on. At the end a beep, and on with the row that onEnd moves to.
-    void step(Move move, bool (Recordset::*atEnd)() const, Move onEnd);
+    void step(Move go, bool (Recordset::*atEnd)() const, Move onEnd);
     void refreshPhone();
     void drawPhones();
 
