@@ -9,16 +9,16 @@
 
 /// One record of a modem's message storage.
 struct MessageRecord {
-    enum class Kind { Received, Unsent, Sent, Report };
+    enum class Kind { Received, Unsent, Report };
     Kind kind = Kind::Received;
     bool read = false;
-    QString number;       ///< sender, or recipient of a record of our own or of a report
-    QByteArray text;      ///< raw alphabet codes; empty in a report
-    QDateTime stamp;      ///< the service centre's
-    QDateTime settledAt;  ///< reports only
-    quint8 reference = 0; ///< reports only
-    quint8 status = 0;    ///< reports only, TP-Status
-    int firstOctet = 4;   ///< 4 deliver, 17 submit, 6 status report (3GPP TS 23.040, 9.2.2)
+    QString number{};      ///< sender, or recipient of a record of our own or of a report
+    QByteArray text{};     ///< raw alphabet codes; empty in a report
+    QDateTime stamp{};     ///< the service centre's
+    QDateTime settledAt{}; ///< reports only
+    quint8 reference = 0;  ///< reports only
+    quint8 status = 0;     ///< reports only, TP-Status
+    int firstOctet = 4;    ///< 4 deliver, 17 submit, 6 status report (3GPP TS 23.040, 9.2.2)
 
     /// The status word of text mode, as "REC UNREAD".
     QByteArray statusWord() const;

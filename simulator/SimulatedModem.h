@@ -91,13 +91,14 @@ private:
     void execute(const QByteArray &line);
     Result run(const AtCommand &command);
     void finish(Result result);
-    void info(const QByteArray &text);
+    void answer(const QByteArray &text);
     void notify(const QByteArray &text);
     void flushNotices();
     void write(const QByteArray &bytes);
     void writeSlowly();
 
     // Messages (SimulatedModem.cpp)
+    Result askText(const QString &recipient, Purpose purpose);
     void endText();
     void finishSubmission();
     bool takeMessage(const SmsMessage &message);
@@ -105,10 +106,9 @@ private:
     bool hasRoom(const MessageStore &store) const { return !faults_.storeFull && !store.isFull(); }
     void offerRoom();
     MessageStore &memory(const QByteArray &name) { return name == "ME" ? phone_ : sim_; }
-    QByteArray counts(int memories) const;
+    QByteArray counts(const QByteArray &name);
 
     // Commands (SimulatedModemCommands.cpp)
-    Result basic(const AtCommand &command);
     Result factorySettings(const AtCommand &command);
     Result restoreSettings(const AtCommand &command);
     Result storeSettings(const AtCommand &command);
@@ -131,9 +131,9 @@ private:
     Result cmgd(const AtCommand &command);
     Result cmgs(const AtCommand &command);
     Result cmgw(const AtCommand &command);
-    Result askText(const AtCommand &command, Purpose purpose);
+    bool listsDetails(const MessageRecord &record) const;
+    MessageRecord *recordOf(const AtCommand &command);
 
-    Clock &clock_;
     SmsNetwork &network_;
     QString ownNumber_;
     ModemFaults faults_;
