@@ -51,7 +51,7 @@ private:
     void dialogue();
     bool attempt(Identity &identity);
     bool run(const Step &step, Identity &identity, QString &storageLine);
-    void waitForStorage(bool firstStorage, QString &storageLine);
+    void waitForStorage(QString &storageLine);
     void found(const Identity &identity);
     void notFound();
     void noLine();

@@ -26,8 +26,11 @@ signals:
     void imageClicked();
 
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
+    void setModemOn(bool on);
+    void drawImages();
+
     std::unique_ptr<Ui::ModemPanel> ui_;
 };

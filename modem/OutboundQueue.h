@@ -7,6 +7,7 @@
 
 class Clock;
 class ModemView;
+class Recordset;
 class Recordsets;
 class SendPace;
 class SmsSubmitter;
@@ -49,9 +50,14 @@ public:
 
     /// Hands at most one waiting row to the modem. It never fails; what happened to the row stands
     /// in its CMGS.
+    /// @throws ProgramEnds when the program ends meanwhile.
     void SendQueuedSms();
 
 private:
+    void sendFirst();
+    void writeResult(Recordset &row);
+    void markUser(const QString &text, const QString &recipient);
+
     Clock &clock_;
     Module1 &module_;
     ModemFlags &flags_;

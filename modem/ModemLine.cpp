@@ -1,0 +1,207 @@
+#include "modem/ModemLine.h"
+
+#include "data/Module1.h"
+#include "modem/ModemView.h"
+#include "platform/SerialPort.h"
+#include "platform/TcpSocket.h"
+#include "platform/Text.h"
+
+namespace {
+
+constexpr int kNetworkModem = 255;
+constexpr int kTerminalLength = 600;
+
+constexpr milliseconds kComTimeOut = 2000ms;
+constexpr milliseconds kComPoll = 50ms;
+constexpr milliseconds kNetworkTimeOut = 1000ms;
+constexpr milliseconds kNetworkPoll = 10ms;
+
+// A read on the network keeps so much of what it did not take, and loses the rest.
+constexpr int kKeptBehindRead = 1000;
+
+// A message is 160 characters and a listing of a full SIM under 64 KiB: more without a line end
+// is no modem that one could understand, and must not fill the memory.
+constexpr qsizetype kLongestInput = 64 * 1024;
+
+constexpr int kMostLines = 100;
+constexpr int kLinesOfSilence = 3;
+
+QString withoutEnds(const QString &text, QChar end)
+{
+    qsizetype first = 0;
+    qsizetype behind = text.size();
+    while (first < behind && text[first] == end) {
+        ++first;
+    }
+    while (behind > first && text[behind - 1] == end) {
+        --behind;
+    }
+    return text.mid(first, behind - first);
+}
+
+} // namespace
+
+ModemLine::ModemLine(Clock &clock, Module1 &module, SerialPort &MSComm1, TcpSocket &Winsock1,
+                     ModemView &view)
+    : clock_(clock), module_(module), MSComm1_(MSComm1), Winsock1_(Winsock1), view_(view)
+{
+}
+
+bool ModemLine::onNetwork() const
+{
+    return module_.ActiveComPort == kNetworkModem;
+}
+
+void ModemLine::SendData(const QString &OutString)
+{
+    const QByteArray bytes = toLineBytes(OutString);
+    if (!onNetwork()) {
+        MSComm1_.write(bytes);
+    } else if (Winsock1_.state() == TcpSocket::State::Connected) {
+        Winsock1_.write(TelnetFilter::escaped(bytes));
+    }
+    const bool hasEnd = OutString.endsWith(u'\r');
+    writeTerminal(u"==>"_qs + (hasEnd ? OutString.chopped(1) : OutString) + u"\r\n"_qs);
+}
+
+void ModemLine::ReceiveData(const QString & /*InputString*/) {}
+
+QString ModemLine::ReadModemLine()
+{
+    QString line = onNetwork() ? networkLine() : comLine();
+    line = withoutEnds(withoutEnds(line, u'\n'), u'\r');
+    // An empty line too: a long time-out shows as a row of empty marks.
+    writeTerminal(u'<' + line + u'\r');
+    return line;
+}
+
+QString ModemLine::comLine()
+{
+    const milliseconds start = clock_.elapsed();
+    QString line;
+    bool atEnd = false;
+    do {
+        clock_.yield(MSComm1_.bytesAvailable() > 0 ? 0ms : kComPoll);
+        // Whatever ran meanwhile may have taken the character, or the port.
+        if (MSComm1_.bytesAvailable() > 0) {
+            const QChar character(static_cast<char16_t>(MSComm1_.takeCharacter()));
+            atEnd = character == u'\r';
+            if (!atEnd && line.size() < kLongestInput) {
+                line += character;
+            }
+        }
+        // A line of one character never ends a read, so the bare ends between answers don't.
+    } while (!(atEnd && line.size() >= 2) && clock_.elapsed() - start <= kComTimeOut);
+    if (atEnd && MSComm1_.bytesAvailable() > 0) {
+        MSComm1_.takeCharacter(); // the line feed
+    }
+    return line;
+}
+
+QString ModemLine::networkLine()
+{
+    const milliseconds start = clock_.elapsed();
+    QString line;
+    do {
+        clock_.yield(ModemRxBuffer.contains(u'\r') ? 0ms : kNetworkPoll);
+        const qsizetype end = ModemRxBuffer.indexOf(u'\r');
+        if (end >= 0) {
+            line = ModemRxBuffer.left(end);
+            // What stands further behind is lost: a listing longer than this comes again with
+            // the next one.
+            ModemRxBuffer = ModemRxBuffer.mid(end + 1, kKeptBehindRead);
+        }
+    } while (line.size() < 2 && clock_.elapsed() - start <= kNetworkTimeOut);
+    return line;
+}
+
+QString ModemLine::ReadModemPrompt()
+{
+    QString prompt = onNetwork() ? networkPrompt() : comPrompt();
+    qsizetype lineEnds = 0;
+    while (lineEnds < prompt.size() && (prompt[lineEnds] == u'\n' || prompt[lineEnds] == u'\r')) {
+        ++lineEnds;
+    }
+    prompt = prompt.mid(lineEnds);
+    writeTerminal(u"<**"_qs + prompt + u'\r');
+    return prompt;
+}
+
+QString ModemLine::comPrompt()
+{
+    const milliseconds start = clock_.elapsed();
+    do {
+        clock_.yield(MSComm1_.bytesAvailable() > 0 ? 0ms : kComPoll);
+        // Everything else that comes in these seconds is thrown away.
+        if (MSComm1_.bytesAvailable() > 0 && MSComm1_.takeCharacter() == '>') {
+            return u">"_qs;
+        }
+    } while (clock_.elapsed() - start <= kComTimeOut);
+    return {};
+}
+
+QString ModemLine::networkPrompt()
+{
+    const milliseconds start = clock_.elapsed();
+    QString prompt;
+    do {
+        clock_.yield(ModemRxBuffer.contains(u'>') ? 0ms : kNetworkPoll);
+        // Without a prompt the buffer is cut down too, from its start.
+        const qsizetype end = ModemRxBuffer.indexOf(u'>') + 1;
+        prompt = ModemRxBuffer.left(end);
+        ModemRxBuffer = ModemRxBuffer.mid(end, kKeptBehindRead);
+    } while (prompt.isEmpty() && clock_.elapsed() - start <= kNetworkTimeOut);
+    return prompt;
+}
+
+bool ModemLine::WaitForModemOK()
+{
+    for (int lines = 1;; ++lines) {
+        const QString line = ReadModemLine();
+        if (same(line, u"OK"_qs)) {
+            return true;
+        }
+        if (lines > kMostLines || (line.isEmpty() && lines > kLinesOfSilence)) {
+            return false;
+        }
+    }
+}
+
+bool ModemLine::hasLine() const
+{
+    return onNetwork() ? ModemRxBuffer.contains(u'\r') : MSComm1_.bytesAvailable() > 0;
+}
+
+bool ModemLine::isOpen() const
+{
+    // A socket that is still connecting counts as open.
+    return onNetwork() ? Winsock1_.state() != TcpSocket::State::Closed : MSComm1_.isOpen();
+}
+
+void ModemLine::socketConnecting()
+{
+    telnet_ = TelnetFilter();
+}
+
+void ModemLine::socketData(const QByteArray &bytes)
+{
+    const TelnetFilter::Result result = telnet_.receive(bytes);
+    if (!result.answer.isEmpty()) {
+        Winsock1_.write(result.answer);
+    }
+    ModemRxBuffer += fromLineBytes(result.data);
+    // The newest are kept, so that the first line end makes the line readable again.
+    ModemRxBuffer = ModemRxBuffer.right(kLongestInput);
+}
+
+void ModemLine::clearTerminal()
+{
+    terminal_.clear();
+    view_.setTerminal(terminal_);
+}
+
+void ModemLine::writeTerminal(const QString &text)
+{
+    terminal_ = (terminal_ + text).right(kTerminalLength);
+    view_.setTerminal(terminal_);
+}

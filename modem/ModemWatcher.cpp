@@ -1,0 +1,160 @@
+#include "modem/ModemWatcher.h"
+
+#include "data/Module1.h"
+#include "data/Recordsets.h"
+#include "modem/ModemLine.h"
+#include "modem/ModemResponse.h"
+#include "modem/ModemView.h"
+#include "modem/OutboundQueue.h"
+#include "modem/SendPace.h"
+#include "platform/Operator.h"
+#include "platform/Rules.h"
+#include "platform/Text.h"
+
+#include <QScopeGuard>
+
+namespace {
+
+constexpr int kInboundPanel = 2;
+constexpr milliseconds kAfterEvent = 2000ms;
+// At the slowest pace no listing is asked for, until an event quickens it.
+constexpr milliseconds kNoListingFrom = 59000ms;
+constexpr int kLongestIndex = 7;
+
+const QString &header()
+{
+    static const QString kHeader = u"+CMGL: "_qs;
+    return kHeader;
+}
+
+} // namespace
+
+ModemWatcher::ModemWatcher(Module1 &module, ModemFlags &flags, Recordsets &recordsets,
+                           ModemLine &line, ModemResponse &response, OutboundQueue &queue,
+                           SendPace &pace, Timer &TimerCom, ModemView &view, Operator &person)
+    : module_(module),
+      flags_(flags),
+      recordsets_(recordsets),
+      line_(line),
+      response_(response),
+      queue_(queue),
+      pace_(pace),
+      timerCom_(TimerCom),
+      view_(view),
+      operator_(person)
+{
+    response_.onChange([this] { responseChanged(); });
+}
+
+ModemWatcher::~ModemWatcher()
+{
+    response_.onChange({});
+}
+
+void ModemWatcher::timerComTick()
+{
+    shown(operator_, {}, [&] {
+        const QString text = takeLine();
+        if (!text.isEmpty()) {
+            response_.setText(text);
+        }
+    });
+}
+
+QString ModemWatcher::takeLine()
+{
+    // A line that comes slowly keeps a read waiting for longer than a tick: the ticks inside it
+    // must not take the rest of that line.
+    if (takingLine_ || !module_.ModemReady || flags_.QueueRunning || flags_.ModemInitRunning ||
+        !line_.hasLine()) {
+        return {};
+    }
+    takingLine_ = true;
+    const auto taken = qScopeGuard([&] { takingLine_ = false; });
+    return line_.ReadModemLine();
+}
+
+void ModemWatcher::timerSendTick()
+{
+    if (!module_.ModemReady || flags_.QueueRunning || flags_.ReadingMessages ||
+        flags_.ComposingSms || flags_.ModemInitRunning || flags_.WaitingForCmgs) {
+        return;
+    }
+    skipped({[&] { StartNyBruker(); }, [&] { recordsets_.OpenRecordsets(); },
+             [&] { queue_.SendQueuedSms(); }, [&] { recordsets_.OpenRecordsets(); },
+             [&] {
+                 if (pace_.interval() < kNoListingFrom) {
+                     requestListing();
+                 }
+             }});
+}
+
+void ModemWatcher::responseChanged()
+{
+    const auto handler = [&] { watch(response_.text()); };
+    // The interpreter uses the caption for its working text, and never opens a box.
+    if (interpreting_ > 0) {
+        kept(handler);
+    } else {
+        shown(operator_, {}, handler);
+    }
+}
+
+void ModemWatcher::watch(const QString &text)
+{
+    if (holds(text, u"+CMTI"_qs)) {
+        notified(u"Mottar SMS"_qs);
+        return;
+    }
+    if (holds(text, u"+CDSI: "_qs)) {
+        notified(u"Mottar Kvittering"_qs);
+        return;
+    }
+    if (holds(text, u"OK"_qs)) {
+        flags_.ReadingMessages = false;
+        if (!flags_.QueuePending) {
+            pace_.slowDown();
+        }
+    }
+    if (holds(text, u"ERROR"_qs) && !flags_.QueuePending) {
+        pace_.restart(kAfterEvent);
+    }
+    if (holds(text, header())) {
+        listed(text);
+    }
+}
+
+void ModemWatcher::notified(const QString &panelText)
+{
+    view_.setPanel(kInboundPanel, panelText);
+    if (flags_.QueuePending) {
+        // The pace stands at 30 seconds then: the listing would come late.
+        requestListing();
+    } else {
+        pace_.restart(kAfterEvent);
+    }
+}
+
+void ModemWatcher::listed(const QString &text)
+{
+    flags_.ReadingMessages = true;
+    module_.MessageIndex = 0;
+    const int first = inStr(text, header()) + static_cast<int>(header().size());
+    for (const QChar digit : mid(text, first, kLongestIndex)) {
+        if (digit < u'0' || digit > u'9') {
+            break;
+        }
+        module_.MessageIndex = byteOf(10 * module_.MessageIndex + (digit.unicode() - u'0'));
+    }
+    view_.setPanel(kInboundPanel,
+                   u"Melding "_qs + QString::number(module_.MessageIndex) + u" MOTTATT"_qs);
+    timerCom_.setEnabled(false); // the interpreter switches it on again
+    ++interpreting_;
+    const auto interpreted = qScopeGuard([&] { --interpreting_; });
+    Read_SMS_MessageTEXT();
+}
+
+void ModemWatcher::requestListing()
+{
+    line_.SendData(u"AT+CMGL=ALL\r"_qs);
+}

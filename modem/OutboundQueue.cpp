@@ -1,0 +1,170 @@
+#include "modem/OutboundQueue.h"
+
+#include "data/Dates.h"
+#include "data/Module1.h"
+#include "data/Recordsets.h"
+#include "modem/PassOn.h"
+#include "modem/SendPace.h"
+#include "modem/SmsSubmitter.h"
+#include "platform/Clock.h"
+#include "platform/Rules.h"
+#include "platform/Text.h"
+
+#include <QScopeGuard>
+
+namespace {
+
+constexpr milliseconds kBetweenMessages = 30000ms;
+constexpr int kBehindCountryCode = 4; ///< the code is taken to have two digits
+constexpr int kShortLength = 9;
+
+// With reports off a result up to here is a reference of the network; a byte and one more.
+constexpr int kHighestReference = 256;
+
+} // namespace
+
+OutboundQueue::OutboundQueue(Clock &clock, Module1 &module, ModemFlags &flags,
+                             Recordsets &recordsets, SmsSubmitter &submitter, SendPace &pace,
+                             Timer &timerCom)
+    : clock_(clock),
+      module_(module),
+      flags_(flags),
+      recordsets_(recordsets),
+      submitter_(submitter),
+      pace_(pace),
+      timerCom_(timerCom)
+{
+}
+
+void OutboundQueue::QueueOutboundSms(const QString &recipient, const QString &text,
+                                     const QString &Etternavn, const QString &Fornavn)
+{
+    queue({.recipient = recipient,
+           .recipientShort = mid(recipient, kBehindCountryCode, kShortLength),
+           .text = text,
+           .Etternavn = Etternavn,
+           .Fornavn = Fornavn,
+           .date = clock_.now().date()});
+}
+
+void OutboundQueue::queueDoorCommand(const QString &door, const QString &doorName,
+                                     const QString &command, const QDate &date,
+                                     const QString &state)
+{
+    queue({.recipient = door,
+           .recipientShort = mid(door, kBehindCountryCode),
+           .text = command,
+           .Etternavn = doorName,
+           .Fornavn = {},
+           .date = date,
+           .state = state,
+           .sameRecipientOnly = true,
+           .hurry = false});
+}
+
+void OutboundQueue::queue(const OutboundSms &sms)
+{
+    if (sms.hurry) {
+        pace_.hurry();
+    }
+    Recordset &outbox = recordsets_.rsSmsOutbox;
+    const bool waiting = sms.sameRecipientOnly ? outbox.findFirst(u"SMS_text"_qs, sms.text,
+                                                                  u"TilNummer"_qs, sms.recipient)
+                                               : outbox.findFirst(u"SMS_text"_qs, sms.text);
+    if (!waiting) {
+        outbox.addNew();
+        outbox.setValue(u"SMS_Text"_qs, sms.text);
+    }
+    // Of the plain form, a waiting message of the same wording goes to the new recipient instead
+    // of the one that it was for.
+    if (!waiting || !sms.sameRecipientOnly) {
+        outbox.setValue(u"TilNummer"_qs, sms.recipient);
+        outbox.setValue(u"TilNummerKort"_qs, sms.recipientShort);
+    }
+    outbox.setValue(u"Dato"_qs, storedDate(sms.date));
+    outbox.setValue(u"DatoLNG"_qs, dayNumber(sms.date));
+    outbox.setValue(u"CMGS"_qs, sms.state);
+    if (!sms.Etternavn.isEmpty()) {
+        outbox.setValue(u"Etternavn"_qs, sms.Etternavn);
+    }
+    if (!sms.Fornavn.isEmpty()) {
+        outbox.setValue(u"Fornavn"_qs, sms.Fornavn);
+    }
+    outbox.update();
+}
+
+void OutboundQueue::SendQueuedSms()
+{
+    flags_.QueueRunning = true;
+    timerCom_.setEnabled(false);
+    // A failure leaves the row "UNSENT" and the pace as it is, so that the next tick tries the
+    // same message again, and again.
+    kept([&] { sendFirst(); });
+    flags_.QueueRunning = false;
+    timerCom_.setEnabled(true);
+    passOnTheEnd(clock_);
+}
+
+void OutboundQueue::sendFirst()
+{
+    Recordset &outbox = recordsets_.rsSmsOutbox;
+    outbox.sort(u"datolng"_qs);
+    if (!outbox.findFirst(u"CMGS"_qs, u"UNSENT"_qs)) {
+        flags_.QueuePending = false;
+        pace_.slowDown();
+        return;
+    }
+    const QString text = outbox.text(u"SMS_Text"_qs);
+    const QString recipient = outbox.text(u"TilNummer"_qs);
+    const qint64 row = outbox.bookmark();
+    submitter_.SendSms(text, recipient);
+    // A screen may have queued something meanwhile, or had the sets opened anew.
+    outbox.setBookmark(row);
+    writeResult(outbox);
+
+    const QString result = module_.LastCmgsResult;
+    if (!result.isEmpty() && !same(result, u"Error"_qs)) {
+        markUser(text, recipient);
+    }
+    pace_.restart(kBetweenMessages);
+    flags_.QueuePending = true;
+}
+
+void OutboundQueue::writeResult(Recordset &row)
+{
+    const QString result = module_.LastCmgsResult;
+    if (module_.SmsReportOn) {
+        row.setValue(u"CMGS"_qs, result);
+    } else {
+        // A refused message has a word here, which fails: it stays in the queue.
+        const double reference = toNumber(result);
+        const bool inRange = reference >= 0 && reference <= kHighestReference;
+        row.setValue(u"CMGS"_qs, inRange ? result + u":OK"_qs : result);
+        row.setValue(u"TimeReceived"_qs, u"NA"_qs);
+        row.setValue(u"TimeSent"_qs, u"NA"_qs);
+        row.setValue(u"ReceivedStatus"_qs, u"NA"_qs);
+    }
+    row.update();
+}
+
+void OutboundQueue::markUser(const QString &text, const QString &recipient)
+{
+    // Any text is taken for a command with a number behind its first two characters; of one that
+    // is none, nothing is found.
+    const QString shortNumber = mid(text, 3, kShortLength);
+    Recordset &catalogue = recordsets_.rsKatalog;
+    const QString user = catalogue.findFirst(u"BrukerKort"_qs, shortNumber)
+                             ? catalogue.text(u"Bruker"_qs)
+                             : module_.dialPrefix() + shortNumber;
+    Recordset &users = recordsets_.rsBrukereAll;
+    if (!users.findFirst(u"KeyBruker"_qs, user, u"keynummer"_qs, recipient)) {
+        return;
+    }
+    const QString command = left(text, 2);
+    if (same(command, u"I "_qs)) {
+        users.setValue(u"Status"_qs, u"Registrerer"_qs);
+    } else if (same(command, u"U "_qs)) {
+        users.setValue(u"Status"_qs, u"Sletter"_qs);
+    }
+    users.update();
+}

@@ -1,0 +1,140 @@
+#include "modem/SmsSubmitter.h"
+
+#include "data/Module1.h"
+#include "modem/CharacterTables.h"
+#include "modem/ModemLine.h"
+#include "modem/ModemView.h"
+#include "modem/PassOn.h"
+#include "platform/Rules.h"
+#include "platform/RuntimeFailure.h"
+#include "platform/Text.h"
+
+#include <QCoreApplication>
+#include <QRegularExpression>
+#include <QScopeGuard>
+
+namespace {
+
+constexpr int kAttempts = 5;
+constexpr milliseconds kBetweenAttempts = 2000ms;
+constexpr milliseconds kPromptTimeOut = 2000ms;
+constexpr milliseconds kResultTimeOut = 20000ms;
+
+constexpr char16_t kEndOfMessage = 26;
+constexpr int kOutboundPanel = 3;
+
+/// @throws RuntimeFailure when anything but digits and a "+" in front stands in the number.
+bool isAboveZero(const QString &Number)
+{
+    static const QRegularExpression kNumber(u"^ *\\+?[0-9]+ *$"_qs,
+                                            QRegularExpression::DontCaptureOption);
+    if (!kNumber.match(Number).hasMatch()) {
+        throw RuntimeFailure(
+            QCoreApplication::translate("SmsSubmitter", "Mottakeren er ikke et telefonnummer"));
+    }
+    return toNumber(Number) > 0;
+}
+
+} // namespace
+
+SmsSubmitter::SmsSubmitter(Clock &clock, Module1 &module, ModemFlags &flags, ModemLine &line,
+                           Timer &TimerCom, ModemView &view, const CharacterTables &tables)
+    : clock_(clock),
+      module_(module),
+      flags_(flags),
+      line_(line),
+      timerCom_(TimerCom),
+      view_(view),
+      tables_(tables)
+{
+}
+
+void SmsSubmitter::SendSms(const QString &Text, const QString &Number)
+{
+    // No other reader may take the modem's lines meanwhile.
+    timerCom_.setEnabled(false);
+    module_.LastCmgsResult.clear();
+    kept([&] { submit(Text, Number); });
+    timerCom_.setEnabled(true);
+    passOnTheEnd(clock_);
+}
+
+void SmsSubmitter::submit(const QString &Text, const QString &Number)
+{
+    if (!module_.ModemReady || !isAboveZero(Number)) {
+        return;
+    }
+    view_.setPanel(kOutboundPanel, u"Sender SMS"_qs);
+    if (Text.isEmpty()) {
+        return;
+    }
+    const QString message = translated(Text);
+    for (int attempts = 0; attempts < kAttempts; ++attempts) {
+        transmit(message, Number);
+        // Without regard to case: a time-out, "Error", is tried again just as a refusal is.
+        if (!holds(module_.LastCmgsResult, u"ERROR"_qs)) {
+            return;
+        }
+        clock_.sleep(kBetweenAttempts);
+    }
+}
+
+QString SmsSubmitter::translated(const QString &Text) const
+{
+    const quint8 length = byteOf(static_cast<int>(Text.size()));
+    QString message;
+    message.reserve(length);
+    for (const QChar character : Text) {
+        message += QChar(static_cast<char16_t>(tables_.out(windows1252Code(character))));
+    }
+    return message;
+}
+
+void SmsSubmitter::transmit(const QString &message, const QString &Number)
+{
+    line_.SendData(u"AT+CMGS="_qs + Number + u'\r');
+    const milliseconds start = clock_.elapsed();
+    while (!holds(line_.ReadModemPrompt(), u">"_qs) && clock_.elapsed() - start <= kPromptTimeOut) {
+    }
+    // Sent without a prompt too: the modem then takes it for a command, and the outcome comes
+    // from that.
+    line_.SendData(message);
+    line_.SendData(QChar(kEndOfMessage));
+    Get_CMGS();
+}
+
+void SmsSubmitter::Get_CMGS()
+{
+    module_.LastCmgsResult.clear();
+    flags_.WaitingForCmgs = true;
+    const auto settled = qScopeGuard([&] { flags_.WaitingForCmgs = false; });
+    readResult();
+    line_.WaitForModemOK();
+    if (module_.LastCmgsResult.isEmpty()) {
+        module_.LastCmgsResult = u"Error"_qs;
+        view_.setPanel(kOutboundPanel, u"SMS Sending TIMEOUT"_qs);
+    }
+}
+
+void SmsSubmitter::readResult()
+{
+    static const QString kResult = u"+CMGS: "_qs;
+    const milliseconds start = clock_.elapsed();
+    while (clock_.elapsed() - start < kResultTimeOut) {
+        const QString line = line_.ReadModemLine();
+        const int found = inStr(line, kResult);
+        if (found > 0) {
+            module_.LastCmgsResult = mid(line, found + static_cast<int>(kResult.size()));
+            view_.setPanel(kOutboundPanel, u"SMS "_qs + module_.LastCmgsResult + u" SENDT"_qs);
+        }
+        // "+CMS ERROR: 500" as well.
+        const bool refused = holds(line, u"Error"_qs);
+        if (refused) {
+            module_.LastCmgsResult = u"ERROR"_qs;
+            view_.setPanel(kOutboundPanel, u"SMS SENDEFEIL"_qs);
+        }
+        if (found > 0 || refused) {
+            return;
+        }
+    }
+}
