@@ -1,0 +1,35 @@
+#include "users/Balance.h"
+
+#include "platform/Text.h"
+
+#include <QLocale>
+
+namespace {
+
+QString asText(double balance)
+{
+    return QString::number(balance, 'g', QLocale::FloatingPointShortest);
+}
+
+} // namespace
+
+bool hasBalance(const QString &saldo)
+{
+    return toNumber(saldo) != 0;
+}
+
+bool showsBalance(const QString &saldo)
+{
+    return toNumber(saldo) > 0;
+}
+
+QString oneMore(const QString &saldo)
+{
+    return asText(toNumber(saldo) + 1);
+}
+
+QString oneLess(const QString &saldo)
+{
+    const double balance = toNumber(saldo);
+    return balance > 0 ? asText(balance - 1) : saldo;
+}
