@@ -5,13 +5,17 @@
 
 #include <functional>
 #include <memory>
-#include <vector>
+
+class FileUse;
 
 /// One open database file. The engine stands wholly behind this class: no other header of the
 /// program names it.
 ///
 /// Every page of the file is encrypted with the password of the connection string. Other programs
 /// and PCs may hold the file at the same time; a write waits up to 5 s for them.
+///
+/// Values go in and come out as text, whole numbers, floating numbers, bytes or nothing (an
+/// invalid QVariant). A truth value is stored as the tables hold flags: 0 false, -1 true.
 class Connection {
 public:
     /// Opens an existing file; it never creates one. The string has the form
@@ -19,20 +23,29 @@ public:
     /// @throws RuntimeFailure when the file is missing, no database, locked, or the password is
     /// not its own.
     static std::shared_ptr<Connection> open(const QString &connectionString);
+    /// The same for one who has said already how the file is used.
+    static std::shared_ptr<Connection> open(const QString &connectionString,
+                                            std::shared_ptr<FileUse> use);
     ~Connection();
     Connection(const Connection &) = delete;
     Connection &operator=(const Connection &) = delete;
+
+    /// Lets go of the file, whoever still holds this object; every later use fails.
+    void close();
 
     /// Runs a statement; each row goes to the reader, if there is one. Values are bound.
     /// @throws RuntimeFailure with the engine's words.
     void run(const QString &sql, const QVariantList &values = {},
              const std::function<void(const QVariantList &)> &reader = {});
+    /// Prepares a statement and keeps it for run(): fails as run() would on what it names.
+    void prepare(const QString &sql);
     /// First column of the first row, or an invalid value.
     QVariant single(const QString &sql, const QVariantList &values = {});
     /// Rows changed by the last statement.
     int changes() const;
     qint64 lastInsertRowId() const;
-    /// Runs the work in one transaction, rolled back when it throws.
+    /// Runs the work in one transaction, rolled back when it throws. Inside another one it is a
+    /// part of that.
     void transaction(const std::function<void()> &work);
 
 private:

@@ -15,18 +15,18 @@ class Connection;
 /// A filter is SQL over the source's columns with a "?" for each of its values; values are bound,
 /// never joined in. Compare texts by Criteria.h, so that case and trailing blanks don't count.
 struct Query {
-    QString source;                        ///< table or saved query
-    QStringList columns;                   ///< names as the program spells them; case doesn't count
-    QString filter;                        ///< empty for all rows
-    QVariantList values;                   ///< for the "?" of the filter, in order
-    QString sort;                          ///< column to sort by; empty for the table's own order
+    QString source = {};                   ///< table or saved query
+    QStringList columns = {};              ///< names as the program spells them; case doesn't count
+    QString filter = {};                   ///< empty for all rows
+    QVariantList values = {};              ///< for the "?" of the filter, in order
+    QString sort = {};                     ///< column to sort by; empty for the table's own order
     QString key = QStringLiteral("rowid"); ///< whole number that names a row of the source for good
 };
 
 /// One row of a set, as it was read: for grids and other readers of whole sets.
 struct RecordsetRow {
     qint64 bookmark = 0;
-    QVariantList values; ///< in the order of Query::columns
+    QVariantList values = {}; ///< in the order of Query::columns
 };
 
 /// Rows of a query and a place among them: on a row, before the first or behind the last.
@@ -112,5 +112,7 @@ public:
 
 private:
     struct Private;
+    Private &opened() const;
+    Private &settled() const;
     std::unique_ptr<Private> d;
 };

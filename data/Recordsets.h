@@ -51,8 +51,19 @@ public:
     std::function<void()> display;
 
 private:
+    void compact();
+    void openDoors();
+    void openUsersAndMessages();
+
     Module1 &module_;
     Operator &operator_;
+    /// Of the first allowed door, for the time that no row of rsKeyAllowed is current.
     QString doorNumber_;
     QString doorName_;
 };
+
+/// Text of the status bar's first panel: manufacturer and name of the modem, " på ", and where it
+/// is. That is "COM" and the number for a ready modem on a COM port, the host for a ready network
+/// modem, and portWord, the port menu's word, for one that is not ready.
+QString modemPanelText(const Module1 &module, const Recordset &rsModem, const QString &portWord,
+                       const QString &hostName);

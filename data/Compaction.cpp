@@ -1,0 +1,64 @@
+#include "data/Compaction.h"
+
+#include "data/Connection.h"
+#include "data/DatabasePaths.h"
+#include "data/FileUse.h"
+#include "data/NewFile.h"
+#include "platform/RuntimeFailure.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+namespace {
+
+[[noreturn]] void fail(const char *text, const QFile &file)
+{
+    throw RuntimeFailure(
+        QCoreApplication::translate("Compaction", text).arg(file.fileName(), file.errorString()));
+}
+
+void copyOver(const QString &path, const QString &backupPath)
+{
+    QFile earlier(backupPath);
+    if (earlier.exists() && !earlier.remove()) {
+        fail(QT_TRANSLATE_NOOP("Compaction", "Kan ikke slette %1: %2"), earlier);
+    }
+    QFile file(path);
+    if (!file.copy(backupPath)) {
+        fail(QT_TRANSLATE_NOOP("Compaction", "Kan ikke kopiere %1: %2"), file);
+    }
+}
+
+/// Writes every row into an empty file with the same password.
+void rewrite(const QString &sourceString, const QString &targetString,
+             const std::shared_ptr<FileUse> &use)
+{
+    const ConnectionParts target = connectionParts(targetString);
+    const auto source = Connection::open(sourceString, use);
+    source->run(QStringLiteral("ATTACH ? AS kopi KEY ?"), {target.path, target.password});
+    // The transaction takes the source's lock, too: other programs wait.
+    source->run(QStringLiteral("BEGIN EXCLUSIVE"));
+    source->run(QStringLiteral("SELECT sqlcipher_export('kopi')"));
+    const int schema = source->single(QStringLiteral("PRAGMA main.user_version")).toInt();
+    source->run(QStringLiteral("PRAGMA kopi.user_version = %1").arg(schema));
+    source->run(QStringLiteral("COMMIT"));
+}
+
+} // namespace
+
+void compactDatabase(const QString &path, const QString &tempPath, const QString &backupPath)
+{
+    const std::shared_ptr<FileUse> alone = FileUse::alone(path);
+    copyOver(path, backupPath);
+    NewFile compacted(tempPath);
+    rewrite(compactionString(path), compactionString(tempPath), alone);
+    compacted.keep();
+    QFile file(path);
+    if (!file.remove()) {
+        fail(QT_TRANSLATE_NOOP("Compaction", "Kan ikke slette %1: %2"), file);
+    }
+    QFile temp(tempPath);
+    if (!temp.rename(path)) {
+        fail(QT_TRANSLATE_NOOP("Compaction", "Kan ikke gi %1 nytt navn: %2"), temp);
+    }
+}

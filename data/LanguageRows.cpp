@@ -1,0 +1,6 @@
+#include "data/LanguageRows.h"
+
+std::vector<LanguageRow> languageRows()
+{
+    return {};
+}

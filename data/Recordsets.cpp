@@ -1,0 +1,201 @@
+#include "data/Recordsets.h"
+
+#include "data/Compaction.h"
+#include "data/Connection.h"
+#include "data/Criteria.h"
+#include "data/DatabasePaths.h"
+#include "data/Module1.h"
+#include "platform/Rules.h"
+
+namespace {
+
+QStringList words(const char *names)
+{
+    return QString::fromUtf8(names).split(u',');
+}
+
+const char *const kUserColumns =
+    "KeyBruker,Gyldig fra,FraTid,Gyldig til,TilTid,Konto,Saldo,Status,KeyNummer";
+const char *const kSentColumns = "ID,TilNummer,TilNummerKort,Etternavn,Fornavn,Dato,DatoLNG,"
+                                 "SMS_Text,CMGS,TimeSent,TimeReceived,ReceivedStatus";
+
+Query allDoors()
+{
+    return {.source = QStringLiteral("KEYTable"),
+            .columns = words("KeyNummer,KeyNavn,KeySikkerhet,Bygning,Admin,Admin1,Admin2,Admin3,"
+                             "Admin4,Admin5,Eget_Nummer,Beskrivelse,Alarmstatus,KeyStatus,"
+                             "Pulslengde")};
+}
+
+Query allowedDoors(const QString &SecurityLevel)
+{
+    // The level is compared as text, with a blank behind it: with "5" a door of "10" is shown.
+    return {.source = QStringLiteral("KEYTable"),
+            .columns = words("KeyNummer,KeyNavn,KeySikkerhet"),
+            .filter = QStringLiteral("KeySikkerhet <= ?"),
+            .values = {criterionValue(SecurityLevel) + u' '}};
+}
+
+Query users()
+{
+    return {.source = QStringLiteral("TBLbrukere"), .columns = words(kUserColumns)};
+}
+
+Query usersOf(const QString &door)
+{
+    Query query = users();
+    query.filter = equals(QStringLiteral("KeyNummer"));
+    query.values = {criterionValue(door)};
+    return query;
+}
+
+Query newUsers()
+{
+    return {.source = QStringLiteral("NYEbrukere"),
+            .columns = words("Bruker,Etternavn,Fornavn,Gyldig fra,FraTid,Gyldig til,TilTid,Konto,"
+                             "Saldo,Status,KeyNummer,ID"),
+            .sort = QStringLiteral("Gyldig fra")};
+}
+
+Query sentDone()
+{
+    return {.source = QStringLiteral("SMS_Sent"),
+            .columns = words(kSentColumns),
+            .filter = differs(QStringLiteral("CMGS")),
+            .values = {QStringLiteral("UNSENT")}};
+}
+
+Query outbox()
+{
+    const QString state = equals(QStringLiteral("CMGS"));
+    return {.source = QStringLiteral("SMS_Sent"),
+            .columns = words(kSentColumns),
+            .filter = state + QStringLiteral(" OR ") + state,
+            .values = {QStringLiteral("UNSENT"), QStringLiteral("SLETTET")}};
+}
+
+/// Each user once, by the first of the user's rows. Grouping would read the whole table before
+/// the first row is there; so each row looks its own count up, when it is asked for.
+Query doorsPerUser()
+{
+    return {.source = QStringLiteral(
+                "(SELECT u.Rad AS Rad, u.KeyBruker AS KeyBruker,"
+                " (SELECT count(c.KeyNummer) FROM TBLbrukere AS c"
+                "  WHERE upper(rtrim(c.KeyBruker)) = upper(rtrim(u.KeyBruker))) AS KEY_Antall"
+                " FROM TBLbrukere AS u WHERE NOT EXISTS (SELECT 1 FROM TBLbrukere AS e"
+                "  WHERE upper(rtrim(e.KeyBruker)) = upper(rtrim(u.KeyBruker))"
+                "  AND e.Rad < u.Rad))"),
+            .columns = words("KeyBruker,KEY_Antall"),
+            .key = QStringLiteral("Rad")};
+}
+
+} // namespace
+
+Recordsets::Recordsets(Module1 &module, Operator &person) : module_(module), operator_(person) {}
+
+void Recordsets::OpenDatabase()
+{
+    CompactFailed = false;
+    const bool done = shown(operator_, {}, [this] {
+        if (CompactRequested) {
+            compact();
+        }
+        module_.ConnectionString = connectionString(module_.DatabasePath);
+        module_.DatabaseConnection = Connection::open(module_.ConnectionString);
+    });
+    if (!done) {
+        CompactFailed = true;
+        module_.DatabaseConnection.reset();
+    }
+}
+
+void Recordsets::compact()
+{
+    // Recordsets still hold the connection: letting it go would leave the file open.
+    if (module_.DatabaseConnection) {
+        module_.DatabaseConnection->close();
+    }
+    compactDatabase(module_.DatabasePath, module_.TempDatabasePath, module_.BackupDatabasePath);
+}
+
+void Recordsets::OpenRecordsets()
+{
+    shown(operator_, {}, [this] {
+        openDoors();
+        openUsersAndMessages();
+        if (display) {
+            display();
+        }
+    });
+}
+
+void Recordsets::openDoors()
+{
+    rsKeyAll.open(module_.DatabaseConnection, allDoors());
+    rsKeyAllowed.open(module_.DatabaseConnection, allowedDoors(module_.SecurityLevel));
+    doorNumber_.clear();
+    doorName_.clear();
+    if (rsKeyAllowed.findFirst(QStringLiteral("KeyNummer"), module_.KeySelect) ||
+        rsKeyAllowed.isEmpty()) {
+        return;
+    }
+    // A door above the level, or none: the screen takes the first row, the set stays at its end.
+    rsKeyAllowed.moveFirst();
+    doorNumber_ = rsKeyAllowed.text(QStringLiteral("KeyNummer"));
+    doorName_ = rsKeyAllowed.text(QStringLiteral("KeyNavn"));
+    rsKeyAllowed.moveLast();
+    rsKeyAllowed.moveNext();
+}
+
+void Recordsets::openUsersAndMessages()
+{
+    const auto &connection = module_.DatabaseConnection;
+    rsBrukereAll.open(connection, users());
+    rsNyeBrukere.open(connection, newUsers());
+    rsBrukereKey.open(connection, usersOf(doorNumber()));
+    rsKatalog.open(connection, {.source = QStringLiteral("Katalog"),
+                                .columns = words("Bruker,Etternavn,Fornavn,BrukerKort")});
+    rsSmsReceived.open(connection, {.source = QStringLiteral("SMS_Received"),
+                                    .columns = words("ID,FraNummer,FraNummerKort,Etternavn,"
+                                                     "Fornavn,Dato,SMS_Text")});
+    rsSmsSentDone.open(connection, sentDone());
+    rsSmsOutbox.open(connection, outbox());
+    rsKeyAntall.open(connection, doorsPerUser());
+    rsLoggData.open(connection, {.source = QStringLiteral("LOGGData"),
+                                 .columns = words("KeyNummer,KeyUser,Fornavn,Etternavn,Dato")});
+    rsModem.open(connection, {.source = QStringLiteral("Modem"),
+                              .columns = words("IMEICODE,ModemManufacturer,ModemName,ModemOwner,"
+                                               "ModemStatus")});
+    rsSmsReceived.sort(QStringLiteral("ID"));
+    rsSmsReceived.moveLast();
+}
+
+QString Recordsets::doorNumber() const
+{
+    const bool onRow = rsKeyAllowed.isOpen() && rsKeyAllowed.row();
+    return onRow ? rsKeyAllowed.text(QStringLiteral("KeyNummer")) : doorNumber_;
+}
+
+QString Recordsets::doorName() const
+{
+    const bool onRow = rsKeyAllowed.isOpen() && rsKeyAllowed.row();
+    return onRow ? rsKeyAllowed.text(QStringLiteral("KeyNavn")) : doorName_;
+}
+
+QString modemPanelText(const Module1 &module, const Recordset &rsModem, const QString &portWord,
+                       const QString &hostName)
+{
+    constexpr quint8 kNoLine = 0;
+    constexpr quint8 kNetworkModem = 255;
+    QString place = portWord;
+    if (module.ModemReady && module.ActiveComPort == kNetworkModem) {
+        place = hostName;
+    } else if (module.ModemReady && module.ActiveComPort != kNoLine) {
+        place = QStringLiteral("COM%1").arg(module.ActiveComPort);
+    }
+    const auto text = [&](const QString &column) {
+        return rsModem.row() ? rsModem.text(column) : QString();
+    };
+    return text(QStringLiteral("ModemManufacturer")) + u' ' + text(QStringLiteral("ModemName")) +
+           QStringLiteral(" på ") + place;
+}
