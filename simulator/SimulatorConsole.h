@@ -1,0 +1,49 @@
+#pragma once
+
+#include "simulator/DoorUnit.h"
+#include "simulator/SimulatedModem.h"
+
+#include <QStringList>
+
+/// The world behind the line, put together from words: options of the command line and commands
+/// typed while it runs.
+class SimulatorConsole {
+public:
+    /// Prints go line by line, without their ends.
+    SimulatorConsole(Clock &clock, const QString &modemNumber,
+                     std::function<void(const QString &)> print);
+
+    SimulatedModem &modem() { return modem_; }
+    const std::vector<std::unique_ptr<DoorUnit>> &doors() const { return doors_; }
+
+    /// NUMBER:NAME:LANGUAGE, with no, da or sv, and perhaps ":brief" for short answers.
+    /// @throws RuntimeFailure when it is none, or the number is taken.
+    void addDoor(const QString &specification);
+    /// DOOR:NUMBER, a user without an end that the door knows already.
+    /// @throws RuntimeFailure when there is no such door, or no number.
+    void addUser(const QString &specification);
+    void setAnswerDelay(milliseconds delay);
+
+    /// One command of the person at the simulator, as help lists them; a mistake is told in print.
+    /// @return false when it is time to leave.
+    bool command(const QString &line);
+
+private:
+    struct Fault {
+        QStringView name;
+        QStringView arguments;
+        QStringView meaning;
+        void (*set)(ModemFaults &faults, const QList<int> &numbers);
+    };
+    static const Fault kFaults[];
+
+    void help();
+    void sendSms(const QString &arguments);
+    void setFault(const QString &arguments);
+    void listDoors();
+
+    std::function<void(const QString &)> print_;
+    SmsNetwork network_;
+    SimulatedModem modem_;
+    std::vector<std::unique_ptr<DoorUnit>> doors_;
+};
