@@ -8,8 +8,12 @@
 
 DoorPanel::DoorPanel(Module1 &module, Recordsets &recordsets, ModemLink &modem, Operator &person,
                      Clock &clock, QWidget *parent)
-    : QWidget(parent), module_(module), recordsets_(recordsets), person_(person),
-      freeSms_(module, recordsets, modem, person, clock), ui_(std::make_unique<Ui::DoorPanel>())
+    : QWidget(parent),
+      module_(module),
+      recordsets_(recordsets),
+      person_(person),
+      freeSms_(module, recordsets, modem, person, clock),
+      ui_(std::make_unique<Ui::DoorPanel>())
 {
     ui_->setupUi(this);
     connect(ui_->UpDown1, &UpDown::up, this, [this] { UpDown1_Change(DoorStep::Up); });

@@ -44,8 +44,8 @@ void FreeSms::send(OutboundSms sms)
         [&] { modem_.pace.hurry(); },
         [&] {
             // Cancel gives an empty text, and that goes the way of any other.
-            sms.text = toWindows1252(person_.inputBox(
-                texts.skrivMeldingstekst, texts.sendSmsTil + sms.recipient, QString()));
+            sms.text = toWindows1252(person_.inputBox(texts.skrivMeldingstekst,
+                                                      texts.sendSmsTil + sms.recipient, QString()));
         },
         [&] { person_.messageBox(sms.text, QStringLiteral("Send SMS"), Buttons::Ok); },
         [&] {

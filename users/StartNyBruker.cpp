@@ -17,9 +17,9 @@
 namespace {
 
 /// The columns of a period that move with it, by the same names in both tables.
-const QStringList kPeriodColumns = {
-    QStringLiteral("Gyldig fra"), QStringLiteral("Gyldig til"), QStringLiteral("TilTid"),
-    QStringLiteral("FraTid"),     QStringLiteral("Konto"),      QStringLiteral("Saldo")};
+const QStringList kPeriodColumns = {QStringLiteral("Gyldig fra"), QStringLiteral("Gyldig til"),
+                                    QStringLiteral("TilTid"),     QStringLiteral("FraTid"),
+                                    QStringLiteral("Konto"),      QStringLiteral("Saldo")};
 
 QVariantList periodOf(const Recordset &rows)
 {

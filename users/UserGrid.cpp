@@ -5,18 +5,19 @@
 #include "data/Recordsets.h"
 #include "platform/Text.h"
 
-#include <iterator>
-
 namespace {
 
 /// The account of balance users; the word is the same in all languages.
 const QString kBalanceWord = QStringLiteral("Saldo");
 
-const QStringList kUserColumns = {
-    QStringLiteral("Bruker"), QStringLiteral("Etternavn"),  QStringLiteral("Fornavn"),
-    QStringLiteral("Gyldig fra"), QStringLiteral("FraTid"), QStringLiteral("Gyldig til"),
-    QStringLiteral("TilTid"), QStringLiteral("Konto"),      QStringLiteral("Status"),
-    QStringLiteral("Saldo")};
+const QStringList kUserColumns = {QStringLiteral("Bruker"),  QStringLiteral("Etternavn"),
+                                  QStringLiteral("Fornavn"), QStringLiteral("Gyldig fra"),
+                                  QStringLiteral("FraTid"),  QStringLiteral("Gyldig til"),
+                                  QStringLiteral("TilTid"),  QStringLiteral("Konto"),
+                                  QStringLiteral("Status"),  QStringLiteral("Saldo")};
+
+/// Number of the TBLbrukere row behind a row of the saved query Brukere.
+const QString kUserKey = QStringLiteral("Rad");
 
 /// What a click on a heading sorts by, from the left.
 const QStringList kSortByColumn = {
@@ -51,7 +52,8 @@ void UserGrid::findTabs()
                                  QStringLiteral("Fornavn"), QStringLiteral("Konto")},
                      .filter = equals(QStringLiteral("KeyNummer")),
                      .values = {criterionValue(recordsets_.doorNumber())},
-                     .sort = QStringLiteral("Konto")});
+                     .sort = QStringLiteral("Konto"),
+                     .key = kUserKey});
     QString remembered;
     const std::vector<RecordsetRow> rows = users.rows();
     for (const RecordsetRow &row : rows) {
@@ -79,8 +81,8 @@ UserGrid::Mode UserGrid::modeOfFilter() const
 void UserGrid::openRows()
 {
     Query waiting{.source = QStringLiteral("NYEbrukere"),
-                  .columns = kUserColumns + QStringList{QStringLiteral("KeyNummer"),
-                                                        QStringLiteral("ID")},
+                  .columns =
+                      kUserColumns + QStringList{QStringLiteral("KeyNummer"), QStringLiteral("ID")},
                   .filter = equals(QStringLiteral("KeyNummer")),
                   .values = {criterionValue(recordsets_.doorNumber())}};
     Query users = waiting;
@@ -91,9 +93,10 @@ void UserGrid::openRows()
     }
     users.source = QStringLiteral("Brukere");
     users.columns = kUserColumns;
+    users.key = kUserKey;
     if (mode_ != Mode::All) {
-        users.filter += QStringLiteral(" AND ") + differs(QStringLiteral("Status"))
-                        + QStringLiteral(" AND ") + equals(QStringLiteral("Konto"));
+        users.filter += QStringLiteral(" AND ") + differs(QStringLiteral("Status")) +
+                        QStringLiteral(" AND ") + equals(QStringLiteral("Konto"));
         users.values += {QStringLiteral("NY"), criterionValue(module_.GridFilter)};
     }
     recordsets_.rsVisBrukere.open(module_.DatabaseConnection, std::move(users));

@@ -33,8 +33,13 @@ void setUnlessEmpty(Recordset &rows, const QString &column, const QString &text)
 UserOperations::UserOperations(Module1 &module, Recordsets &recordsets, ModemLink &modem,
                                Operator &person, Clock &clock, const Host &host,
                                std::function<void()> VisBrukerTabell)
-    : module_(module), recordsets_(recordsets), modem_(modem), person_(person), clock_(clock),
-      host_(host), VisBrukerTabell_(std::move(VisBrukerTabell))
+    : module_(module),
+      recordsets_(recordsets),
+      modem_(modem),
+      person_(person),
+      clock_(clock),
+      host_(host),
+      VisBrukerTabell_(std::move(VisBrukerTabell))
 {
 }
 

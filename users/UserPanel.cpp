@@ -1,0 +1,333 @@
+#include "users/UserPanel.h"
+
+#include "data/Module1.h"
+#include "data/Recordsets.h"
+#include "modem/ModemLink.h"
+#include "platform/Clock.h"
+#include "platform/Host.h"
+#include "platform/Operator.h"
+#include "platform/Rules.h"
+#include "platform/Text.h"
+#include "ui_UserPanel.h"
+#include "users/Balance.h"
+#include "users/UserOperations.h"
+
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
+
+#include <algorithm>
+
+// The form; the grid is in UserPanelGrid.cpp.
+
+namespace {
+
+enum Field { Number, Fornavn, Etternavn, Status, Konto, Id };
+
+// Required backgrounds. The text on them is black in every theme.
+constexpr QRgb kLocked = qRgb(0xC0, 0xFF, 0xFF);
+constexpr QRgb kUnlocked = qRgb(0xFF, 0xFF, 0x80);
+constexpr QRgb kBalanceInUse = qRgb(0xFF, 0xFF, 0xFF);
+constexpr QRgb kNoBalance = qRgb(0x80, 0x80, 0x80);
+
+void paint(QLineEdit &field, QRgb background)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Base, QColor::fromRgb(background));
+    palette.setColor(QPalette::Text, Qt::black);
+    field.setPalette(palette);
+}
+
+/// Sets a date of the program's own: only the operator's count as changes.
+void setDay(QDateEdit &picker, const QDate &day)
+{
+    const QSignalBlocker quiet(picker);
+    picker.setDate(day);
+}
+
+void fillHours(QComboBox &hours, const QString &text)
+{
+    for (int hour = 0; hour <= 24; ++hour) {
+        hours.addItem(QStringLiteral("%1").arg(hour, 2, 10, QChar(u'0')));
+    }
+    hours.setCompleter(nullptr); // it would change what is typed
+    hours.setCurrentText(text);
+}
+
+} // namespace
+
+UserPanel::UserPanel(Module1 &module, Recordsets &recordsets, ModemLink &modem,
+                     UserOperations &users, Operator &person, Clock &clock, const Host &host,
+                     QWidget *parent)
+    : QWidget(parent),
+      module_(module),
+      recordsets_(recordsets),
+      modem_(modem),
+      users_(users),
+      person_(person),
+      clock_(clock),
+      check_(module, recordsets, person, clock),
+      freeSms_(module, recordsets, modem, person, clock),
+      grid_(module, recordsets),
+      ui_(std::make_unique<Ui::UserPanel>())
+{
+    ui_->setupUi(this);
+    Txtfields_ = {ui_->Txtfields_0, ui_->Txtfields_1, ui_->Txtfields_2,
+                  ui_->Txtfields_3, ui_->Txtfields_4, ui_->Txtfields_5};
+    fillHours(*ui_->FraTid, QStringLiteral("00"));
+    fillHours(*ui_->TilTid, QStringLiteral("24"));
+    for (QDateEdit *picker : {ui_->DTPickerFrom, ui_->DTPickerTo}) {
+        picker->setDisplayFormat(host.dateFormat());
+    }
+    // A date on its way to being typed is no change yet.
+    ui_->DTPickerFrom->setKeyboardTracking(false);
+    // The form keeps its shape when the hours vanish.
+    for (QWidget *hours : {ui_->FraTid, ui_->TilTid}) {
+        QSizePolicy policy = hours->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        hours->setSizePolicy(policy);
+    }
+    lockStatus(true);
+    showBalanceForm(false);
+    highlightPrimaryButton();
+    refreshDates();
+    setNewUserMode(false);
+    connectForm();
+    connectGrid();
+}
+
+UserPanel::~UserPanel() = default;
+
+void UserPanel::connectForm()
+{
+    const auto onClick = [this](QPushButton *button, auto handler) {
+        connect(button, &QPushButton::clicked, this, handler);
+    };
+    onClick(ui_->cmdNyBruker, [this] { cmdNyBruker_Click(); });
+    onClick(ui_->CommandRegistrerBruker, [this] { CommandRegistrerBruker_Click(); });
+    onClick(ui_->CommandSlettBruker, [this] { CommandSlettBruker_Click(); });
+    onClick(ui_->CommandSendSMS, [this] { freeSms_.toUser(entry()); });
+
+    connect(ui_->DTPickerFrom, &QDateEdit::dateChanged, this, [this] { DTPickerFrom_Change(); });
+    connect(ui_->Saldo, &QLineEdit::textChanged, this, [this] { Saldo_Change(); });
+    connect(ui_->UpDown3, &UpDown::up, this, [this] {
+        shown(person_, QString(), [this] { ui_->Saldo->setText(oneMore(ui_->Saldo->text())); });
+    });
+    connect(ui_->UpDown3, &UpDown::down, this, [this] {
+        shown(person_, QString(), [this] { ui_->Saldo->setText(oneLess(ui_->Saldo->text())); });
+    });
+
+    connect(qApp, &QApplication::focusChanged, this, &UserPanel::focusMoved);
+    ui_->Txtfields_0->installEventFilter(this);
+    ui_->Txtfields_3->installEventFilter(this);
+}
+
+bool UserPanel::eventFilter(QObject *watched, QEvent *event)
+{
+    const int key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent *>(event)->key() : 0;
+    if (watched == ui_->Txtfields_0 && key == Qt::Key_Escape) {
+        for (const Field field : {Number, Fornavn, Etternavn, Status, Konto}) {
+            Txtfields_[field]->clear();
+        }
+        forgetRow();
+    } else if (watched == ui_->Txtfields_3 &&
+               (event->type() == QEvent::MouseButtonDblClick || key == Qt::Key_F2)) {
+        Txtfields_DblClick();
+    } else if (watched == ui_->DataGrid1 && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
+        // For the keyboard alone: what a click does to a row that is current already.
+        if (!RadKlikket_) {
+            DataGrid1_Click();
+            fillFromRow();
+        }
+    } else if (ui_->DataGrid1 && watched == ui_->DataGrid1->viewport()) {
+        // Before the grid handles the press, so that a single click on a row fills the form.
+        if (event->type() == QEvent::MouseButtonPress) {
+            DataGrid1_Click();
+        } else if (event->type() == QEvent::MouseButtonDblClick) {
+            RadKlikket_ = false;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void UserPanel::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        highlightPrimaryButton();
+    }
+}
+
+void UserPanel::highlightPrimaryButton()
+{
+    QPalette palette;
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+        palette.setColor(group, QPalette::Button,
+                         palette.color(QPalette::Active, QPalette::Highlight));
+        palette.setColor(group, QPalette::ButtonText,
+                         palette.color(QPalette::Active, QPalette::HighlightedText));
+    }
+    ui_->CommandRegistrerBruker->setPalette(palette);
+}
+
+UserEntry UserPanel::entry() const
+{
+    const auto typed = [this](Field field) { return toWindows1252(Txtfields_[field]->text()); };
+    UserEntry entry;
+    entry.number = typed(Number);
+    entry.fornavn = typed(Fornavn);
+    entry.etternavn = typed(Etternavn);
+    entry.status = typed(Status);
+    entry.konto = typed(Konto);
+    entry.id = typed(Id);
+    entry.from = ui_->DTPickerFrom->date();
+    entry.to = ui_->DTPickerTo->date();
+    entry.fraTid = toWindows1252(ui_->FraTid->currentText());
+    entry.tilTid = toWindows1252(ui_->TilTid->currentText());
+    entry.saldo = toWindows1252(ui_->Saldo->text());
+    return entry;
+}
+
+/// What a number check may have changed.
+void UserPanel::showEntry(const UserEntry &entry)
+{
+    Txtfields_[Fornavn]->setText(entry.fornavn);
+    Txtfields_[Etternavn]->setText(entry.etternavn);
+    Txtfields_[Status]->setText(entry.status);
+    Txtfields_[Konto]->setText(entry.konto);
+    setDay(*ui_->DTPickerFrom, entry.from);
+    setDay(*ui_->DTPickerTo, entry.to);
+}
+
+void UserPanel::setNewUserMode(bool newUser)
+{
+    NewUserMode_ = newUser;
+    ui_->Label2->setText(newUser ? QStringLiteral("True") : QStringLiteral("False"));
+}
+
+void UserPanel::CLEAR_INPUT()
+{
+    for (const Field field : {Number, Fornavn, Etternavn, Status, Konto}) {
+        Txtfields_[field]->clear();
+    }
+    Txtfields_[Id]->setText(QString::number(kNoWaitingRow));
+    ui_->FraTid->setCurrentText(QStringLiteral("00"));
+    ui_->TilTid->setCurrentText(QStringLiteral("24"));
+    ui_->Saldo->setText(QStringLiteral("0"));
+    refreshDates();
+    forgetRow();
+}
+
+void UserPanel::refreshDates()
+{
+    const QDate today = clock_.now().date();
+    setDay(*ui_->DTPickerTo, today.addDays(kGuestDays));
+    setDay(*ui_->DTPickerFrom, today);
+}
+
+void UserPanel::refresh()
+{
+    CLEAR_INPUT();
+    recordsets_.OpenRecordsets();
+    VisBrukerTabell();
+}
+
+void UserPanel::cmdNyBruker_Click()
+{
+    setNewUserMode(true);
+    CLEAR_INPUT();
+    ui_->Txtfields_0->setFocus();
+    ui_->Txtfields_0->insert(module_.dialPrefix());
+}
+
+void UserPanel::CommandRegistrerBruker_Click()
+{
+    skipped({[this] { users_.save(entry(), NewUserMode_); }, [this] { refresh(); }});
+}
+
+void UserPanel::CommandSlettBruker_Click()
+{
+    bool deleted = false;
+    skipped({[&] { deleted = users_.SlettBruker(entry()); },
+             [&] { deleted ? refresh() : CLEAR_INPUT(); }});
+}
+
+void UserPanel::focusMoved(QWidget *from, QWidget *to)
+{
+    // A message box, another screen and the menu only borrow the focus: the field is not left.
+    if (to == nullptr || to->window() != window() || qobject_cast<QMenuBar *>(to) != nullptr) {
+        return;
+    }
+    const auto field = std::find(Txtfields_.begin(), Txtfields_.end(), from);
+    if (field != Txtfields_.end()) {
+        Txtfields_LostFocus(static_cast<int>(field - Txtfields_.begin()));
+    }
+}
+
+void UserPanel::Txtfields_LostFocus(int index)
+{
+    if (index == Status) {
+        lockStatus(true);
+    }
+    if (index > Etternavn || checking_ || ui_->Txtfields_0->text().isEmpty()) {
+        return;
+    }
+    const QScopedValueRollback asking(checking_, true);
+    UserEntry form = entry();
+    // The check ends at its first failure; what it brought until then is shown.
+    skipped({[&] {
+                 check_.matchCatalogue(form);
+                 if (index == Number) {
+                     check_.choosePeriod(form);
+                     recordsets_.OpenRecordsets();
+                     VisBrukerTabell();
+                 }
+             },
+             [&] { showEntry(form); }});
+}
+
+void UserPanel::Txtfields_DblClick()
+{
+    if (module_.SecurityLevel > QStringLiteral("4")) {
+        lockStatus(false);
+    }
+}
+
+void UserPanel::lockStatus(bool locked)
+{
+    ui_->Txtfields_3->setReadOnly(locked);
+    paint(*ui_->Txtfields_3, locked ? kLocked : kUnlocked);
+}
+
+void UserPanel::DTPickerFrom_Change()
+{
+    const QDate from = ui_->DTPickerFrom->date();
+    if (ui_->DTPickerTo->date() < from) {
+        setDay(*ui_->DTPickerTo, from.addDays(kGuestDays));
+    }
+}
+
+/// Also when a row is selected, or the form is emptied: the account and the last day that a period
+/// user's row has just brought are lost behind a balance user's. That is required.
+void UserPanel::Saldo_Change()
+{
+    kept([this] {
+        const bool balance = showsBalance(ui_->Saldo->text());
+        showBalanceForm(balance);
+        if (!balance) {
+            setDay(*ui_->DTPickerTo, clock_.now().date().addDays(kGuestDays));
+        }
+        Txtfields_[Konto]->setText(balance ? QStringLiteral("Saldo") : module_.texts.gjest);
+        ui_->KontoLBL->setText(balance ? QStringLiteral("Antall") : QStringLiteral("Konto"));
+    });
+}
+
+void UserPanel::showBalanceForm(bool balance)
+{
+    paint(*ui_->Saldo, balance ? kBalanceInUse : kNoBalance);
+    ui_->FraTid->setVisible(!balance);
+    ui_->TilTid->setVisible(!balance);
+    ui_->DTPickerFrom->setEnabled(!balance);
+    ui_->DTPickerTo->setEnabled(!balance);
+}

@@ -1,0 +1,97 @@
+#pragma once
+
+#include "users/FreeSms.h"
+#include "users/NumberCheck.h"
+#include "users/UserEntry.h"
+#include "users/UserGrid.h"
+#include "users/UserGridModel.h"
+
+#include <QWidget>
+
+#include <array>
+#include <memory>
+#include <optional>
+
+class Host;
+class QDateEdit;
+class QItemSelection;
+class QLineEdit;
+class UserOperations;
+
+namespace Ui {
+class UserPanel;
+}
+
+/// The form for one user, above the grid of the current door's users.
+class UserPanel : public QWidget {
+    Q_OBJECT
+public:
+    UserPanel(Module1 &module, Recordsets &recordsets, ModemLink &modem, UserOperations &users,
+              Operator &person, Clock &clock, const Host &host, QWidget *parent = nullptr);
+    ~UserPanel() override;
+
+    /// Rebuilds tabs and rows of the grid for the door on screen and the tab in GridFilter; the
+    /// headings come from the labels of the form. Ends in silence at the first failure, with what
+    /// was done so far standing.
+    void VisBrukerTabell();
+    /// Empties the form: a period user without a name, from today on.
+    void CLEAR_INPUT();
+    /// Today, and two days on: the period that stands there when the screen comes to the front.
+    void refreshDates();
+    /// Another door was chosen, or the same again.
+    void followDoor();
+    /// How the grid is sorted: "Bruker", or the column of the heading clicked last.
+    QString &SorteringBrukere() { return grid_.SorteringBrukere; }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    void connectForm();
+    void connectGrid();
+    UserEntry entry() const;
+    void showEntry(const UserEntry &entry);
+    void setNewUserMode(bool newUser);
+    void refresh();
+
+    void cmdNyBruker_Click();
+    void CommandRegistrerBruker_Click();
+    void CommandSlettBruker_Click();
+    void focusMoved(QWidget *from, QWidget *to);
+    void Txtfields_LostFocus(int index);
+    void Txtfields_DblClick();
+    void lockStatus(bool locked);
+    void DTPickerFrom_Change();
+    void Saldo_Change();
+    void showBalanceForm(bool balance);
+    void highlightPrimaryButton();
+
+    void TabStrip1_Click();
+    QString selectedTab() const;
+    void showTabs();
+    void showRows();
+    QStringList headings() const;
+    void layOutColumns();
+    void DataGrid1_Click();
+    void DataGrid1_RowChange(const QItemSelection &selected);
+    void fillFromRow();
+    void forgetRow();
+
+    Module1 &module_;
+    Recordsets &recordsets_;
+    ModemLink &modem_;
+    UserOperations &users_;
+    Operator &person_;
+    Clock &clock_;
+    NumberCheck check_;
+    FreeSms freeSms_;
+    UserGrid grid_;
+    UserGridModel model_;
+    std::unique_ptr<Ui::UserPanel> ui_;
+    std::array<QLineEdit *, 6> Txtfields_;
+    bool NewUserMode_ = false;      ///< a save makes a waiting period
+    bool RadKlikket_ = false;       ///< a change of row fills the form
+    bool checking_ = false;         ///< a number check is asking its questions
+    std::optional<bool> widthsFor_; ///< layout that the columns' widths were chosen for
+};

@@ -1,0 +1,216 @@
+#include "users/UserPanel.h"
+
+#include "data/Module1.h"
+#include "data/Recordsets.h"
+#include "platform/Rules.h"
+#include "ui_UserPanel.h"
+#include "users/StoredDays.h"
+
+#include <QHeaderView>
+#include <QSignalBlocker>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int kTwipsPerPixel = 15;
+/// The columns behind these, KeyNummer and ID, name a row and say nothing to an operator.
+constexpr int kColumnsInSight = 10;
+
+} // namespace
+
+void UserPanel::connectGrid()
+{
+    connect(ui_->TabStrip1, &QTabBar::currentChanged, this, [this] { TabStrip1_Click(); });
+    // A click on the tab that is selected already is no change, but counts.
+    connect(ui_->TabStrip1, &QTabBar::tabBarClicked, this, [this](int tab) {
+        if (tab >= 0 && tab == ui_->TabStrip1->currentIndex()) {
+            TabStrip1_Click();
+        }
+    });
+
+    QTableView &grid = *ui_->DataGrid1;
+    grid.setModel(&model_);
+    grid.installEventFilter(this);
+    grid.viewport()->installEventFilter(this);
+    grid.verticalHeader()->setDefaultSectionSize(grid.fontMetrics().height() + 6);
+    grid.horizontalHeader()->setSectionsClickable(true);
+    connect(grid.horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int column) {
+        kept([&] {
+            grid_.sortByColumn(column);
+            CLEAR_INPUT();
+            showRows();
+        });
+    });
+    // The row counts when it is selected: the focus alone makes a row current, too.
+    connect(grid.selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this](const QItemSelection &selected) { DataGrid1_RowChange(selected); });
+}
+
+void UserPanel::VisBrukerTabell()
+{
+    skipped({[this] {
+                 grid_.VisBrukerTabell();
+                 showRows();
+             },
+             [this] { showTabs(); }});
+}
+
+/// The tab of GridFilter is selected. When there is none any more, GridFilter keeps its word, and
+/// the grid is empty until another tab is chosen.
+void UserPanel::showTabs()
+{
+    QTabBar &strip = *ui_->TabStrip1;
+    const QSignalBlocker quiet(strip);
+    while (strip.count() > grid_.tabs().size()) {
+        strip.removeTab(strip.count() - 1);
+    }
+    int selected = 0;
+    for (int i = 0; i < grid_.tabs().size(); ++i) {
+        const QString &caption = grid_.tabs()[i];
+        // A single "&" would mark a shortcut.
+        const QString text = QString(caption).replace(u'&', QStringLiteral("&&"));
+        if (i == strip.count()) {
+            strip.addTab(text);
+        } else {
+            strip.setTabText(i, text);
+        }
+        if (caption.compare(module_.GridFilter, Qt::CaseInsensitive) == 0) {
+            selected = i;
+        }
+    }
+    strip.setCurrentIndex(selected);
+}
+
+void UserPanel::showRows()
+{
+    model_.show(grid_.rows(), grid_.hasOwnLayout() ? headings() : QStringList(),
+                grid_.hasOwnLayout());
+    layOutColumns();
+}
+
+QStringList UserPanel::headings() const
+{
+    QStringList headings;
+    for (const UserGridModel::Column &column : UserGridModel::layout()) {
+        const auto *label =
+            column.label ? findChild<QLabel *>(QString::fromLatin1(column.label)) : nullptr;
+        headings.append(label ? label->text() : QString());
+    }
+    return headings;
+}
+
+/// Widths to start with: as designed, but wide enough for what stands there now. From then on
+/// they are the operator's, until the tab "Saldo" comes or goes.
+void UserPanel::layOutColumns()
+{
+    QTableView &grid = *ui_->DataGrid1;
+    for (int column = 0; column < model_.columnCount(); ++column) {
+        grid.setColumnHidden(column, column >= kColumnsInSight);
+    }
+    if (widthsFor_ == grid_.hasOwnLayout()) {
+        return;
+    }
+    grid.resizeColumnsToContents();
+    const auto &layout = UserGridModel::layout();
+    for (int column = 0; grid_.hasOwnLayout() && column < static_cast<int>(layout.size());
+         ++column) {
+        const int designed = layout[static_cast<std::size_t>(column)].twips / kTwipsPerPixel;
+        if (designed > 0) {
+            const int content = std::min(grid.columnWidth(column), 2 * designed);
+            grid.setColumnWidth(column, std::max(designed, content));
+        }
+    }
+    // An empty grid says nothing about what its columns will hold.
+    if (model_.rowCount() > 0) {
+        widthsFor_ = grid_.hasOwnLayout();
+    }
+}
+
+QString UserPanel::selectedTab() const
+{
+    return grid_.tabs().value(ui_->TabStrip1->currentIndex());
+}
+
+void UserPanel::TabStrip1_Click()
+{
+    const QString caption = selectedTab();
+    setNewUserMode(grid_.isWaitingTab(caption));
+    module_.GridFilter = caption;
+    VisBrukerTabell();
+    CLEAR_INPUT();
+}
+
+void UserPanel::followDoor()
+{
+    CLEAR_INPUT();
+    recordsets_.OpenRecordsets();
+    VisBrukerTabell();
+    TabStrip1_Click();
+}
+
+void UserPanel::DataGrid1_Click()
+{
+    setNewUserMode(grid_.isWaitingTab(selectedTab()));
+    RadKlikket_ = true;
+}
+
+void UserPanel::DataGrid1_RowChange(const QItemSelection &selected)
+{
+    if (selected.isEmpty()) {
+        return;
+    }
+    kept([&] { grid_.rows().setBookmark(model_.bookmark(selected.first().top())); });
+    if (RadKlikket_) {
+        fillFromRow();
+    }
+}
+
+void UserPanel::fillFromRow()
+{
+    const auto into = [](QLineEdit *field) {
+        return [field](const QString &text) { field->setText(text); };
+    };
+    const auto day = [](QDateEdit *picker) {
+        return [picker](const QString &text) {
+            const QSignalBlocker quiet(picker);
+            picker->setDate(storedDay(text));
+        };
+    };
+    const auto hours = [](QComboBox *box) {
+        return [box](const QString &text) { box->setCurrentText(text); };
+    };
+    // Saldo comes last: setting it may turn the form.
+    const std::pair<QString, std::function<void(const QString &)>> places[] = {
+        {QStringLiteral("Bruker"), into(ui_->Txtfields_0)},
+        {QStringLiteral("Fornavn"), into(ui_->Txtfields_1)},
+        {QStringLiteral("Etternavn"), into(ui_->Txtfields_2)},
+        {QStringLiteral("Status"), into(ui_->Txtfields_3)},
+        {QStringLiteral("Konto"), into(ui_->Txtfields_4)},
+        {QStringLiteral("Gyldig til"), day(ui_->DTPickerTo)},
+        {QStringLiteral("Gyldig fra"), day(ui_->DTPickerFrom)},
+        {QStringLiteral("FraTid"), hours(ui_->FraTid)},
+        {QStringLiteral("TilTid"), hours(ui_->TilTid)},
+        {QStringLiteral("ID"), into(ui_->Txtfields_5)}, // waiting periods alone have one
+        {QStringLiteral("Saldo"), into(ui_->Saldo)},
+    };
+    for (int field = 0; field < 5; ++field) {
+        Txtfields_[static_cast<std::size_t>(field)]->clear();
+    }
+    const Recordset &row = NewUserMode_ ? recordsets_.rsVisNyeBrukere : recordsets_.rsVisBrukere;
+    for (const auto &[column, show] : places) {
+        kept([&] {
+            if (const QString text = row.text(column); !text.isEmpty()) {
+                show(text);
+            }
+        });
+    }
+}
+
+/// With the form emptied no row is on screen: the next click on any row, the same one too, brings
+/// it back.
+void UserPanel::forgetRow()
+{
+    ui_->DataGrid1->clearSelection();
+    ui_->DataGrid1->setCurrentIndex(QModelIndex());
+}
