@@ -1,0 +1,260 @@
+#include "ModemWorld.h"
+
+#include "data/Connection.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const QList<QByteArray> kDialogue = {
+    "AT",
+    "ATV1",
+    "AT",
+    "AT&F0",
+    "AT\\Q0",
+    "ATE0",
+    "AT+CPMS=\"MT\",\"MT\",\"MT\"",
+    "AT+CPMS=\"SM\",\"SM\",\"SM\"",
+    "AT+CLIP=1",
+    "AT+CMGF=1",
+    "AT+CSMP=17,167,0,0",
+    "AT+CNMI=1,1",
+    "AT&W",
+    "AT+CGMI",
+    "AT+CGMM",
+    "AT+GSN",
+};
+
+const QString kNotFound =
+    u"\r******\rModem not found!!!\rTry another COM-port and make sure modem is installed, "
+    u"and SIM card ready with PIN-code disabled"_qs;
+
+struct Initialiser : testing::Test, ModemWorld {
+    Initialiser()
+    {
+        for (ListedModem *each : {&comModem, &networkModem}) {
+            each->answers["AT+CPMS=\"MT\",\"MT\",\"MT\""] =
+                "\r\n+CPMS: 1,30,1,30,1,30\r\n\r\nOK\r\n";
+            each->answers["AT+CPMS=\"SM\",\"SM\",\"SM\""] =
+                "\r\n+CPMS: 1,20,1,20,1,20\r\n\r\nOK\r\n";
+            each->answers["AT+CGMI"] = "\r\nNordtone\r\n\r\nOK\r\n";
+            each->answers["AT+CGMM"] = "\r\nNT-2\r\n\r\nOK\r\n";
+            each->answers["AT+GSN"] = "\r\n350000000000017\r\n\r\nOK\r\n";
+        }
+        person.busy = true;
+    }
+
+    void setRow(const QString &owner)
+    {
+        database.look().run(u"UPDATE Modem SET ModemOwner = ?, ModemName = 'NT-1'"_qs, {owner});
+        recordsets.OpenRecordsets();
+    }
+    QString row()
+    {
+        return database.single(u"SELECT IMEICODE || '|' || ModemManufacturer || '|' || ModemName"
+                               " || '|' || (ModemStatus <> 0) || '|' || ModemOwner FROM Modem"_qs);
+    }
+};
+
+class OnLine : public Initialiser, public testing::WithParamInterface<bool> {};
+INSTANTIATE_TEST_SUITE_P(Lines, OnLine, testing::Bool(),
+                         [](const auto &each) { return each.param ? "Network" : "Com"; });
+
+TEST_P(OnLine, TakesTheModemIntoUse)
+{
+    open(GetParam());
+    int refreshes = 0;
+    recordsets.display = [&] { ++refreshes; };
+    link.initialiser.InitModem();
+    EXPECT_EQ(modem(GetParam()).commands, kDialogue);
+    EXPECT_TRUE(module.ModemReady);
+    EXPECT_FALSE(link.flags.ModemInitRunning);
+    EXPECT_TRUE(link.TimerCom->isEnabled());
+    EXPECT_EQ(link.TimerCom->interval(), 1000ms);
+    EXPECT_TRUE(link.pace.isRunning());
+    EXPECT_EQ(link.pace.interval(), 10000ms);
+    EXPECT_EQ(row(), u"350000000000017|Nordtone|NT-2|1|KONTOR-1"_qs);
+    EXPECT_FALSE(person.busy);
+    EXPECT_EQ(refreshes, 1);
+}
+
+TEST_F(Initialiser, AsksForReportsWhenTheyAreWanted)
+{
+    openCom();
+    module.SmsReportOn = true;
+    link.initialiser.InitModem();
+    EXPECT_EQ(comModem.commands.value(10), "AT+CSMP=49,167,0,0");
+    EXPECT_EQ(comModem.commands.value(11), "AT+CNMI=1,1,0,2,1");
+    EXPECT_TRUE(module.ModemReady);
+}
+
+TEST_F(Initialiser, WaitsBetweenTheStepsAsModemsNeedIt)
+{
+    openCom();
+    // 16 answers of 20 ms; the pauses of the table; two storages whose first line comes in 200 ms.
+    constexpr milliseconds kPauses =
+        10ms + 10ms + 60ms + 2 * 50ms + (50ms + 50ms) + 2 * 250ms + 7 * 50ms + 50ms;
+    EXPECT_EQ(timed([&] { link.initialiser.InitModem(); }), 12 * 20ms + kPauses);
+}
+
+TEST_F(Initialiser, KeepsTheStoredNamesOfAModemThatTellsNone)
+{
+    openCom();
+    database.look().run(
+        u"UPDATE Modem SET IMEICODE = '17', ModemManufacturer = 'M', ModemName = 'N'"_qs);
+    comModem.answers["AT+CGMI"] = "  \r\nOK\r\n";
+    comModem.answers["AT+CGMM"] = "  \r\nOK\r\n";
+    comModem.answers["AT+GSN"] = "  \r\nOK\r\n";
+    link.initialiser.InitModem();
+    EXPECT_EQ(row(), u"17|M|N|1|KONTOR-1"_qs);
+}
+
+TEST_F(Initialiser, GivesUpOnAMuteModemBehindFiveAttempts)
+{
+    openCom();
+    comModem.isMute = true;
+    setRow(u"KONTOR-2"_qs);
+    const QString before = row();
+    person.answers(kNotFound);
+    const milliseconds attempt = 3 * 4 * 2050ms + 2 * 10ms;
+    EXPECT_EQ(timed([&] { link.initialiser.InitModem(); }), 5 * attempt);
+    EXPECT_EQ(person.texts, QStringList{kNotFound});
+    EXPECT_EQ(person.titles, QStringList{QString()});
+    EXPECT_EQ(comModem.commands,
+              (QList<QByteArray>{"AT", "ATV1", "AT", "AT", "ATV1", "AT", "AT", "ATV1", "AT", "AT",
+                                 "ATV1", "AT", "AT", "ATV1", "AT"}));
+    EXPECT_FALSE(module.ModemReady);
+    EXPECT_EQ(row(), before) << "the modem of another PC was released";
+    // On purpose: nothing reads the line until another initialisation gets through.
+    EXPECT_TRUE(link.flags.ModemInitRunning);
+    EXPECT_TRUE(person.busy);
+}
+
+TEST_F(Initialiser, ReleasesTheModemThatItHadWhenNoneIsFound)
+{
+    openCom();
+    comModem.isMute = true;
+    for (const bool owner : {true, false}) {
+        setRow(owner ? u"kontor-1"_qs : u"KONTOR-2"_qs);
+        module.ModemReady = !owner;
+        person.answers(kNotFound);
+        link.initialiser.InitModem();
+        EXPECT_EQ(row(), u"0| | |0|None"_qs) << owner;
+        EXPECT_FALSE(module.ModemReady);
+    }
+}
+
+TEST_F(Initialiser, StartsAnAttemptFromItsFirstStepWhenOneIsRefused)
+{
+    openCom();
+    comModem.answers["AT&F0"] = "\r\nERROR\r\n";
+    person.answers(kNotFound);
+    link.initialiser.InitModem();
+    QList<QByteArray> expected;
+    for (int attempt = 0; attempt < 5; ++attempt) {
+        expected += {"AT", "ATV1", "AT", "AT&F0"};
+    }
+    EXPECT_EQ(comModem.commands, expected);
+}
+
+TEST_F(Initialiser, FailsWholeOnAModemThatRefusesReports)
+{
+    openCom();
+    module.SmsReportOn = true;
+    comModem.answers["AT+CNMI=1,1,0,2,1"] = "\r\nERROR\r\n";
+    person.answers(kNotFound);
+    link.initialiser.InitModem();
+    EXPECT_EQ(comModem.commands.count("AT+CNMI=1,1,0,2,1"), 5);
+    EXPECT_FALSE(comModem.commands.contains("AT&W"));
+}
+
+TEST_F(Initialiser, LosesOnlyTimeOnAModemThatRefusesOneStorage)
+{
+    for (const bool network : {false, true}) {
+        open(network);
+        ListedModem &each = modem(network);
+        const milliseconds usual = timed([&] { link.initialiser.InitModem(); });
+        each.commands.clear();
+        each.answers["AT+CPMS=\"MT\",\"MT\",\"MT\""] = "\r\n+CMS ERROR: 302\r\n";
+        const milliseconds refused = timed([&] { link.initialiser.InitModem(); });
+        EXPECT_EQ(each.commands, kDialogue);
+        EXPECT_TRUE(module.ModemReady);
+        // Five pauses and five empty reads; four reads for the OK; and one pause until the
+        // answer of the other storage is looked for.
+        const milliseconds read = network ? 1010ms : 2050ms;
+        EXPECT_EQ(refused - usual, 5 * (2000ms + read) + 4 * read + 2000ms);
+    }
+}
+
+TEST_F(Initialiser, StopsTheTimersWithoutALine)
+{
+    struct Case {
+        quint8 port;
+        bool wasReady;
+        QString row;
+    };
+    for (const Case &each :
+         {Case{0, true, u"0|No Modem| |0|?"_qs}, Case{3, true, u"0|No Modem| |0|?"_qs},
+          Case{255, true, u"0|No Modem| |0|?"_qs}, Case{0, false, u"?|?|NT-1|0|KONTOR-1"_qs}}) {
+        database.look().run(u"UPDATE Modem SET IMEICODE = '?', ModemManufacturer = '?'"_qs);
+        setRow(u"KONTOR-1"_qs);
+        module.ActiveComPort = each.port;
+        module.ModemReady = each.wasReady;
+        link.TimerCom->setEnabled(true);
+        link.flags.ModemInitRunning = true; // as a failed search leaves it
+        person.busy = true;
+        link.initialiser.InitModem();
+        EXPECT_EQ(row(), each.row) << int(each.port);
+        EXPECT_FALSE(module.ModemReady);
+        EXPECT_FALSE(link.TimerCom->isEnabled());
+        EXPECT_FALSE(link.flags.ModemInitRunning);
+        EXPECT_FALSE(person.busy);
+    }
+}
+
+TEST_F(Initialiser, TakesASocketThatIsStillConnectingForALine)
+{
+    socket.silent = true;
+    module.ActiveComPort = 255;
+    socket.connectTo(u"modem"_qs, 23);
+    person.answers(kNotFound);
+    EXPECT_EQ(timed([&] { link.initialiser.InitModem(); }), 5 * (3 * 4 * 1010ms + 2 * 10ms));
+}
+
+TEST_F(Initialiser, ShowsWhatBreaksInsideAndLeavesTheModemAsItWas)
+{
+    for (const bool wasReady : {false, true}) {
+        openCom();
+        module.ModemReady = wasReady;
+        clock.after(150ms, [&] { port.unplug(); });
+        person.answers(u"The port is gone"_qs);
+        link.initialiser.InitModem();
+        EXPECT_EQ(module.ModemReady, wasReady);
+        EXPECT_TRUE(link.flags.ModemInitRunning);
+        port.plugIn();
+    }
+}
+
+TEST_F(Initialiser, OutlivesASecondOneThatStartsInsideTheFirst)
+{
+    openCom();
+    bool inner = false;
+    clock.after(300ms, [&] {
+        link.initialiser.InitModem();
+        inner = module.ModemReady;
+    });
+    link.initialiser.InitModem();
+    EXPECT_TRUE(inner);
+    EXPECT_TRUE(module.ModemReady);
+    EXPECT_FALSE(link.flags.ModemInitRunning);
+}
+
+TEST_F(Initialiser, PassesTheEndOfTheProgramOn)
+{
+    openCom();
+    clock.after(300ms, [&] { clock.end(); });
+    EXPECT_THROW(link.initialiser.InitModem(), ProgramEnds);
+    EXPECT_FALSE(module.ModemReady);
+}
+
+} // namespace

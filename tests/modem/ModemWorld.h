@@ -1,0 +1,121 @@
+#pragma once
+
+#include "data/Module1.h"
+#include "data/Recordsets.h"
+#include "modem/ModemLink.h"
+#include "support/Doubles.h"
+#include "support/FakeLines.h"
+#include "support/TestDatabase.h"
+
+#include <QList>
+#include <QMap>
+
+/// A modem that answers each command from a list, a little later.
+class ListedModem {
+public:
+    ListedModem(VirtualClock &clock, std::function<void(const QByteArray &)> say)
+        : clock_(clock), say_(std::move(say))
+    {
+    }
+
+    void hears(const QByteArray &bytes)
+    {
+        for (const char byte : bytes) {
+            const char end = inText_ ? '\x1A' : '\r';
+            if (byte != end) {
+                heard_ += byte;
+            } else {
+                answer(std::exchange(heard_, {}));
+            }
+        }
+    }
+
+    bool isMute = false;
+    QMap<QByteArray, QByteArray> answers; ///< by command; "OK" for all others
+    QByteArray prompt = "\r\n> ";
+    QByteArray result = "\r\n+CMGS: 17\r\n\r\nOK\r\n";
+    QList<QByteArray> commands;
+    QList<QByteArray> texts; ///< of the messages
+
+private:
+    void answer(const QByteArray &heard)
+    {
+        QByteArray reply = answers.value(heard, "\r\nOK\r\n");
+        if (inText_) {
+            texts += heard;
+            inText_ = false;
+            reply = result;
+        } else {
+            commands += heard;
+            if (heard.startsWith("AT+CMGS=")) {
+                inText_ = !prompt.isEmpty() && !isMute;
+                reply = prompt;
+            }
+        }
+        if (!isMute && !reply.isEmpty()) {
+            clock_.after(20ms, [this, reply] { say_(reply); });
+        }
+    }
+
+    VirtualClock &clock_;
+    std::function<void(const QByteArray &)> say_;
+    QByteArray heard_;
+    bool inText_ = false;
+};
+
+/// The modem side with doubles at both ends of it, and a database as delivered.
+struct ModemWorld {
+    ModemWorld()
+    {
+        database.use(module);
+        module.LoginComputer = host.computer;
+        recordsets.OpenRecordsets();
+        link.tables.BuildCharacterTables();
+        link.watcher.StartNyBruker = [this] { steps += u"feed"_qs; };
+        link.watcher.Read_SMS_MessageTEXT = [this] { steps += u"read"_qs; };
+        port.onWrite = [this](const QByteArray &bytes) { comModem.hears(bytes); };
+        socket.onWrite = [this](const QByteArray &bytes) { networkModem.hears(bytes); };
+    }
+
+    void openCom()
+    {
+        module.ActiveComPort = 1;
+        port.open(u"COM1"_qs);
+    }
+    void openNetwork()
+    {
+        module.ActiveComPort = 255;
+        socket.connectTo(u"modem"_qs, 23);
+        clock.run(1ms);
+    }
+    void open(bool network) { network ? openNetwork() : openCom(); }
+    ListedModem &modem(bool network) { return network ? networkModem : comModem; }
+    void say(bool network, const QByteArray &bytes)
+    {
+        network ? link.line.socketData(bytes) : port.feed(bytes);
+    }
+    milliseconds timed(const std::function<void()> &work)
+    {
+        const milliseconds start = clock.elapsed();
+        work();
+        return clock.elapsed() - start;
+    }
+    QString modemRow(const QString &column)
+    {
+        return database.single(u"SELECT "_qs + column + u" FROM Modem"_qs);
+    }
+
+    VirtualClock clock;
+    ScriptedOperator person{clock};
+    FakeHost host;
+    FakeSerialPort port;
+    FakeTcpSocket socket{clock};
+    RecordingView view;
+    TestDatabase database;
+    Module1 module;
+    Recordsets recordsets{module, person};
+    ListedModem comModem{clock, [this](const QByteArray &bytes) { port.feed(bytes); }};
+    ListedModem networkModem{clock, [this](const QByteArray &bytes) { socket.feed(bytes); }};
+    QStringList steps; ///< calls of what stands in higher folders
+    ModemLink link{clock, host, person, port, socket, view, module, recordsets};
+};
