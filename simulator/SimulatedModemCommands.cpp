@@ -83,6 +83,7 @@ const SimulatedModem::Fixed SimulatedModem::kFixed[] = {
     {"+COPS", Kind::Read, "+COPS: 0,0,\"Lukora\""},
     {"+COPS", Kind::Set, nullptr},
     {"+CFUN", Kind::Read, "+CFUN: 1"},
+    {"+CFUN", Kind::Set, nullptr},
     {"+CPAS", Kind::Execute, "+CPAS: 0"},
     {"+CSMS", Kind::Read, "+CSMS: 0,1,1,0"},
     {"+CSMS", Kind::Set, "+CSMS: 1,1,0"},
