@@ -2,13 +2,11 @@
 
 #include "platform/Text.h"
 
-#include <QLocale>
-
 namespace {
 
 QString asText(double balance)
 {
-    return QString::number(balance, 'g', QLocale::FloatingPointShortest);
+    return QString::number(balance, 'g', 15); // not as 1e+06
 }
 
 } // namespace

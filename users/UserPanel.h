@@ -40,8 +40,8 @@ public:
     void refreshDates();
     /// Another door was chosen, or the same again.
     void followDoor();
-    /// How the grid is sorted: "Bruker", or the column of the heading clicked last.
-    QString &SorteringBrukere() { return grid_.SorteringBrukere; }
+    /// From the next VisBrukerTabell on the grid is sorted so.
+    void setSorteringBrukere(const QString &column) { grid_.SorteringBrukere = column; }
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

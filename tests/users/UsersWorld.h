@@ -1,0 +1,49 @@
+#pragma once
+
+#include "data/Module1.h"
+#include "data/Recordsets.h"
+#include "modem/ModemLink.h"
+#include "support/Doubles.h"
+#include "support/FakeLines.h"
+#include "support/TestDatabase.h"
+#include "users/UserGrid.h"
+#include "users/UserOperations.h"
+
+inline const QString kDoor = QStringLiteral("+4790000001");
+inline const QString kOtherDoor = QStringLiteral("+4790000002");
+inline const QString kUser = QStringLiteral("+4791234567");
+
+/// The users' side without a screen: a database with two doors, standing on the first. It is
+/// 1 December 2026.
+struct UsersWorld {
+    UsersWorld();
+
+    /// A guest from 1 to 3 December 2026, as the number check leaves the fields.
+    UserEntry guest(const QString &number = kUser) const;
+    void addUser(const QString &number, const QString &konto, const QString &status,
+                 const QString &door = kDoor, const QString &saldo = QStringLiteral("0"));
+    void addWaiting(const QString &number, const QString &from,
+                    const QString &status = QStringLiteral("NY"), const QString &door = kDoor);
+    /// Opens everything anew, as a tick or a save does.
+    void refresh();
+    void standOn(const QString &door);
+    /// Rows of a statement, columns joined by "|".
+    QStringList rows(const QString &sql);
+    QStringList queue();
+    QStringList waiting();
+    QStringList onDoors();
+
+    TestDatabase database;
+    VirtualClock clock;
+    ScriptedOperator person{clock};
+    FakeHost host;
+    FakeSerialPort MSComm1;
+    FakeTcpSocket Winsock1{clock};
+    RecordingView view;
+    Module1 module;
+    Recordsets recordsets{module, person};
+    ModemLink modem{clock, host, person, MSComm1, Winsock1, view, module, recordsets};
+    int gridRefills = 0;
+    UserOperations users{module, recordsets, modem, person, clock, host, [this] { ++gridRefills; }};
+    UserGrid grid{module, recordsets};
+};
