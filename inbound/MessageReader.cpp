@@ -11,15 +11,9 @@
 #include "platform/Host.h"
 #include "platform/Text.h"
 
-#include <QScopeGuard>
-
 #include <utility>
 
 namespace {
-
-// A body or a remainder that looks like a header brings the watcher to call the reader inside
-// itself. A modem that says nothing else would take it ever deeper.
-constexpr int kDeepestNesting = 8;
 
 constexpr int kDeleteAttempts = 3;
 
@@ -47,12 +41,6 @@ MessageReader::MessageReader(ModemLink &link, Module1 &module, Recordsets &recor
 
 void MessageReader::Read_SMS_MessageTEXT()
 {
-    if (nesting_ == kDeepestNesting) {
-        return; // the call around this one sets the timers going again
-    }
-    ++nesting_;
-    const auto leave = qScopeGuard([this] { --nesting_; });
-
     link_.TimerCom->setEnabled(false);
     link_.pace.stop();
     link_.flags.ReadingMessages = true;
