@@ -1,0 +1,91 @@
+#include "app/Application.h"
+
+#include "app/frmLogin.h"
+#include "app/frmMain.h"
+#include "app/frmSplash.h"
+#include "platform/Operator.h"
+#include "platform/Rules.h"
+#include "platform/SettingsStore.h"
+
+namespace {
+
+constexpr milliseconds kLongestWait = 250ms;
+
+} // namespace
+
+Application::Application(const Machine &machine) : machine_(machine) {}
+
+Application::~Application() = default;
+
+bool Application::start()
+{
+    bool running = false;
+    shown(machine_.person, {}, [&] {
+        module_.CountryCode =
+            machine_.settings.get(QStringLiteral("CountryCode"), QStringLiteral("47"));
+        module_.LogoCountryCode =
+            machine_.settings.get(QStringLiteral("LogoCountryCode"), QStringLiteral("0"));
+        if (onLanguage) {
+            onLanguage(module_.CountryCode);
+        }
+        if (!login()) {
+            return;
+        }
+        showSplash();
+        openMainScreen();
+        running = !machine_.clock.hasEnded();
+    });
+    return running;
+}
+
+bool Application::login()
+{
+    frmLogin screen(module_, machine_.person, machine_.settings, machine_.host);
+    screen.load();
+    screen.show();
+    waitWhileVisible(screen);
+    return screen.LoginSucceeded;
+}
+
+void Application::showSplash()
+{
+    frmSplash screen(machine_.clock);
+    screen.show();
+    waitWhileVisible(screen);
+}
+
+void Application::openMainScreen()
+{
+    frmMain_ =
+        std::make_unique<frmMain>(machine_.clock, machine_.person, machine_.settings, machine_.host,
+                                  machine_.MSComm1, machine_.Winsock1, module_);
+    QObject::connect(frmMain_.get(), &frmMain::languageChanged, [this](const QString &CountryCode) {
+        if (onLanguage) {
+            onLanguage(CountryCode);
+        }
+    });
+    module_.GridFilter = QStringLiteral("1");
+    frmMain_->load();
+    if (machine_.clock.hasEnded()) {
+        return;
+    }
+    // Only now: the modem may have been initialised already, which needs no table.
+    frmMain_->modemLink().tables.BuildCharacterTables();
+    frmMain_->show();
+}
+
+void Application::close()
+{
+    if (frmMain_) {
+        frmMain_->unload();
+    } else {
+        machine_.clock.end();
+    }
+}
+
+void Application::waitWhileVisible(const QWidget &screen)
+{
+    while (screen.isVisible()) {
+        machine_.clock.yield(kLongestWait);
+    }
+}

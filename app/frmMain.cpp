@@ -1,0 +1,301 @@
+#include "app/frmMain.h"
+
+#include "app/SecurityLevels.h"
+#include "app/StatusPanel.h"
+#include "app/StoredSettings.h"
+#include "data/Module1.h"
+#include "inbound/ReceivedPanel.h"
+#include "modem/ModemPanel.h"
+#include "modem/NetworkModemPanel.h"
+#include "platform/Operator.h"
+#include "platform/Rules.h"
+#include "platform/SerialPort.h"
+#include "platform/SettingsStore.h"
+#include "platform/Text.h"
+#include "ui_frmMain.h"
+#include "users/DoorPanel.h"
+#include "users/UserPanel.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QScreen>
+
+namespace {
+
+constexpr milliseconds kTimerCom = 1000ms;
+constexpr quint8 kLastPortInMenu = 4;
+
+void setVisibleInMenuOrScreen(QWidget &screen, const QString &name, bool visible)
+{
+    if (auto *action = screen.findChild<QAction *>(name)) {
+        action->setVisible(visible);
+    } else if (auto *menu = screen.findChild<QMenu *>(name)) {
+        menu->menuAction()->setVisible(visible);
+    } else if (auto *control = screen.findChild<QWidget *>(name)) {
+        control->setVisible(visible);
+    }
+}
+
+} // namespace
+
+frmMain::frmMain(Clock &clock, Operator &person, SettingsStore &settings, const Host &host,
+                 SerialPort &MSComm1, TcpSocket &Winsock1, Module1 &module)
+    : clock_(clock),
+      operator_(person),
+      settings_(settings),
+      MSComm1_(MSComm1),
+      module_(module),
+      ui_(std::make_unique<Ui::frmMain>()),
+      recordsets_(module, person),
+      link_(clock, host, person, MSComm1, Winsock1, *this, module, recordsets_),
+      users_(module, recordsets_, link_, person, clock, host, [this] { VisBrukerTabell(); }),
+      reader_(link_, module, recordsets_, *this, clock, host, [this] { VisBrukerTabell(); }),
+      doorPanel_(new DoorPanel(module, recordsets_, link_, person, clock)),
+      userPanel_(new UserPanel(module, recordsets_, link_, users_, person, clock, host)),
+      receivedPanel_(new ReceivedPanel(recordsets_, person)),
+      modemPanel_(new ModemPanel),
+      networkPanel_(new NetworkModemPanel)
+{
+    ui_->setupUi(this);
+    placePanels();
+    buildStatusBar();
+    wirePanels();
+    wireMenus();
+}
+
+frmMain::~frmMain()
+{
+    // The panels stand on members of this screen, so they go before those do.
+    delete takeCentralWidget();
+}
+
+void frmMain::wirePanels()
+{
+    recordsets_.display = [this] { display(); };
+    link_.watcher.StartNyBruker = [this] { users_.StartNyBruker(); };
+    link_.watcher.Read_SMS_MessageTEXT = [this] { reader_.Read_SMS_MessageTEXT(); };
+
+    connect(doorPanel_, &DoorPanel::doorChosen, userPanel_, &UserPanel::followDoor);
+
+    LineSelection &selection = link_.selection;
+    const auto toggleTerminal = [&selection] { selection.ComShowCom(); };
+    connect(modemPanel_, &ModemPanel::imageClicked, this, toggleTerminal);
+    connect(networkPanel_, &NetworkModemPanel::ComShowComClicked, this, toggleTerminal);
+    connect(networkPanel_, &NetworkModemPanel::cmdConnectClicked, this,
+            [&selection] { selection.cmdConnect(); });
+    connect(networkPanel_, &NetworkModemPanel::cmdDisconnectClicked, this,
+            [&selection] { selection.cmdDisconnect(); });
+    connect(networkPanel_, &NetworkModemPanel::Command2Clicked, this,
+            [&selection] { selection.Command2(); });
+    connect(networkPanel_, &NetworkModemPanel::Command3Clicked, this,
+            [&selection] { selection.Command3(); });
+}
+
+void frmMain::placePanels()
+{
+    ui_->usersColumn->addWidget(doorPanel_);
+    ui_->usersColumn->addWidget(userPanel_, 1);
+    ui_->modemColumn->addWidget(receivedPanel_);
+    ui_->modemColumn->addWidget(modemPanel_);
+    ui_->modemColumn->addWidget(networkPanel_);
+    ui_->modemColumn->addStretch(1);
+}
+
+void frmMain::buildStatusBar()
+{
+    for (int panel = 0; panel < 3; ++panel) {
+        sbStatusBar_[panel] =
+            new StatusPanel(QStringLiteral("sbStatusBar_%1").arg(panel + 1), this);
+        ui_->sbStatusBar->addWidget(sbStatusBar_[panel], 1);
+    }
+}
+
+void frmMain::load()
+{
+    // The order is required: a failing step is shown, and nothing behind it happens.
+    shown(operator_, {}, [this] {
+        placeWindow();
+        readSettings();
+        tickSmsReport();
+        recordsets_.OpenDatabase();
+        recordsets_.OpenRecordsets();
+        recordsets_.CompactRequested = false;
+        setVisibleInMenuOrScreen(*this, QStringLiteral("mnuSpråkLanguage"),
+                                 same(module_.LoginUser, QStringLiteral("Hovedoperatør")));
+        applySecurityLevel();
+        startModem();
+        link_.flags.ComposingSms = false;
+        link_.TimerCom->setInterval(kTimerCom);
+        link_.TimerCom->setEnabled(module_.ModemReady);
+        module_.texts = {};
+        ApplyLanguage();
+        userPanel_->setSorteringBrukere(QStringLiteral("Bruker"));
+        module_.GridFilter = module_.texts.nye;
+    });
+}
+
+void frmMain::placeWindow()
+{
+    const QRect stored = storedWindow(settings_);
+    resize(stored.size());
+    // A screen that was unplugged since must not take the window with it.
+    const QScreen *target = QGuiApplication::screenAt(stored.center());
+    const QRect room = (target ? target : screen())->availableGeometry();
+    move(target ? stored.topLeft() : room.topLeft());
+}
+
+void frmMain::readSettings()
+{
+    const auto get = [this](const QString &key, const QString &byDefault) {
+        return settings_.get(key, byDefault);
+    };
+    module_.KeySelect = get(QStringLiteral("KeySelect"), QStringLiteral("1"));
+    module_.ActiveComPort = toByte(get(QStringLiteral("LastComPort"), QStringLiteral("0")));
+    module_.SmsReportOn = toFlag(get(QStringLiteral("SMSREPORT"), flagText(false)));
+    module_.CountryCode = get(QStringLiteral("CountryCode"), QStringLiteral("47"));
+    setHostName(get(QStringLiteral("HostName"), QStringLiteral("127.0.0.1")));
+    setPort(get(QStringLiteral("Port"), QStringLiteral("23")));
+    // What was stored counted for the splash only; from here on the logo follows the language.
+    module_.LogoCountryCode = module_.CountryCode;
+}
+
+void frmMain::applySecurityLevel()
+{
+    for (const LevelRule &rule : levelRules()) {
+        if (const std::optional<bool> visible = rule.visibleAt(module_.SecurityLevel)) {
+            setVisibleInMenuOrScreen(*this, rule.control.toString(), *visible);
+        }
+    }
+}
+
+void frmMain::startModem()
+{
+    link_.selection.SelectModemLine();
+    // The network modem's connection dialogue ends in the initialisation by itself.
+    if (module_.ActiveComPort != 255) {
+        link_.initialiser.InitModem();
+    }
+    // Only behind the selection, which therefore leaves the tick off; and for 255 too, so that the
+    // menu reads com255 then. Both are meant so.
+    if (module_.ActiveComPort > kLastPortInMenu) {
+        module_.OtherComPort = module_.ActiveComPort;
+        setOtherPortCaption(QStringLiteral("com%1").arg(module_.OtherComPort));
+    }
+}
+
+void frmMain::setVisible(bool visible)
+{
+    QMainWindow::setVisible(visible);
+    // Some window systems never tell a first window that it has the focus.
+    if (visible && !hasFocus_) {
+        hasFocus_ = true;
+        activated();
+    }
+}
+
+void frmMain::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange) {
+        followFocus();
+    }
+}
+
+void frmMain::followFocus()
+{
+    // A question asked by one of our handlers borrows the focus and gives it back to that handler:
+    // the screen has not been left, and what the operator was typing must stay. Coming back from
+    // another screen or another program is an activation.
+    const bool left = !isActiveWindow();
+    if (!isVisible() || (left && QApplication::activeModalWidget() != nullptr) ||
+        left != hasFocus_) {
+        return;
+    }
+    hasFocus_ = !left;
+    hasFocus_ ? activated() : deactivated();
+}
+
+void frmMain::activated()
+{
+    if (unloading_) {
+        return;
+    }
+    shown(operator_, {}, [this] {
+        link_.pace.hurry();
+        userPanel_->CLEAR_INPUT();
+        module_.RefreshPending = true;
+        recordsets_.OpenRecordsets();
+        VisBrukerTabell();
+        userPanel_->refreshDates();
+    });
+}
+
+void frmMain::deactivated()
+{
+    if (!unloading_) {
+        link_.pace.hurry();
+    }
+}
+
+void frmMain::closeEvent(QCloseEvent *event)
+{
+    event->accept();
+    unload();
+}
+
+void frmMain::unload()
+{
+    if (unloading_) {
+        return;
+    }
+    unloading_ = true;
+    link_.pace.stop();
+    link_.TimerCom->setEnabled(false);
+    if (link_.flags.QueueRunning) {
+        // The screen goes away all the same, nothing is saved and the modem is not released: this
+        // is how the program is to behave.
+        kept([this] { operator_.messageBox(module_.texts.ventTilSending, {}, Buttons::Ok); });
+    } else {
+        shown(operator_, {}, [this] { releaseModem(); });
+        unloadOtherScreens();
+        if (!isMinimized()) {
+            saveSettings();
+        }
+    }
+    hide();
+    clock_.end();
+    QCoreApplication::quit();
+}
+
+void frmMain::releaseModem()
+{
+    MSComm1_.close();
+    recordsets_.OpenRecordsets();
+    if (module_.ModemReady) {
+        writeModemRow(recordsets_.rsModem, {});
+    }
+}
+
+void frmMain::unloadOtherScreens()
+{
+    const QWidgetList screens = QApplication::topLevelWidgets();
+    for (auto screen = screens.crbegin(); screen != screens.crend(); ++screen) {
+        if (*screen != this && (*screen)->isVisible() && (*screen)->windowType() == Qt::Window) {
+            (*screen)->close();
+        }
+    }
+}
+
+void frmMain::saveSettings()
+{
+    const bool normal = !isMaximized() && !isFullScreen();
+    saveWindow(settings_, normal ? QRect(pos(), size()) : normalGeometry());
+    settings_.save(QStringLiteral("KeySelect"), module_.KeySelect);
+    settings_.save(QStringLiteral("LastComPort"), QString::number(module_.ActiveComPort));
+    settings_.save(QStringLiteral("DBPath"), module_.DatabasePath);
+    settings_.save(QStringLiteral("SMSREPORT"), flagText(module_.SmsReportOn));
+    settings_.save(QStringLiteral("CountryCode"), module_.CountryCode);
+    settings_.save(QStringLiteral("LogoCountryCode"), module_.LogoCountryCode);
+    settings_.save(QStringLiteral("HostName"), hostName());
+    settings_.save(QStringLiteral("Port"), port());
+}

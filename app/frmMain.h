@@ -1,0 +1,117 @@
+#pragma once
+
+#include "data/Recordsets.h"
+#include "inbound/MessageReader.h"
+#include "modem/ModemLink.h"
+#include "modem/ModemView.h"
+#include "users/UserOperations.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+class DoorPanel;
+class ModemPanel;
+class NetworkModemPanel;
+class ReceivedPanel;
+class SettingsStore;
+class StatusPanel;
+class UserPanel;
+
+namespace Ui {
+class frmMain;
+}
+
+/// The one screen that stays open. It owns the shared recordsets and the modem side, puts them
+/// together with the panels, and holds what concerns the whole screen: load, activation, menus,
+/// language and unload. With it the program ends.
+class frmMain : public QMainWindow, private ModemView {
+    Q_OBJECT
+
+public:
+    frmMain(Clock &clock, Operator &person, SettingsStore &settings, const Host &host,
+            SerialPort &MSComm1, TcpSocket &Winsock1, Module1 &module);
+    ~frmMain() override;
+
+    /// Everything between creation and the first showing; the modem may be initialised when it
+    /// ends. A failure is shown and the load stops there: the screen comes up with what was done.
+    void load();
+    /// What closing the screen does, also while it was never shown. The program ends with it, from
+    /// whatever dialogue it is in.
+    void unload();
+
+    Recordsets &recordsets() { return recordsets_; }
+    ModemLink &modemLink() { return link_; }
+    void setVisible(bool visible) override;
+
+signals:
+    void languageChanged(const QString &CountryCode);
+
+protected:
+    void changeEvent(QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    // frmMain.cpp: putting together, load, focus, unload
+    void wirePanels();
+    void buildStatusBar();
+    void placePanels();
+    void placeWindow();
+    void readSettings();
+    void applySecurityLevel();
+    void startModem();
+    void followFocus();
+    void activated();
+    void deactivated();
+    void releaseModem();
+    void unloadOtherScreens();
+    void saveSettings();
+
+    // frmMainMenus.cpp
+    void wireMenus();
+    void wirePortMenu();
+    void tickLanguage();
+    void tickSmsReport();
+    void ApplyLanguage();
+    void chooseLanguage(const QString &CountryCode);
+    void chooseSmsReport(bool on);
+    void mnuFileDatabase();
+    void mnuFileCompactDatabase();
+    void VisBrukerTabell();
+
+    // frmMainView.cpp: what the recordsets and the modem side show
+    void display();
+    QString portWord() const;
+    void setPanel(int number, const QString &text) override;
+    void appendStatusBox(const QString &text) override;
+    void setTerminal(const QString &text) override;
+    void showNetworkControls(const NetworkControls &controls) override;
+    void tickPort(PortMenuEntry entry) override;
+    void setOtherPortCaption(const QString &caption) override;
+    QString hostName() const override;
+    QString port() const override;
+    void setHostName(const QString &text) override;
+    void setPort(const QString &text) override;
+
+    Clock &clock_;
+    Operator &operator_;
+    SettingsStore &settings_;
+    SerialPort &MSComm1_;
+    Module1 &module_;
+    std::unique_ptr<Ui::frmMain> ui_;
+    Recordsets recordsets_;
+    ModemLink link_;
+    UserOperations users_;
+    MessageReader reader_;
+
+    // Children of the screen, which deletes them.
+    DoorPanel *doorPanel_;
+    UserPanel *userPanel_;
+    ReceivedPanel *receivedPanel_;
+    ModemPanel *modemPanel_;
+    NetworkModemPanel *networkPanel_;
+    StatusPanel *sbStatusBar_[3] = {};
+
+    bool hasFocus_ = false; ///< the screen, or a question that it asks, has the focus
+    bool unloading_ = false;
+};

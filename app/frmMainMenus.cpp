@@ -1,0 +1,142 @@
+#include "app/LanguagePass.h"
+#include "app/frmMain.h"
+#include "data/DatabasePaths.h"
+#include "data/Module1.h"
+#include "platform/Operator.h"
+#include "platform/Rules.h"
+#include "platform/RuntimeFailure.h"
+#include "ui_frmMain.h"
+#include "users/UserPanel.h"
+
+#include <QCoreApplication>
+
+// The menu commands of the main screen.
+
+namespace {
+
+const QString kCompactTitle = QStringLiteral("COMPACT DB");
+
+/// A tick in a menu says how things are. Qt moves it on a click by itself: it is put back, and
+/// whatever the handler brings about moves it.
+void onClick(QAction *action, QObject *screen, std::function<void()> handler)
+{
+    QObject::connect(action, &QAction::triggered, screen,
+                     [action, handler = std::move(handler)](bool ticked) {
+                         if (action->isCheckable()) {
+                             action->setChecked(!ticked);
+                         }
+                         handler();
+                     });
+}
+
+} // namespace
+
+void frmMain::wireMenus()
+{
+    onClick(ui_->mnuFileDatabase, this, [this] { mnuFileDatabase(); });
+    onClick(ui_->mnuFileCompactDatabase, this, [this] { mnuFileCompactDatabase(); });
+    onClick(ui_->mnuFileExit, this, [this] { close(); });
+    onClick(ui_->mnuSMSSendingsbekreftelseAv, this, [this] { chooseSmsReport(false); });
+    onClick(ui_->mnuSMSSendingsbekreftelsePå, this, [this] { chooseSmsReport(true); });
+    onClick(ui_->mnuSpråkNorsk, this, [this] { chooseLanguage(QStringLiteral("47")); });
+    onClick(ui_->mnuSpråkDansk, this, [this] { chooseLanguage(QStringLiteral("45")); });
+    onClick(ui_->mnuSpråkSvensk, this, [this] { chooseLanguage(QStringLiteral("46")); });
+    wirePortMenu();
+}
+
+void frmMain::wirePortMenu()
+{
+    QAction *const ports[] = {ui_->mnuComPortComNone, ui_->mnuComPortCom1, ui_->mnuComPortCom2,
+                              ui_->mnuComPortCom3, ui_->mnuComPortCom4};
+    for (int port = 0; port < static_cast<int>(std::size(ports)); ++port) {
+        onClick(ports[port], this, [this, port] { link_.selection.mnuComPortCom(port); });
+    }
+    onClick(ui_->mnuComPortComOther, this, [this] { link_.selection.mnuComPortComOther(); });
+    onClick(ui_->mnuComPortWinsock, this, [this] { link_.selection.mnuComPortWinsock(); });
+}
+
+void frmMain::VisBrukerTabell()
+{
+    userPanel_->VisBrukerTabell();
+}
+
+void frmMain::tickSmsReport()
+{
+    ui_->mnuSMSSendingsbekreftelseAv->setChecked(!module_.SmsReportOn);
+    ui_->mnuSMSSendingsbekreftelsePå->setChecked(module_.SmsReportOn);
+}
+
+void frmMain::chooseSmsReport(bool on)
+{
+    shown(operator_, {}, [&] {
+        module_.SmsReportOn = on;
+        tickSmsReport();
+        link_.initialiser.InitModem();
+    });
+}
+
+void frmMain::tickLanguage()
+{
+    ui_->mnuSpråkNorsk->setChecked(module_.CountryCode == u"47");
+    ui_->mnuSpråkDansk->setChecked(module_.CountryCode == u"45");
+    ui_->mnuSpråkSvensk->setChecked(module_.CountryCode == u"46");
+}
+
+void frmMain::ApplyLanguage()
+{
+    tickLanguage();
+    emit languageChanged(module_.CountryCode);
+    ::ApplyLanguage(*this, module_);
+}
+
+void frmMain::chooseLanguage(const QString &CountryCode)
+{
+    shown(operator_, {}, [&] {
+        module_.CountryCode = CountryCode;
+        module_.LogoCountryCode = CountryCode;
+        ApplyLanguage();
+        VisBrukerTabell();
+    });
+}
+
+void frmMain::mnuFileDatabase()
+{
+    shown(operator_, {}, [this] {
+        const QString path =
+            operator_.chooseFile(module_.DatabasePath, QStringLiteral("Access (*.mdb);;All (*.*)"));
+        if (path.isEmpty()) {
+            throw RuntimeFailure(
+                QCoreApplication::translate("frmMain", "Valget av database ble avbrutt."));
+        }
+        module_.DatabasePath = path;
+        module_.TempDatabasePath = tempDatabasePath(path);
+        module_.BackupDatabasePath = backupDatabasePath(path);
+        module_.ConnectionString = chosenString(path);
+        recordsets_.OpenDatabase();
+        recordsets_.OpenRecordsets();
+    });
+}
+
+void frmMain::mnuFileCompactDatabase()
+{
+    shown(operator_, kCompactTitle, [this] {
+        if (operator_.messageBox(module_.texts.compactQuestion, {}, Buttons::OkCancel) !=
+            Answer::Ok) {
+            return;
+        }
+        recordsets_.CompactRequested = true;
+        recordsets_.OpenDatabase();
+        if (recordsets_.CompactFailed) {
+            operator_.messageBox(module_.texts.compactFailed, {}, Buttons::Ok);
+            recordsets_.CompactRequested = false;
+            recordsets_.OpenDatabase();
+            recordsets_.OpenRecordsets();
+            VisBrukerTabell();
+            return;
+        }
+        recordsets_.OpenRecordsets();
+        VisBrukerTabell();
+        recordsets_.CompactRequested = false;
+        operator_.messageBox(module_.texts.compactDone, {}, Buttons::Ok);
+    });
+}

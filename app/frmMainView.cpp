@@ -1,0 +1,94 @@
+#include "app/StatusPanel.h"
+#include "app/frmMain.h"
+#include "data/Module1.h"
+#include "inbound/ReceivedPanel.h"
+#include "modem/ModemPanel.h"
+#include "modem/NetworkModemPanel.h"
+#include "ui_frmMain.h"
+#include "users/DoorPanel.h"
+
+// What the main screen shows of the recordsets and of the modem side.
+
+void frmMain::display()
+{
+    doorPanel_->display();
+    receivedPanel_->showCurrent(recordsets_.rsSmsReceived);
+    modemPanel_->display(recordsets_.rsModem);
+    const Recordset &modem = recordsets_.rsModem;
+    receivedPanel_->setModemOn(modem.row() && modem.value(QStringLiteral("ModemStatus")).toBool());
+    setPanel(1, modemPanelText(module_, modem, portWord(), hostName()));
+}
+
+/// What the port menu calls the line.
+QString frmMain::portWord() const
+{
+    const QAction *const entries[] = {ui_->mnuComPortComNone, ui_->mnuComPortCom1,
+                                      ui_->mnuComPortCom2, ui_->mnuComPortCom3,
+                                      ui_->mnuComPortCom4};
+    const quint8 port = module_.ActiveComPort;
+    const QAction *entry = port == 255                 ? ui_->mnuComPortWinsock
+                           : port < std::size(entries) ? entries[port]
+                                                       : ui_->mnuComPortComOther;
+    return entry->text().remove(u'&');
+}
+
+void frmMain::setPanel(int number, const QString &text)
+{
+    sbStatusBar_[number - 1]->setText(text);
+}
+
+void frmMain::appendStatusBox(const QString &text)
+{
+    networkPanel_->appendStatusBox(text);
+}
+
+void frmMain::setTerminal(const QString &text)
+{
+    networkPanel_->setTerminal(text);
+}
+
+void frmMain::showNetworkControls(const NetworkControls &controls)
+{
+    networkPanel_->showNetworkControls(controls);
+}
+
+void frmMain::tickPort(PortMenuEntry entry)
+{
+    const std::pair<PortMenuEntry, QAction *> entries[] = {
+        {PortMenuEntry::ComNone, ui_->mnuComPortComNone},
+        {PortMenuEntry::Com1, ui_->mnuComPortCom1},
+        {PortMenuEntry::Com2, ui_->mnuComPortCom2},
+        {PortMenuEntry::Com3, ui_->mnuComPortCom3},
+        {PortMenuEntry::Com4, ui_->mnuComPortCom4},
+        {PortMenuEntry::ComOther, ui_->mnuComPortComOther},
+        {PortMenuEntry::Winsock, ui_->mnuComPortWinsock},
+    };
+    for (const auto &[meant, action] : entries) {
+        action->setChecked(meant == entry);
+    }
+}
+
+void frmMain::setOtherPortCaption(const QString &caption)
+{
+    ui_->mnuComPortComOther->setText(caption);
+}
+
+QString frmMain::hostName() const
+{
+    return networkPanel_->hostName();
+}
+
+QString frmMain::port() const
+{
+    return networkPanel_->port();
+}
+
+void frmMain::setHostName(const QString &text)
+{
+    networkPanel_->setHostName(text);
+}
+
+void frmMain::setPort(const QString &text)
+{
+    networkPanel_->setPort(text);
+}
