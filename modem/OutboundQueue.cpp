@@ -10,7 +10,7 @@
 #include "platform/Rules.h"
 #include "platform/Text.h"
 
-#include <QScopeGuard>
+#include <algorithm>
 
 namespace {
 
@@ -20,6 +20,18 @@ constexpr int kShortLength = 9;
 
 // With reports off a result up to here is a reference of the network; a byte and one more.
 constexpr int kHighestReference = 256;
+
+/// The number behind the word of a command, short form. Any text is taken for a command; of one
+/// that is none, nothing is found.
+QString numberIn(const QString &text)
+{
+    const QString behindWord = mid(text, 3, kShortLength);
+    // Numbers of eight digits end before that, where the period or the balance begins.
+    const auto *const end = std::find_if(behindWord.begin(), behindWord.end(), [](QChar character) {
+        return character == u'>' || character == u'*';
+    });
+    return behindWord.left(end - behindWord.begin());
+}
 
 } // namespace
 
@@ -149,9 +161,7 @@ void OutboundQueue::writeResult(Recordset &row)
 
 void OutboundQueue::markUser(const QString &text, const QString &recipient)
 {
-    // Any text is taken for a command with a number behind its first two characters; of one that
-    // is none, nothing is found.
-    const QString shortNumber = mid(text, 3, kShortLength);
+    const QString shortNumber = numberIn(text);
     Recordset &catalogue = recordsets_.rsKatalog;
     const QString user = catalogue.findFirst(u"BrukerKort"_qs, shortNumber)
                              ? catalogue.text(u"Bruker"_qs)

@@ -9,15 +9,6 @@
 namespace {
 
 struct Selection : testing::Test, ModemWorld {
-    Selection()
-    {
-        comModem.isMute = false;
-        const QByteArray storage = "\r\n+CPMS: 1,20\r\n\r\nOK\r\n";
-        for (ListedModem *each : {&comModem, &networkModem}) {
-            each->answers["AT+CPMS=\"MT\",\"MT\",\"MT\""] = storage;
-            each->answers["AT+CPMS=\"SM\",\"SM\",\"SM\""] = storage;
-        }
-    }
     void connect()
     {
         person.answers(u"Kobler til: 127.0.0.1 Port 23"_qs);
@@ -180,6 +171,13 @@ TEST_F(Selection, ClearsTheTerminalBeforeItConnects)
     link.line.SendData(u"old"_qs);
     connect();
     EXPECT_FALSE(view.terminal.contains(u"old"_qs));
+}
+
+TEST_F(Selection, ForgetsAHalfTelnetCommandOfTheConnectionBefore)
+{
+    link.line.socketData(QByteArray::fromHex("FFFA01"));
+    connect();
+    EXPECT_TRUE(module.ModemReady);
 }
 
 TEST_F(Selection, LeavesTheModemWhenItDisconnects)

@@ -28,7 +28,7 @@ struct Case {
     bool stillReading;
 };
 
-class WatchedLine : public testing::TestWithParam<Case>, public ModemWorld {};
+class WatchedLine : public testing::TestWithParam<Case>, public ModemBench {};
 
 TEST_P(WatchedLine, HasItsEffect)
 {

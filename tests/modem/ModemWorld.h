@@ -31,7 +31,14 @@ public:
     }
 
     bool isMute = false;
-    QMap<QByteArray, QByteArray> answers; ///< by command; "OK" for all others
+    /// By command; "OK" for all others.
+    QMap<QByteArray, QByteArray> answers = {
+        {"AT+CPMS=\"MT\",\"MT\",\"MT\"", "\r\n+CPMS: 1,30,1,30,1,30\r\n\r\nOK\r\n"},
+        {"AT+CPMS=\"SM\",\"SM\",\"SM\"", "\r\n+CPMS: 1,20,1,20,1,20\r\n\r\nOK\r\n"},
+        {"AT+CGMI", "\r\nNordtone\r\n\r\nOK\r\n"},
+        {"AT+CGMM", "\r\nNT-2\r\n\r\nOK\r\n"},
+        {"AT+GSN", "\r\n350000000000017\r\n\r\nOK\r\n"},
+    };
     QByteArray prompt = "\r\n> ";
     QByteArray result = "\r\n+CMGS: 17\r\n\r\nOK\r\n";
     QList<QByteArray> commands;
@@ -63,13 +70,11 @@ private:
     bool inText_ = false;
 };
 
-/// The modem side with doubles at both ends of it, and a database as delivered.
-struct ModemWorld {
-    ModemWorld()
+/// The modem side with doubles at both ends of it, and no database.
+struct ModemBench {
+    ModemBench()
     {
-        database.use(module);
         module.LoginComputer = host.computer;
-        recordsets.OpenRecordsets();
         link.tables.BuildCharacterTables();
         link.watcher.StartNyBruker = [this] { steps += u"feed"_qs; };
         link.watcher.Read_SMS_MessageTEXT = [this] { steps += u"read"_qs; };
@@ -100,10 +105,6 @@ struct ModemWorld {
         work();
         return clock.elapsed() - start;
     }
-    QString modemRow(const QString &column)
-    {
-        return database.single(u"SELECT "_qs + column + u" FROM Modem"_qs);
-    }
 
     VirtualClock clock;
     ScriptedOperator person{clock};
@@ -111,11 +112,25 @@ struct ModemWorld {
     FakeSerialPort port;
     FakeTcpSocket socket{clock};
     RecordingView view;
-    TestDatabase database;
     Module1 module;
     Recordsets recordsets{module, person};
     ListedModem comModem{clock, [this](const QByteArray &bytes) { port.feed(bytes); }};
     ListedModem networkModem{clock, [this](const QByteArray &bytes) { socket.feed(bytes); }};
     QStringList steps; ///< calls of what stands in higher folders
     ModemLink link{clock, host, person, port, socket, view, module, recordsets};
+};
+
+/// The same with a database as delivered.
+struct ModemWorld : ModemBench {
+    ModemWorld()
+    {
+        database.use(module);
+        recordsets.OpenRecordsets();
+    }
+    QString modemRow(const QString &column)
+    {
+        return database.single(u"SELECT "_qs + column + u" FROM Modem"_qs);
+    }
+
+    TestDatabase database;
 };

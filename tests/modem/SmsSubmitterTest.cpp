@@ -6,7 +6,7 @@
 
 namespace {
 
-struct Submission : testing::Test, ModemWorld {
+struct Submission : testing::Test, ModemBench {
     Submission()
     {
         openCom();
@@ -23,7 +23,7 @@ struct Case {
     int attempts;
 };
 
-class Result : public testing::TestWithParam<std::tuple<Case, bool>>, public ModemWorld {};
+class Result : public testing::TestWithParam<std::tuple<Case, bool>>, public ModemBench {};
 
 TEST_P(Result, EndsInOneOfFourWords)
 {
@@ -105,7 +105,7 @@ struct Refusal {
     QString panel;
 };
 
-class NotTried : public testing::TestWithParam<Refusal>, public ModemWorld {};
+class NotTried : public testing::TestWithParam<Refusal>, public ModemBench {};
 
 TEST_P(NotTried, LeavesAnEmptyResultAndTheTimerOn)
 {
