@@ -84,5 +84,5 @@ int phrasePosition(const QString &text, std::span<const QStringView> phrases)
 QString numberBefore(const QString &text, int phrase)
 {
     const int lineFeed = inStr(phrase - 13, text, QStringLiteral("\n"));
-    return shortNumber(mid(text, lineFeed + 1, phrase - 1 - lineFeed));
+    return withoutCountry(mid(text, lineFeed + 1, phrase - 1 - lineFeed));
 }

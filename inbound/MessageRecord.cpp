@@ -38,7 +38,7 @@ QString ownCharacters(const QString &lineText)
     return result;
 }
 
-QString shortNumber(const QString &number)
+QString withoutCountry(const QString &number)
 {
     return number.startsWith(u'+') ? mid(number, 4) : number;
 }

@@ -23,6 +23,6 @@ QString ownCharacters(const QString &lineText);
 
 /// A number with a leading "+" from its fourth character on: every country code is taken to have
 /// two digits. Any other number as it stands.
-QString shortNumber(const QString &number);
+QString withoutCountry(const QString &number);
 /// Nine characters from the fourth on, trimmed; cut whether or not there is a "+".
 QString shortSender(const QString &number);
