@@ -223,8 +223,10 @@ std::shared_ptr<Connection> Connection::open(const QString &connectionString,
                                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     check(state->database, opened);
     const QByteArray password = connectionParts(connectionString).password.toUtf8();
-    check(state->database,
-          sqlite3_key(state->database, password.constData(), static_cast<int>(password.size())));
+    if (!password.isEmpty()) {
+        check(state->database, sqlite3_key(state->database, password.constData(),
+                                           static_cast<int>(password.size())));
+    }
     sqlite3_busy_timeout(state->database, kBusyTimeout);
     addEngineFunctions(state->database);
     std::shared_ptr<Connection> connection(new Connection(std::move(state)));

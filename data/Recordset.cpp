@@ -32,7 +32,7 @@ struct Recordset::Private {
     }
 
     RowReader reader;
-    /// The first row is still to be read: nobody has asked for anything yet.
+    /// Stands on the first row, which is read when somebody asks for anything.
     bool unread = true;
     Place place = Place::Behind;
     RecordsetRow current; ///< as read; of a removed row the bookmark alone counts
@@ -169,7 +169,9 @@ Recordset &Recordset::operator=(Recordset &&) noexcept = default;
 void Recordset::open(std::shared_ptr<Connection> connection, Query query)
 {
     close();
-    d = std::make_unique<Private>(std::move(connection), std::move(query));
+    auto opening = std::make_unique<Private>(std::move(connection), std::move(query));
+    opening->settle();
+    d = std::move(opening);
 }
 
 void Recordset::close()

@@ -31,7 +31,8 @@ struct RecordsetRow {
 
 /// Rows of a query and a place among them: on a row, before the first or behind the last.
 ///
-/// Opening and requerying cost next to nothing: rows are read when the place moves to them. A row
+/// Opening and requerying cost next to nothing: rows are read when the place moves to them, and of
+/// a sorted set the list of its rows when the first is. A row
 /// keeps the values that it had when the place came to it, until the place moves or requery().
 /// Two places are special: a row that is being added (from addNew() to update()), and a row that
 /// was just removed; from both, moves go on from where the place was.

@@ -43,7 +43,6 @@ void RowReader::sort(const QString &column)
     query_.sort = query_.columns[columnIndex(column)];
     sorted_ = !isRowNumber(query_.sort);
     refresh();
-    connection_->prepare(select(columns_, {}) + order());
 }
 
 int RowReader::columnIndex(const QString &column) const
@@ -115,8 +114,8 @@ std::optional<RecordsetRow> RowReader::stepByKey(const Step &step)
     QStringList conditions;
     QVariantList values = query_.values;
     if (step.start) {
-        conditions += key + (forward ? u'>' : u'<')
-                      + (step.startIncluded ? QStringLiteral("= ?") : QStringLiteral(" ?"));
+        conditions += key + (forward ? u'>' : u'<') +
+                      (step.startIncluded ? QStringLiteral("= ?") : QStringLiteral(" ?"));
         values += *step.start;
     }
     if (!step.criterion.isEmpty()) {

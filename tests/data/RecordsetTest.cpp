@@ -8,12 +8,13 @@
 
 namespace {
 
+/// A catalogue of three, one of them with blanks behind number and name.
 class RecordsetTest : public testing::Test {
 protected:
     RecordsetTest()
     {
-        add(u"+4790000001"_qs, u"Hansen"_qs);
-        add(u"+4790000002"_qs, u"Ødegård"_qs);
+        add(u"+4790000001"_qs, u"Ødegård"_qs);
+        add(u"+4790000002"_qs, u"Hansen"_qs);
         add(u"+4790000003 "_qs, u"Ås  "_qs);
     }
     void add(const QString &Bruker, const QString &Etternavn)
@@ -23,29 +24,255 @@ protected:
     Recordset catalogue(const QString &sort = {})
     {
         Recordset set;
-        set.open(database.open(), {.source = u"Katalog"_qs,
-                                   .columns = {u"Bruker"_qs, u"Etternavn"_qs, u"Fornavn"_qs},
-                                   .sort = sort});
+        set.open(connection, {.source = u"Katalog"_qs,
+                              .columns = {u"Bruker"_qs, u"Etternavn"_qs, u"Fornavn"_qs},
+                              .sort = sort});
         return set;
     }
+    static QStringList column(const Recordset &set, int index)
+    {
+        QStringList values;
+        for (const RecordsetRow &row : set.rows()) {
+            values += row.values[index].toString();
+        }
+        return values;
+    }
+
     TestDatabase database;
+    std::shared_ptr<Connection> connection = database.own();
 };
 
-TEST_F(RecordsetTest, MovesRunOffTheEndsAndFailThere)
+TEST_F(RecordsetTest, NeverOpenedFailsInEveryUse)
+{
+    const Recordset set;
+    EXPECT_FALSE(set.isOpen());
+    EXPECT_THROW(set.eof(), RuntimeFailure);
+    EXPECT_THROW(set.rows(), RuntimeFailure);
+    EXPECT_THROW(set.text(u"Bruker"_qs), RuntimeFailure);
+}
+
+TEST_F(RecordsetTest, FailedOpenLeavesItUnopened)
 {
     Recordset set = catalogue();
-    EXPECT_EQ(set.text(u"Etternavn"_qs), u"Hansen");
+    EXPECT_THROW(set.open(connection, {.source = u"Katalog"_qs, .columns = {u"Adresse"_qs}}),
+                 RuntimeFailure);
+    EXPECT_FALSE(set.isOpen());
+    EXPECT_THROW(set.open(nullptr, {.source = u"Katalog"_qs}), RuntimeFailure);
+}
+
+class RecordsetOrders : public RecordsetTest, public testing::WithParamInterface<const char *> {
+protected:
+    Recordset set = catalogue(QString::fromUtf8(GetParam()));
+};
+
+TEST_P(RecordsetOrders, MovesRunOffBothEndsOnceAndFailBehindThem)
+{
+    const QString first = set.text(u"Bruker"_qs);
     set.movePrevious();
     EXPECT_TRUE(set.bof());
+    EXPECT_FALSE(set.eof());
+    EXPECT_EQ(set.bookmark(), 0);
     EXPECT_THROW(set.movePrevious(), RuntimeFailure);
+    EXPECT_THROW(set.text(u"Bruker"_qs), RuntimeFailure);
     set.moveNext();
-    EXPECT_EQ(set.text(u"Etternavn"_qs), u"Hansen");
+    EXPECT_EQ(set.text(u"Bruker"_qs), first);
     set.moveLast();
     EXPECT_EQ(set.position(), 3);
     set.moveNext();
     EXPECT_TRUE(set.eof());
     EXPECT_FALSE(set.bof());
     EXPECT_THROW(set.moveNext(), RuntimeFailure);
+    EXPECT_FALSE(set.find(u"Bruker"_qs, first));
+    set.movePrevious();
+    EXPECT_EQ(set.position(), 3);
+}
+
+TEST_P(RecordsetOrders, FindGoesForwardFromTheCurrentRowItselfIncluded)
+{
+    ASSERT_TRUE(set.find(u"Etternavn"_qs, set.text(u"Etternavn"_qs)));
+    EXPECT_EQ(set.position(), 1);
+    const QString first = set.text(u"Bruker"_qs);
+    set.moveNext();
+    EXPECT_FALSE(set.find(u"Bruker"_qs, first));
+    EXPECT_TRUE(set.eof());
+    EXPECT_TRUE(set.findFirst(u"[bruker]"_qs, first));
+    EXPECT_FALSE(set.findFirst(u"Bruker"_qs, first, u"Etternavn"_qs, u"Olsen"_qs));
+}
+
+TEST_P(RecordsetOrders, MovesGoOnFromARemovedRow)
+{
+    set.moveNext();
+    const QString second = set.text(u"Bruker"_qs);
+    set.remove();
+    EXPECT_FALSE(set.eof());
+    EXPECT_EQ(set.bookmark(), 0);
+    EXPECT_THROW(set.text(u"Bruker"_qs), RuntimeFailure);
+    EXPECT_THROW(set.remove(), RuntimeFailure);
+    set.moveNext();
+    EXPECT_NE(set.text(u"Bruker"_qs), second);
+    EXPECT_EQ(set.recordCount(), 2);
+    set.remove();
+    set.movePrevious();
+    set.remove();
+    set.moveNext();
+    EXPECT_TRUE(set.bof() && set.eof() && set.isEmpty());
+    set.moveLast();
+    EXPECT_TRUE(set.bof() && set.eof());
+}
+
+TEST_P(RecordsetOrders, NewRowIsCurrentAndItsBookmarkLeadsBack)
+{
+    set.addNew();
+    EXPECT_EQ(set.bookmark(), 0);
+    EXPECT_EQ(set.text(u"Bruker"_qs), QString());
+    set.setValue(u"BRUKER"_qs, u"+4790000009"_qs);
+    set.update();
+    const qint64 bookmark = set.bookmark();
+    EXPECT_EQ(set.text(u"Bruker"_qs), u"+4790000009");
+    set.moveFirst();
+    set.setBookmark(bookmark);
+    EXPECT_EQ(set.text(u"Bruker"_qs), u"+4790000009");
+    set.remove();
+    set.setBookmark(bookmark);
+    EXPECT_TRUE(set.eof());
+    // The number of a deleted row never names another one.
+    set.addNew();
+    set.update();
+    EXPECT_NE(set.bookmark(), bookmark);
+}
+
+TEST_P(RecordsetOrders, CancelledRowLeavesNoTrace)
+{
+    const QString first = set.text(u"Bruker"_qs);
+    set.addNew();
+    set.setValue(u"Bruker"_qs, u"+4790000009"_qs);
+    set.cancelUpdate();
+    set.update();
+    EXPECT_EQ(set.text(u"Bruker"_qs), first);
+    set.setValue(u"Etternavn"_qs, u"Olsen"_qs);
+    EXPECT_EQ(set.text(u"Etternavn"_qs), u"Olsen");
+    set.requery();
+    EXPECT_NE(set.text(u"Etternavn"_qs), u"Olsen");
+    EXPECT_EQ(set.recordCount(), 3);
+}
+
+INSTANTIATE_TEST_SUITE_P(Orders, RecordsetOrders, testing::Values("", "Etternavn"),
+                         [](const auto &order) {
+                             return std::string(*order.param ? "Sorted" : "Natural");
+                         });
+
+struct Criterion {
+    const char *name;
+    QString column;
+    QString value;
+    bool found;
+};
+
+class RecordsetCriteria : public RecordsetTest, public testing::WithParamInterface<Criterion> {};
+
+TEST_P(RecordsetCriteria, AreComparedAsPaddedTextWithoutCase)
+{
+    add(u"Æx 1"_qs, u"Østby Müller"_qs);
+    Recordset set = catalogue();
+    EXPECT_EQ(set.findFirst(GetParam().column, GetParam().value), GetParam().found);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Texts, RecordsetCriteria,
+    testing::Values(Criterion{"StoredWithBlank", u"Bruker"_qs, u"+4790000003"_qs, true},
+                    Criterion{"AskedWithBlanks", u"Bruker"_qs, u"  +4790000001 "_qs, true},
+                    Criterion{"PartOfANumber", u"Bruker"_qs, u"+479000000"_qs, false},
+                    Criterion{"NordicCapitals", u"Etternavn"_qs, u"ØDEGÅRD"_qs, true},
+                    Criterion{"NordicWithBlanksStored", u"Etternavn"_qs, u"ås"_qs, true},
+                    Criterion{"OtherLatinLetters", u"Etternavn"_qs, u"østby mÜLLER"_qs, true},
+                    Criterion{"AnotherLetter", u"Etternavn"_qs, u"ODEGARD"_qs, false},
+                    Criterion{"Wildcards", u"Etternavn"_qs, u"Hans%"_qs, false},
+                    Criterion{"DoubleQuotes", u"Etternavn"_qs, u"\" OR 1"_qs, false}),
+    [](const auto &criterion) { return criterion.param.name; });
+
+TEST_F(RecordsetTest, SingleQuoteInAValueFailsWhereverTheSetStands)
+{
+    Recordset set = catalogue();
+    EXPECT_THROW(set.find(u"Etternavn"_qs, u"O'Brien"_qs), RuntimeFailure);
+    EXPECT_THROW(set.findFirst(u"Bruker"_qs, u"' OR '1'='1"_qs), RuntimeFailure);
+    set.moveLast();
+    set.moveNext();
+    EXPECT_THROW(set.find(u"Etternavn"_qs, u"'"_qs), RuntimeFailure);
+}
+
+TEST_F(RecordsetTest, UnknownColumnFailsAndIsNoText)
+{
+    Recordset set = catalogue();
+    EXPECT_THROW(set.find(u"Poststed"_qs, u"Poststed"_qs), RuntimeFailure);
+    EXPECT_THROW(set.text(u"Adresse"_qs), RuntimeFailure);
+    EXPECT_THROW(set.sort(u"Bruker DESC"_qs), RuntimeFailure);
+    EXPECT_THROW(set.setValue(u"Rad"_qs, 1), RuntimeFailure);
+}
+
+TEST_F(RecordsetTest, ValueWithQuoteIsStoredAsItStands)
+{
+    Recordset set = catalogue();
+    set.setValue(u"Etternavn"_qs, u"O'Brien"_qs);
+    set.update();
+    EXPECT_EQ(database.single(u"SELECT Etternavn FROM Katalog WHERE Rad = 1"_qs), u"O'Brien");
+}
+
+TEST_F(RecordsetTest, NordicLettersSortBehindZ)
+{
+    add(u"4"_qs, u"Ærlig"_qs);
+    add(u"5"_qs, u"zakarias"_qs);
+    const QStringList expected = {u"Hansen"_qs, u"zakarias"_qs, u"Ærlig"_qs, u"Ødegård"_qs,
+                                  u"Ås  "_qs};
+    EXPECT_EQ(column(catalogue(u"Etternavn"_qs), 1), expected);
+}
+
+TEST_F(RecordsetTest, PeriodsSortAsDatesAndOtherTextBehindThem)
+{
+    for (const char *day : {"x", "2/1/2027", "", "10/12/2026", "9/12/2026"}) {
+        database.add(u"NYEbrukere"_qs, u"Gyldig fra,Bruker"_qs, {QString::fromUtf8(day), u"a"_qs});
+    }
+    Recordset set;
+    set.open(connection, {.source = u"NYEbrukere"_qs,
+                          .columns = {u"Gyldig fra"_qs, u"ID"_qs},
+                          .sort = u"[gyldig FRA]"_qs});
+    const QStringList byDate = {u"9/12/2026"_qs, u"10/12/2026"_qs, u"2/1/2027"_qs, {}, u"x"_qs};
+    EXPECT_EQ(column(set, 0), byDate);
+    EXPECT_EQ(set.text(u"ID"_qs), u"5");
+    set.sort(u"ID"_qs);
+    EXPECT_EQ(set.text(u"Gyldig fra"_qs), u"x");
+}
+
+TEST_F(RecordsetTest, SavedQueryShowsTheDoorsUsersOnceEach)
+{
+    for (const char *user : {"+4790000003", "+4790000001", "+4790000008"}) {
+        database.add(u"TBLbrukere"_qs, u"KeyBruker,KeyNummer,Konto"_qs,
+                     {QString::fromUtf8(user), u"+4790000100"_qs, u"Gjest"_qs});
+    }
+    Recordset set;
+    set.open(connection, {.source = u"brukere"_qs,
+                          .columns = {u"Bruker"_qs, u"Etternavn"_qs},
+                          .filter = equals(u"KeyNummer"_qs),
+                          .values = {u"+4790000100"_qs},
+                          .sort = u"Bruker"_qs,
+                          .key = u"Rad"_qs});
+    const QStringList names = {u"Ødegård"_qs, u"Ås  "_qs};
+    EXPECT_EQ(column(set, 1), names);
+    set.moveLast();
+    EXPECT_EQ(set.text(u"Etternavn"_qs), u"Ås  ");
+    set.setValue(u"Etternavn"_qs, u"Olsen"_qs);
+    EXPECT_THROW(set.update(), RuntimeFailure);
+}
+
+TEST_F(RecordsetTest, DoorTakesItsUsersAlong)
+{
+    database.add(u"KEYTable"_qs, u"KeyNummer"_qs, {u"+4790000100"_qs});
+    database.add(u"TBLbrukere"_qs, u"KeyBruker,KeyNummer"_qs, {u"a"_qs, u"+4790000100 "_qs});
+    database.add(u"TBLbrukere"_qs, u"KeyBruker,KeyNummer"_qs, {u"a"_qs, u"+4790000101"_qs});
+    Recordset doors;
+    doors.open(connection, {.source = u"KEYTable"_qs, .columns = {u"KeyNummer"_qs}});
+    doors.remove();
+    EXPECT_EQ(database.single(u"SELECT group_concat(KeyNummer) FROM TBLbrukere"_qs),
+              u"+4790000101");
 }
 
 } // namespace

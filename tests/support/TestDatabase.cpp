@@ -44,12 +44,12 @@ std::shared_ptr<Connection> TestDatabase::open() const
     return Connection::open(connectionString(path()));
 }
 
-Connection &TestDatabase::look()
+const std::shared_ptr<Connection> &TestDatabase::own()
 {
     if (!look_) {
         look_ = open();
     }
-    return *look_;
+    return look_;
 }
 
 void TestDatabase::add(const QString &table, const QString &columns, const QVariantList &values)

@@ -20,8 +20,9 @@ public:
     QString filePath(const QString &name) const { return folder_.filePath(name); }
     /// A new connection, as another PC would make one.
     std::shared_ptr<Connection> open() const;
-    /// One more connection of this object, for looking at the file and for filling it.
-    Connection &look();
+    /// The connection of this object, for looking at the file and for filling it.
+    const std::shared_ptr<Connection> &own();
+    Connection &look() { return *own(); }
     /// Writes a row: the table, its columns joined by ",", and their values.
     void add(const QString &table, const QString &columns, const QVariantList &values);
     /// First column of the first row, as text.

@@ -1,0 +1,115 @@
+#include "data/LanguageTable.h"
+
+#include "data/Connection.h"
+#include "data/LanguageRows.h"
+#include "data/ScreenTexts.h"
+#include "platform/RuntimeFailure.h"
+#include "support/TestDatabase.h"
+
+#include <gtest/gtest.h>
+
+#include <QMap>
+#include <QSet>
+
+namespace {
+
+class LanguageTableTest : public testing::Test {
+protected:
+    QMap<int, QString> read(const QString &CountryCode)
+    {
+        QMap<int, QString> texts;
+        readLanguage(database.look(), CountryCode,
+                     [&](quint8 position, const QString &text) { texts[position] = text; });
+        return texts;
+    }
+    TestDatabase database;
+};
+
+TEST_F(LanguageTableTest, EachCountryHasItsColumn)
+{
+    EXPECT_EQ(read(u"47"_qs)[150], u"Gjest");
+    EXPECT_EQ(read(u"46"_qs)[150], u"Gäst");
+    EXPECT_EQ(read(u"45"_qs)[150], u"Gæst");
+    EXPECT_THROW(read(u"49"_qs), RuntimeFailure);
+    EXPECT_THROW(read({}), RuntimeFailure);
+}
+
+TEST_F(LanguageTableTest, DeliveredTextsStandAtAllPositionsOfTheMainScreen)
+{
+    QSet<int> positions;
+    for (const auto &[from, to] : {std::pair(1, 24),
+                                   {26, 60},
+                                   {131, 131},
+                                   {137, 137},
+                                   {143, 150},
+                                   {210, 212},
+                                   {214, 217},
+                                   {219, 223},
+                                   {225, 227}}) {
+        for (int position = from; position <= to; ++position) {
+            positions += position;
+        }
+    }
+    for (const char *country : {"47", "46", "45"}) {
+        const auto texts = read(QString::fromUtf8(country)).keys();
+        EXPECT_EQ(QSet<int>(texts.begin(), texts.end()), positions) << country;
+    }
+}
+
+TEST_F(LanguageTableTest, DefaultsOfTheMessagesAreWhatTheTableSaysInNorwegian)
+{
+    ScreenTexts emptied;
+    const auto texts = read(u"47"_qs);
+    for (auto text = texts.begin(); text != texts.end(); ++text) {
+        applyWord(emptied, static_cast<quint8>(text.key()), text.value());
+    }
+    const ScreenTexts asDesigned;
+    EXPECT_EQ(emptied.compactQuestion, asDesigned.compactQuestion);
+    EXPECT_EQ(emptied.brukerVenter, asDesigned.brukerVenter);
+    EXPECT_EQ(emptied.sjekkNummer, asDesigned.sjekkNummer);
+    EXPECT_EQ(emptied.minstElleve, asDesigned.minstElleve);
+    applyWord(emptied, 137, u"Nya"_qs);
+    EXPECT_EQ(emptied.nye, u"Nya");
+    EXPECT_EQ(emptied.alle, asDesigned.alle);
+}
+
+TEST_F(LanguageTableTest, OnlyThePositionCounts)
+{
+    database.look().run(u"DELETE FROM TBLLanguage WHERE ID = 149"_qs);
+    EXPECT_EQ(read(u"47"_qs)[149], u"Gjest");
+    database.look().run(u"DELETE FROM TBLLanguage WHERE ID > 100"_qs);
+    EXPECT_EQ(read(u"47"_qs).lastKey(), 60);
+}
+
+TEST_F(LanguageTableTest, Row256FailsBehindTheTextsBeforeIt)
+{
+    while (database.single(u"SELECT count(*) FROM TBLLanguage"_qs) != u"256") {
+        database.add(u"TBLLanguage"_qs, u"Norsk"_qs, {u"x"_qs});
+    }
+    int last = 0;
+    EXPECT_THROW(readLanguage(database.look(), u"47"_qs,
+                              [&](quint8 position, const QString &) { last = position; }),
+                 RuntimeFailure);
+    EXPECT_EQ(last, 255);
+}
+
+TEST_F(LanguageTableTest, NoLetterOpensTwoEntriesOfAMenu)
+{
+    const auto rows = languageRows();
+    for (const QList<int> &menu :
+         {QList<int>{1, 6, 11, 13, 20, 27, 31}, {2, 3, 4, 5}, {26, 21, 22, 23, 24}, {28, 29, 30}}) {
+        for (const auto language :
+             {&LanguageRow::norsk, &LanguageRow::dansk, &LanguageRow::svensk}) {
+            QSet<QChar> letters;
+            for (const int position : menu) {
+                const QString caption = rows[static_cast<std::size_t>(position - 1)].*language;
+                const qsizetype sign = caption.indexOf(u'&');
+                ASSERT_GE(sign, 0) << position;
+                letters += caption[sign + 1].toLower();
+            }
+            EXPECT_EQ(letters.size(), menu.size()) << rows[0].norsk.toStdString() << menu.first();
+        }
+    }
+}
+
+} // namespace

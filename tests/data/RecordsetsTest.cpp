@@ -1,0 +1,273 @@
+#include "data/Recordsets.h"
+
+#include "data/Connection.h"
+#include "data/FileUse.h"
+#include "data/Module1.h"
+#include "platform/RuntimeFailure.h"
+#include "support/Doubles.h"
+#include "support/TestDatabase.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+
+namespace {
+
+class RecordsetsTest : public testing::Test {
+protected:
+    RecordsetsTest()
+    {
+        addDoor(u"+4790000001"_qs, u"Hovedport"_qs, u"5"_qs);
+        addDoor(u"+4790000002"_qs, u"Garasje"_qs, u"6"_qs);
+        addDoor(u"+4790000003"_qs, u"Tårn"_qs, u"7"_qs);
+        database.use(module);
+        recordsets.display = [this] { ++displays; };
+    }
+    void addDoor(const QString &number, const QString &name, const QString &level)
+    {
+        database.add(u"KEYTable"_qs, u"KeyNummer,KeyNavn,KeySikkerhet"_qs, {number, name, level});
+    }
+    void addSent(const QString &CMGS) { database.add(u"SMS_Sent"_qs, u"CMGS"_qs, {CMGS}); }
+
+    TestDatabase database;
+    VirtualClock clock;
+    ScriptedOperator person{clock};
+    Module1 module;
+    Recordsets recordsets{module, person};
+    int displays = 0;
+};
+
+TEST_F(RecordsetsTest, CurrentDoorIsShownWithItsUsers)
+{
+    database.add(u"TBLbrukere"_qs, u"KeyBruker,KeyNummer"_qs, {u"a"_qs, u"+4790000002"_qs});
+    database.add(u"TBLbrukere"_qs, u"KeyBruker,KeyNummer"_qs, {u"b"_qs, u"+4790000001"_qs});
+    module.KeySelect = u"+4790000002"_qs;
+    recordsets.OpenRecordsets();
+    EXPECT_EQ(recordsets.doorNumber(), u"+4790000002");
+    EXPECT_EQ(recordsets.doorName(), u"Garasje");
+    EXPECT_EQ(recordsets.rsBrukereKey.recordCount(), 1);
+    EXPECT_EQ(recordsets.rsBrukereKey.text(u"KeyBruker"_qs), u"a");
+    EXPECT_EQ(displays, 1);
+    recordsets.rsKeyAllowed.moveFirst();
+    EXPECT_EQ(recordsets.doorName(), u"Hovedport");
+}
+
+TEST_F(RecordsetsTest, DoorAboveTheLevelLeavesTheSetAtItsEndAndShowsTheFirst)
+{
+    module.KeySelect = u"+4790000003"_qs;
+    recordsets.OpenRecordsets();
+    EXPECT_TRUE(recordsets.rsKeyAllowed.eof());
+    EXPECT_EQ(recordsets.doorNumber(), u"+4790000001");
+    EXPECT_EQ(recordsets.doorName(), u"Hovedport");
+    EXPECT_EQ(recordsets.rsKeyAll.recordCount(), 3);
+}
+
+TEST_F(RecordsetsTest, LevelsCompareAsText)
+{
+    addDoor(u"+4790000010"_qs, u"Ti"_qs, u"10"_qs);
+    addDoor(u"+4790000052"_qs, u"Femtito"_qs, u"52"_qs);
+    module.SecurityLevel = u"5"_qs;
+    recordsets.OpenRecordsets();
+    QStringList names;
+    for (const RecordsetRow &row : recordsets.rsKeyAllowed.rows()) {
+        names += row.values[1].toString();
+    }
+    EXPECT_EQ(names, QStringList({u"Hovedport"_qs, u"Ti"_qs}));
+}
+
+TEST_F(RecordsetsTest, EmptyTablesAreNoFailure)
+{
+    database.look().run(u"DELETE FROM KEYTable"_qs);
+    database.look().run(u"DELETE FROM Modem"_qs);
+    recordsets.OpenRecordsets();
+    EXPECT_EQ(displays, 1);
+    EXPECT_EQ(recordsets.doorNumber(), QString());
+    EXPECT_TRUE(recordsets.rsSmsReceived.eof() && recordsets.rsSmsReceived.bof());
+    EXPECT_EQ(modemPanelText(module, recordsets.rsModem, u"ComPort"_qs, {}), u"  på ComPort");
+}
+
+TEST_F(RecordsetsTest, MessagesStandWhereTheirStateSays)
+{
+    for (const char *state : {"UNSENT", "17", "unsent ", "SLETTET", "ERROR"}) {
+        addSent(QString::fromUtf8(state));
+    }
+    database.add(u"SMS_Received"_qs, u"SMS_Text"_qs, {u"første"_qs});
+    database.add(u"SMS_Received"_qs, u"SMS_Text"_qs, {u"siste"_qs});
+    recordsets.OpenRecordsets();
+    EXPECT_EQ(recordsets.rsSmsOutbox.recordCount(), 3);
+    EXPECT_EQ(recordsets.rsSmsSentDone.recordCount(), 3);
+    EXPECT_EQ(recordsets.rsSmsReceived.text(u"SMS_Text"_qs), u"siste");
+    // Within a day the queue keeps the table's order.
+    recordsets.rsSmsOutbox.sort(u"datolng"_qs);
+    EXPECT_EQ(recordsets.rsSmsOutbox.text(u"ID"_qs), u"1");
+    // A row that leaves the queue stays in the set until the next refresh.
+    recordsets.rsSmsOutbox.setValue(u"CMGS"_qs, u"18"_qs);
+    recordsets.rsSmsOutbox.update();
+    EXPECT_EQ(recordsets.rsSmsOutbox.text(u"CMGS"_qs), u"18");
+    recordsets.rsSmsOutbox.moveNext();
+    EXPECT_EQ(recordsets.rsSmsOutbox.text(u"ID"_qs), u"3");
+}
+
+TEST_F(RecordsetsTest, DoorsAreCountedForEachUserOnce)
+{
+    for (const char *user : {"+4791000001", "+4791000002", "+4791000001 "}) {
+        database.add(u"TBLbrukere"_qs, u"KeyBruker,KeyNummer"_qs,
+                     {QString::fromUtf8(user), u"+4790000001"_qs});
+    }
+    recordsets.OpenRecordsets();
+    EXPECT_EQ(recordsets.rsKeyAntall.recordCount(), 2);
+    ASSERT_TRUE(recordsets.rsKeyAntall.findFirst(u"KeyBruker"_qs, u"+4791000001"_qs));
+    EXPECT_EQ(recordsets.rsKeyAntall.text(u"KEY_Antall"_qs), u"2");
+    EXPECT_EQ(database.single(u"SELECT antallavkeynummer FROM brukertillatelser"
+                              " WHERE Bruker = '+4791000001'"_qs),
+              u"2");
+}
+
+TEST_F(RecordsetsTest, RowOfAnotherPcIsThereAfterTheNextRefresh)
+{
+    recordsets.OpenRecordsets();
+    database.open()->run(u"UPDATE Modem SET ModemOwner = 'PC2', ModemStatus = -1"_qs);
+    recordsets.OpenRecordsets();
+    EXPECT_EQ(recordsets.rsModem.text(u"ModemOwner"_qs), u"PC2");
+    EXPECT_TRUE(recordsets.rsModem.value(u"ModemStatus"_qs).toBool());
+}
+
+TEST_F(RecordsetsTest, FailureIsShownAndStopsTheRefreshWhereItStands)
+{
+    recordsets.OpenRecordsets();
+    database.look().run(u"ALTER TABLE Katalog RENAME TO Borte"_qs);
+    addSent(u"UNSENT"_qs);
+    person.answers(u"Katalog"_qs);
+    recordsets.OpenRecordsets();
+    EXPECT_FALSE(recordsets.rsKatalog.isOpen());
+    EXPECT_TRUE(recordsets.rsBrukereKey.isOpen());
+    EXPECT_EQ(displays, 1);
+}
+
+TEST_F(RecordsetsTest, QuoteInTheStoredDoorFailsInWords)
+{
+    module.KeySelect = u"x' OR '1'='1"_qs;
+    person.answers(u"apostrof"_qs);
+    recordsets.OpenRecordsets();
+    EXPECT_EQ(displays, 0);
+}
+
+TEST_F(RecordsetsTest, MissingDatabaseIsShownAndLeavesNoConnection)
+{
+    module.DatabasePath = database.filePath(u"borte.mdb"_qs);
+    person.answers(u"Finner ikke databasefilen"_qs);
+    recordsets.OpenDatabase();
+    EXPECT_TRUE(recordsets.CompactFailed);
+    EXPECT_EQ(module.DatabaseConnection, nullptr);
+    person.answers(u"Ingen database"_qs);
+    recordsets.OpenRecordsets();
+    EXPECT_FALSE(recordsets.rsKeyAll.isOpen());
+}
+
+class CompactionTest : public RecordsetsTest {
+protected:
+    CompactionTest()
+    {
+        for (int i = 0; i < 200; ++i) {
+            addSent(u"UNSENT"_qs);
+        }
+        database.look().run(u"DELETE FROM SMS_Sent WHERE ID > 2 AND ID <> 150"_qs);
+        database.look().run(u"DELETE FROM KEYTable WHERE KeyNavn = 'Hovedport'"_qs);
+        database.look().close();
+        recordsets.OpenRecordsets();
+        recordsets.CompactRequested = true;
+    }
+    qint64 sizeOf(const QString &path) { return QFile(path).size(); }
+};
+
+TEST_F(CompactionTest, KeepsRowsNumbersPasswordAndBackup)
+{
+    QFile earlier(module.BackupDatabasePath);
+    ASSERT_TRUE(earlier.open(QIODevice::WriteOnly) && earlier.write("eldre") == 5);
+    earlier.close();
+    const qint64 before = sizeOf(module.DatabasePath);
+    recordsets.OpenDatabase();
+    ASSERT_FALSE(recordsets.CompactFailed);
+    EXPECT_EQ(sizeOf(module.BackupDatabasePath), before);
+    EXPECT_FALSE(QFile::exists(module.TempDatabasePath));
+
+    Connection &connection = *module.DatabaseConnection;
+    const auto read = [&](const QString &sql) { return connection.single(sql).toString(); };
+    EXPECT_EQ(read(u"SELECT group_concat(ID) FROM SMS_Sent"_qs), u"1,2,150");
+    EXPECT_EQ(read(u"SELECT min(Rad) FROM KEYTable"_qs), u"2");
+    EXPECT_EQ(read(u"PRAGMA user_version"_qs), u"1");
+    EXPECT_EQ(read(u"PRAGMA integrity_check"_qs), u"ok");
+    EXPECT_EQ(read(u"SELECT count(*) FROM sqlite_master WHERE type IN ('view', 'trigger')"_qs),
+              u"3");
+    connection.run(u"INSERT INTO SMS_Sent (CMGS) VALUES ('UNSENT')"_qs);
+    EXPECT_EQ(connection.lastInsertRowId(), 201) << "numbers of deleted rows come back";
+}
+
+TEST_F(CompactionTest, FileHeldByAnotherStaysAsItIs)
+{
+    const auto other = database.open();
+    person.answers(u"i bruk av et annet program"_qs);
+    recordsets.OpenDatabase();
+    EXPECT_TRUE(recordsets.CompactFailed);
+    EXPECT_FALSE(QFile::exists(module.TempDatabasePath));
+    recordsets.CompactRequested = false;
+    recordsets.OpenDatabase();
+    recordsets.OpenRecordsets();
+    EXPECT_FALSE(recordsets.CompactFailed);
+    EXPECT_EQ(recordsets.rsSmsOutbox.recordCount(), 3);
+}
+
+TEST_F(CompactionTest, FileLeftByAnEarlierOneIsNotTouched)
+{
+    QFile left(module.TempDatabasePath);
+    ASSERT_TRUE(left.open(QIODevice::WriteOnly) && left.write("igjen") == 5);
+    left.close();
+    person.answers(module.TempDatabasePath);
+    recordsets.OpenDatabase();
+    EXPECT_TRUE(recordsets.CompactFailed);
+    EXPECT_EQ(sizeOf(module.TempDatabasePath), 5);
+    EXPECT_NO_THROW(database.open());
+}
+
+TEST_F(CompactionTest, BrokenFileStaysAndNoHalfOneIsLeft)
+{
+    // From the third page on: the list of tables still reads.
+    QFile file(module.DatabasePath);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.seek(8192));
+    file.write(QByteArray(int(file.size()) - 8192, 'x'));
+    file.close();
+    person.answers({});
+    recordsets.OpenDatabase();
+    EXPECT_TRUE(recordsets.CompactFailed);
+    EXPECT_TRUE(QFile::exists(module.DatabasePath));
+    EXPECT_FALSE(QFile::exists(module.TempDatabasePath));
+}
+
+struct Panel {
+    const char *name;
+    int port;
+    bool ready;
+    QString text;
+};
+
+class ModemPanelText : public RecordsetsTest, public testing::WithParamInterface<Panel> {};
+
+TEST_P(ModemPanelText, NamesThePlace)
+{
+    database.look().run(u"UPDATE Modem SET ModemManufacturer = 'Acme', ModemName = 'M1'"_qs);
+    recordsets.OpenRecordsets();
+    module.ActiveComPort = static_cast<quint8>(GetParam().port);
+    module.ModemReady = GetParam().ready;
+    EXPECT_EQ(modemPanelText(module, recordsets.rsModem, u"ComPort"_qs, u"vert"_qs),
+              GetParam().text);
+}
+
+INSTANTIATE_TEST_SUITE_P(Lines, ModemPanelText,
+                         testing::Values(Panel{"ComReady", 7, true, u"Acme M1 på COM7"_qs},
+                                         Panel{"ComNotReady", 7, false, u"Acme M1 på ComPort"_qs},
+                                         Panel{"NetReady", 255, true, u"Acme M1 på vert"_qs},
+                                         Panel{"NetNotReady", 255, false, u"Acme M1 på ComPort"_qs},
+                                         Panel{"NoLine", 0, true, u"Acme M1 på ComPort"_qs}),
+                         [](const auto &panel) { return panel.param.name; });
+
+} // namespace

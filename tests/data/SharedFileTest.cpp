@@ -1,0 +1,122 @@
+#include "data/Connection.h"
+#include "data/Recordset.h"
+#include "platform/RuntimeFailure.h"
+#include "support/TestDatabase.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// Two PCs on one file, both on the same row.
+class SharedFileTest : public testing::Test {
+protected:
+    SharedFileTest()
+    {
+        database.add(u"Katalog"_qs, u"Bruker,Etternavn,Fornavn"_qs,
+                     {u"+4790000001"_qs, u"Berg"_qs, {}});
+        for (Recordset *set : {&ours, &theirs}) {
+            set->open(database.open(), {.source = u"Katalog"_qs,
+                                        .columns = {u"Bruker"_qs, u"Etternavn"_qs, u"Fornavn"_qs}});
+            set->moveFirst();
+        }
+    }
+    void change(Recordset &set, const QString &Etternavn)
+    {
+        set.setValue(u"Etternavn"_qs, Etternavn);
+        set.update();
+    }
+    QString stored() { return database.single(u"SELECT Etternavn FROM Katalog"_qs); }
+
+    TestDatabase database;
+    Recordset ours;
+    Recordset theirs;
+};
+
+TEST_F(SharedFileTest, ChangedRowIsNotOverwritten)
+{
+    change(theirs, u"Dahl"_qs);
+    EXPECT_THROW(change(ours, u"Moe"_qs), RuntimeFailure);
+    EXPECT_EQ(stored(), u"Dahl");
+    EXPECT_EQ(ours.text(u"Etternavn"_qs), u"Moe") << "what was typed is not lost";
+    ours.requery();
+    change(ours, u"Moe"_qs);
+    EXPECT_EQ(stored(), u"Moe");
+}
+
+TEST_F(SharedFileTest, ChangeOfCaseBlanksOrAnotherColumnCountsAsChange)
+{
+    change(theirs, u"BERG "_qs);
+    EXPECT_THROW(change(ours, u"Moe"_qs), RuntimeFailure);
+    change(theirs, u"Berg"_qs);
+    change(ours, u"Berg"_qs);
+    theirs.setValue(u"Fornavn"_qs, QString());
+    theirs.update();
+    EXPECT_THROW(change(ours, u"Moe"_qs), RuntimeFailure);
+}
+
+TEST_F(SharedFileTest, OnlyChangedColumnsAreWritten)
+{
+    database.look().run(u"UPDATE Katalog SET Poststed = 'Moss'"_qs);
+    change(ours, u"Moe"_qs);
+    EXPECT_EQ(database.single(u"SELECT Poststed FROM Katalog"_qs), u"Moss");
+}
+
+TEST_F(SharedFileTest, DeletedRowIsNeitherChangedNorDeletedAgain)
+{
+    theirs.remove();
+    EXPECT_THROW(change(ours, u"Moe"_qs), RuntimeFailure);
+    EXPECT_THROW(ours.remove(), RuntimeFailure);
+    EXPECT_TRUE(ours.isEmpty());
+}
+
+TEST_F(SharedFileTest, ChangedRowIsNotDeleted)
+{
+    change(theirs, u"Dahl"_qs);
+    EXPECT_THROW(ours.remove(), RuntimeFailure);
+    EXPECT_EQ(stored(), u"Dahl");
+}
+
+TEST_F(SharedFileTest, SamePersonTwiceFails)
+{
+    ours.addNew();
+    ours.setValue(u"Bruker"_qs, u"+4790000001 "_qs);
+    EXPECT_THROW(ours.update(), RuntimeFailure);
+    EXPECT_EQ(theirs.recordCount(), 1);
+}
+
+TEST_F(SharedFileTest, RowsOfAnotherAppearAtRequeryAndTheCurrentRowStaysAsRead)
+{
+    theirs.setValue(u"Etternavn"_qs, u"Dahl"_qs);
+    theirs.update();
+    EXPECT_EQ(ours.text(u"Etternavn"_qs), u"Berg");
+    ours.requery();
+    EXPECT_EQ(ours.text(u"Etternavn"_qs), u"Dahl");
+}
+
+TEST_F(SharedFileTest, SortedWalkPassesOverARowDeletedByAnother)
+{
+    database.add(u"Katalog"_qs, u"Bruker,Etternavn"_qs, {u"2"_qs, u"Dahl"_qs});
+    database.add(u"Katalog"_qs, u"Bruker,Etternavn"_qs, {u"3"_qs, u"Moe"_qs});
+    ours.sort(u"Etternavn"_qs);
+    EXPECT_EQ(ours.text(u"Etternavn"_qs), u"Berg");
+    theirs.findFirst(u"Bruker"_qs, u"2"_qs);
+    theirs.remove();
+    ours.moveNext();
+    EXPECT_EQ(ours.text(u"Etternavn"_qs), u"Moe");
+}
+
+TEST_F(SharedFileTest, LockedFileKeepsTheTypedValuesForTheNextTry)
+{
+    const auto busy = database.open();
+    const auto impatient = database.open();
+    impatient->run(u"PRAGMA busy_timeout = 0"_qs);
+    ours.open(impatient, {.source = u"Katalog"_qs, .columns = {u"Etternavn"_qs}});
+    ours.setValue(u"Etternavn"_qs, u"Moe"_qs);
+    busy->run(u"BEGIN EXCLUSIVE"_qs);
+    EXPECT_THROW(ours.update(), RuntimeFailure);
+    busy->run(u"COMMIT"_qs);
+    ours.update();
+    EXPECT_EQ(stored(), u"Moe");
+}
+
+} // namespace
