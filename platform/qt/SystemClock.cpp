@@ -113,3 +113,10 @@ void SystemClock::end()
 {
     ended_ = true;
 }
+
+void SystemClock::throwIfEnded() const
+{
+    if (ended_) {
+        throw ProgramEnds();
+    }
+}
