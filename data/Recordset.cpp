@@ -239,8 +239,8 @@ int Recordset::recordCount() const
 
 int Recordset::position() const
 {
-    const Private &set = settled();
-    return bookmark() == 0 ? 0 : d->reader.position(set.current.bookmark);
+    const qint64 current = bookmark();
+    return current == 0 ? 0 : d->reader.position(current);
 }
 
 void Recordset::moveFirst()

@@ -168,9 +168,11 @@ class CompactionTest : public RecordsetsTest {
 protected:
     CompactionTest()
     {
-        for (int i = 0; i < 200; ++i) {
-            addSent(u"UNSENT"_qs);
-        }
+        database.look().transaction([&] {
+            for (int i = 0; i < 200; ++i) {
+                addSent(u"UNSENT"_qs);
+            }
+        });
         database.look().run(u"DELETE FROM SMS_Sent WHERE ID > 2 AND ID <> 150"_qs);
         database.look().run(u"DELETE FROM KEYTable WHERE KeyNavn = 'Hovedport'"_qs);
         database.look().close();
