@@ -23,8 +23,9 @@ public:
     void SendData(const QString &OutString);
     /// Stands ready for a second consumer of what comes in; nothing is done with it.
     void ReceiveData(const QString &InputString);
-    /// The next line without its line end, or an empty string behind the time-out (2 s on a COM
-    /// port, 1 s on the network modem).
+    /// The next line without its line end. Behind the time-out (2 s on a COM port, 1 s on the
+    /// network modem) an empty string, or what came of a line that never ended; of a line over
+    /// 64 KiB a part.
     QString ReadModemLine();
     /// ">" or an empty string behind the time-out.
     QString ReadModemPrompt();

@@ -15,6 +15,9 @@ constexpr unsigned char kIac = 255;
 // the two opening bytes as garbage; it must not stay deaf for good.
 constexpr int kLongestSubnegotiation = 1024;
 
+// Who asks for more doesn't listen, and the answers would pile up in the socket.
+constexpr int kMostRefusals = 1000;
+
 } // namespace
 
 TelnetFilter::Result TelnetFilter::receive(const QByteArray &bytes)
@@ -34,9 +37,11 @@ TelnetFilter::Result TelnetFilter::receive(const QByteArray &bytes)
             command(byte, result);
             break;
         case State::Refused:
-            result.answer += static_cast<char>(kIac);
-            result.answer += refusal_;
-            result.answer += character;
+            if (++refusals_ <= kMostRefusals) {
+                result.answer += static_cast<char>(kIac);
+                result.answer += refusal_;
+                result.answer += character;
+            }
             state_ = State::Data;
             break;
         case State::Ignored:

@@ -3,7 +3,8 @@
 #include <QByteArray>
 
 /// Takes the telnet commands out of what a terminal server sends (RFC 854 and 855), so that the
-/// modem's own bytes are left. Every option is refused; commands may be split anywhere.
+/// modem's own bytes are left. Every option is refused; commands may be split anywhere. One filter
+/// serves one connection.
 ///
 /// A bridge that knows no telnet is no different: byte 255, the only one with a meaning here, is
 /// none that a modem in text mode sends.
@@ -24,4 +25,5 @@ private:
     State state_ = State::Data;
     char refusal_ = 0;
     int subnegotiated_ = 0;
+    int refusals_ = 0;
 };

@@ -65,6 +65,14 @@ TEST(TelnetFilter, HearsTheModemAgainAfterASubnegotiationThatNeverEnds)
     EXPECT_TRUE(filter.receive("\r\nOK\r\n").data.endsWith("OK\r\n"));
 }
 
+TEST(TelnetFilter, StopsAnsweringAServerThatDoesNotListen)
+{
+    TelnetFilter filter;
+    const QByteArray question = hex("FFFB01");
+    EXPECT_EQ(filter.receive(question.repeated(1'000'000)).answer.size(), 3 * 1000);
+    EXPECT_EQ(filter.receive(question + "OK").data, "OK");
+}
+
 TEST(TelnetFilter, DoublesWhatWouldBeACommandOnTheWayOut)
 {
     EXPECT_EQ(TelnetFilter::escaped("a" + hex("FFFE") + "b" + hex("FF")),
