@@ -11,11 +11,18 @@
 #include "platform/Host.h"
 #include "platform/Text.h"
 
+#include <QScopeGuard>
+
 #include <utility>
 
 namespace {
 
 constexpr int kDeleteAttempts = 3;
+
+// A body that reads like a header makes the watcher start the interpreter inside the interpreter.
+// A few times over that is how it is to be; a modem that says nothing but headers must not eat up
+// the stack.
+constexpr int kDeepestNesting = 8;
 
 Interpretation interpretation(ModemLink &link, Module1 &module, Recordsets &recordsets,
                               ErrorRule &rule, const Clock &clock, const Host &host)
@@ -41,6 +48,12 @@ MessageReader::MessageReader(ModemLink &link, Module1 &module, Recordsets &recor
 
 void MessageReader::Read_SMS_MessageTEXT()
 {
+    if (nesting_ == kDeepestNesting) {
+        return; // the calls around this one set the timers going again
+    }
+    ++nesting_;
+    const auto leave = qScopeGuard([this] { --nesting_; });
+
     link_.TimerCom->setEnabled(false);
     link_.pace.stop();
     link_.flags.ReadingMessages = true;

@@ -28,9 +28,6 @@ public:
     /// From then on the line is read here: the body, and the rest of the listing, whose other
     /// records stay in the modem and come with the next one.
     ///
-    /// A body or a remainder that looks like a header brings the watcher to call this inside
-    /// itself; how deep is the watcher's business.
-    ///
     /// It never fails (see ErrorRule); it throws ProgramEnds when the program ends under it.
     void Read_SMS_MessageTEXT();
 
@@ -50,4 +47,5 @@ private:
     const Host &host_;
     std::function<void()> VisBrukerTabell_;
     ErrorRule rule_;
+    int nesting_ = 0; ///< calls that stand on the stack
 };

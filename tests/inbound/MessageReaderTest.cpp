@@ -296,7 +296,8 @@ TEST(MessageReader, HeadersWithoutEndDoNotEatTheStack)
 {
     InboundWorld world;
     for (int i = 0; i < 5000; ++i) {
-        world.port.feed("+CMGL: 1,\"REC UNREAD\",\"12345678\",,\"26/12/01,12:34:56+04\"\r\n");
+        world.port.feed("+CMGL: " + QByteArray::number(i % 200 + 1) +
+                        ",\"REC UNREAD\",\"12345678\",,\"26/12/01,12:34:56+04\"\r\n");
     }
     world.clock.run(60s);
     EXPECT_EQ(world.port.bytesAvailable(), 0);
