@@ -19,8 +19,9 @@ template <class Function> void eachCharacter(const QByteArray &text, Function fu
 {
     bool quoted = false;
     for (const char character : text) {
-        if (character == '"')
+        if (character == '"') {
             quoted = !quoted;
+        }
         function(character, quoted);
     }
 }
@@ -29,8 +30,9 @@ QByteArray withoutBlanks(const QByteArray &line)
 {
     QByteArray kept;
     eachCharacter(line, [&](char character, bool quoted) {
-        if (character != ' ' || quoted)
+        if (character != ' ' || quoted) {
             kept += character;
+        }
     });
     return kept;
 }
@@ -41,8 +43,9 @@ QByteArray takePart(QByteArray &rest)
     qsizetype end = -1;
     qsizetype position = 0;
     eachCharacter(rest, [&](char character, bool quoted) {
-        if (character == ';' && !quoted && end < 0)
+        if (character == ';' && !quoted && end < 0) {
             end = position;
+        }
         ++position;
     });
     const QByteArray part = end < 0 ? rest : rest.left(end);
@@ -53,8 +56,9 @@ QByteArray takePart(QByteArray &rest)
 AtCommand extended(const QByteArray &part)
 {
     qsizetype end = 1;
-    while (end < part.size() && part[end] != '=' && part[end] != '?')
+    while (end < part.size() && part[end] != '=' && part[end] != '?') {
         ++end;
+    }
     AtCommand command{part.left(end).toUpper(), AtCommand::Kind::Execute, {}};
     const QByteArray rest = part.mid(end);
     if (rest == "?") {
@@ -80,8 +84,9 @@ AtCommand takeBasic(QByteArray &rest)
         return {};
     }
     qsizetype end = letter + 1;
-    while (end < rest.size() && isDigit(rest[end]))
+    while (end < rest.size() && isDigit(rest[end])) {
         ++end;
+    }
     AtCommand command{rest.left(letter + 1).toUpper(), AtCommand::Kind::Execute,
                       rest.mid(letter + 1, end - letter - 1)};
     if (end < rest.size() && rest[end] == '?') {
@@ -90,8 +95,9 @@ AtCommand takeBasic(QByteArray &rest)
     } else if (end < rest.size() && rest[end] == '=') {
         command.kind = AtCommand::Kind::Set;
         ++end;
-        while (end < rest.size() && isDigit(rest[end]))
+        while (end < rest.size() && isDigit(rest[end])) {
             ++end;
+        }
     }
     rest = rest.mid(end);
     return command;
@@ -103,8 +109,9 @@ std::optional<int> AtValue::number() const
 {
     bool good = false;
     const int value = text.toInt(&good);
-    if (quoted || !good || value < 0)
+    if (quoted || !good || value < 0) {
         return std::nullopt;
+    }
     return value;
 }
 
@@ -118,8 +125,9 @@ std::vector<AtCommand> atCommands(const QByteArray &line)
             continue;
         }
         commands.push_back(rest[0] == '+' ? extended(takePart(rest)) : takeBasic(rest));
-        if (commands.back().name.isEmpty())
+        if (commands.back().name.isEmpty()) {
             break;
+        }
     }
     return commands;
 }
@@ -127,16 +135,18 @@ std::vector<AtCommand> atCommands(const QByteArray &line)
 std::vector<AtValue> atValues(const QByteArray &arguments)
 {
     std::vector<AtValue> values;
-    if (arguments.isEmpty())
+    if (arguments.isEmpty()) {
         return values;
+    }
     values.emplace_back();
     eachCharacter(arguments, [&](char character, bool quoted) {
-        if (character == '"')
+        if (character == '"') {
             values.back().quoted = true;
-        else if (character == ',' && !quoted)
+        } else if (character == ',' && !quoted) {
             values.emplace_back();
-        else
+        } else {
             values.back().text += character;
+        }
     });
     return values;
 }

@@ -35,8 +35,9 @@ std::optional<std::pair<QDate, int>> moment(QStringView digits)
     const QDate day(2000 + digits.left(2).toInt(), digits.mid(2, 2).toInt(),
                     digits.mid(4, 2).toInt());
     const int hour = digits.mid(6, 2).toInt();
-    if (!day.isValid() || hour > 24)
+    if (!day.isValid() || hour > 24) {
         return std::nullopt;
+    }
     return std::pair(day, hour);
 }
 
@@ -44,8 +45,9 @@ std::optional<DoorPeriod> period(QStringView from, QStringView to)
 {
     const auto start = moment(from);
     const auto end = moment(to);
-    if (!start || !end)
+    if (!start || !end) {
         return std::nullopt;
+    }
     return DoorPeriod{start->first, start->second, end->first, end->second};
 }
 
@@ -90,14 +92,16 @@ void DoorUnit::setMark(const QString &number, char mark)
 {
     marks_[number] = mark == '0' ? char(0) : mark;
     const auto user = users_.find(number);
-    if (user != users_.end())
+    if (user != users_.end()) {
         user->second.mark = marks_[number];
+    }
 }
 
 bool DoorUnit::take(const SmsMessage &message)
 {
-    if (const auto answer = obey(fromGsm(message.text).trimmed()))
+    if (const auto answer = obey(fromGsm(message.text).trimmed())) {
         network_.send(number_, message.from, toGsm(*answer), answerDelay_);
+    }
     return true;
 }
 
@@ -111,15 +115,18 @@ std::optional<QString> DoorUnit::obey(const QString &command)
 
     if (const auto match = registerPeriod.match(command); match.hasMatch()) {
         const auto right = period(match.capturedView(3), match.capturedView(4));
-        if (!right)
+        if (!right) {
             return std::nullopt;
+        }
         return registerUser(match.captured(2), {*right, match.captured(1) == u"i"});
     }
-    if (const auto match = registerBalance.match(command); match.hasMatch())
+    if (const auto match = registerBalance.match(command); match.hasMatch()) {
         return registerUser(match.captured(2),
                             {match.captured(3).toInt(), match.captured(1) == u"i"});
-    if (const auto match = remove.match(command); match.hasMatch())
+    }
+    if (const auto match = remove.match(command); match.hasMatch()) {
         return deleteUser(match.captured(1));
+    }
     return std::nullopt;
 }
 
@@ -132,10 +139,12 @@ QString DoorUnit::registerUser(const QString &number, DoorUser user)
 
     const Sentences &words = sentences(language_);
     QString answer = firstLines(number, (known ? words.exists : words.added).toString());
-    if (user.mark != 0)
+    if (user.mark != 0) {
         answer += QStringLiteral(" A-") + QLatin1Char(user.mark);
-    if (answers_ == Answers::Full)
+    }
+    if (answers_ == Answers::Full) {
         answer += details(user);
+    }
     return answer;
 }
 
@@ -156,9 +165,10 @@ QString DoorUnit::details(const DoorUser &user) const
 {
     // The words are the same in every language: the alphabet's code for the Swedish å is none
     // that readers of "Från" know. The balance is cut at the line break behind it.
-    if (user.hasBalance())
+    if (user.hasBalance()) {
         return QStringLiteral("\nSALDO: %1\n%2")
             .arg(QString::number(user.balance()), sentences(language_).end);
+    }
     const DoorPeriod &right = user.period();
     return dateLine(u"FRA", right.from, right.fromHour) + dateLine(u"TIL", right.to, right.toHour);
 }

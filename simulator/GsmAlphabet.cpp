@@ -47,8 +47,9 @@ void appendGsm(QByteArray &codes, char16_t character)
 char16_t extended(char code)
 {
     for (const Extension &extension : kExtensions) {
-        if (extension.code == code)
+        if (extension.code == code) {
             return extension.character;
+        }
     }
     return u'?';
 }
@@ -58,8 +59,9 @@ char16_t extended(char code)
 QByteArray toGsm(const QString &text)
 {
     QByteArray codes;
-    for (const QChar character : text)
+    for (const QChar character : text) {
         appendGsm(codes, character.unicode());
+    }
     return codes;
 }
 
@@ -68,12 +70,13 @@ QString fromGsm(const QByteArray &codes)
     QString text;
     for (qsizetype i = 0; i < codes.size(); ++i) {
         const auto code = static_cast<unsigned char>(codes[i]);
-        if (code >= kTable.size())
+        if (code >= kTable.size()) {
             text += u'?';
-        else if (code != kEscape)
+        } else if (code != kEscape) {
             text += QChar(kTable[code]);
-        else
+        } else {
             text += QChar(i + 1 < codes.size() ? extended(codes[++i]) : u'?');
+        }
     }
     return text;
 }

@@ -38,32 +38,38 @@ QByteArray reportLine(const MessageRecord &record, bool recipient)
 QByteArray addressType(const QString &number)
 {
     const auto isDigit = [](QChar character) { return character >= u'0' && character <= u'9'; };
-    if (number.startsWith(u'+'))
+    if (number.startsWith(u'+')) {
         return "145";
+    }
     return std::ranges::all_of(number, isDigit) ? "129" : "208";
 }
 
 QByteArray listLines(int index, const MessageRecord &record, bool details)
 {
     const QByteArray start = "+CMGL: " + QByteArray::number(index) + ',';
-    if (record.kind == MessageRecord::Kind::Report)
+    if (record.kind == MessageRecord::Kind::Report) {
         return start + reportLine(record, details);
+    }
     QByteArray lines = start + header(record);
-    if (record.kind == MessageRecord::Kind::Received)
+    if (record.kind == MessageRecord::Kind::Received) {
         lines += stamp(record.stamp);
-    if (details)
+    }
+    if (details) {
         lines += ',' + addressType(record.number) + ',' + QByteArray::number(record.text.size());
+    }
     return lines + "\r\n" + record.text;
 }
 
 QByteArray readLines(const MessageRecord &record, bool details, const QByteArray &serviceCentre)
 {
-    if (record.kind == MessageRecord::Kind::Report)
+    if (record.kind == MessageRecord::Kind::Report) {
         return "+CMGR: " + reportLine(record, details);
+    }
     const bool received = record.kind == MessageRecord::Kind::Received;
     QByteArray lines = "+CMGR: " + header(record);
-    if (received)
+    if (received) {
         lines += stamp(record.stamp);
+    }
     if (details) {
         // Protocol and coding are 0; a record of our own has its validity of 24 hours behind them.
         lines += (received ? "," : "") + addressType(record.number) + ',' +

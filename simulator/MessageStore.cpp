@@ -2,19 +2,22 @@
 
 QByteArray MessageRecord::statusWord() const
 {
-    if (kind == Kind::Unsent)
+    if (kind == Kind::Unsent) {
         return "STO UNSENT";
+    }
     return read ? "REC READ" : "REC UNREAD";
 }
 
 std::optional<int> MessageStore::add(MessageRecord record)
 {
-    if (isFull())
+    if (isFull()) {
         return std::nullopt;
+    }
     int index = 1;
     for (const auto &entry : records_) {
-        if (entry.first != index)
+        if (entry.first != index) {
             break;
+        }
         ++index;
     }
     records_.emplace(index, std::move(record));

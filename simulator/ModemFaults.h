@@ -11,10 +11,11 @@ public:
     /// True when the fault strikes now; uses up one time.
     bool take()
     {
-        if (left_ > 0)
+        if (left_ > 0) {
             --left_;
-        else if (left_ != kAlways)
+        } else if (left_ != kAlways) {
             return false;
+        }
         return true;
     }
 

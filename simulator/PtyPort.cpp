@@ -55,24 +55,30 @@ QString PtyPort::name() const
 void PtyPort::open()
 {
     master_ = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC | O_NONBLOCK);
-    if (master_ < 0 || grantpt(master_) != 0 || unlockpt(master_) != 0)
+    if (master_ < 0 || grantpt(master_) != 0 || unlockpt(master_) != 0) {
         fail("No pseudo-terminal");
+    }
     std::array<char, 256> path{};
-    if (ptsname_r(master_, path.data(), path.size()) != 0)
+    if (ptsname_r(master_, path.data(), path.size()) != 0) {
         fail("No name of the pseudo-terminal");
+    }
     device_ = path.data();
     // Held open: with the last opener gone the master would only report errors.
     slave_ = ::open(path.data(), O_RDWR | O_NOCTTY | O_CLOEXEC);
     termios mode{};
-    if (slave_ < 0 || tcgetattr(slave_, &mode) != 0)
+    if (slave_ < 0 || tcgetattr(slave_, &mode) != 0) {
         fail(device_);
+    }
     cfmakeraw(&mode);
-    if (tcsetattr(slave_, TCSANOW, &mode) != 0)
+    if (tcsetattr(slave_, TCSANOW, &mode) != 0) {
         fail(device_);
-    if (isLink(link_))
+    }
+    if (isLink(link_)) {
         unlink(link_.constData());
-    if (symlink(device_.constData(), link_.constData()) != 0)
+    }
+    if (symlink(device_.constData(), link_.constData()) != 0) {
         fail(link_);
+    }
     readable_ = std::make_unique<QSocketNotifier>(master_, QSocketNotifier::Read);
     QObject::connect(readable_.get(), &QSocketNotifier::activated, readable_.get(),
                      [this] { read(); });
@@ -92,21 +98,24 @@ void PtyPort::close()
         }
     }
     for (int *file : {&slave_, &master_}) {
-        if (*file >= 0)
+        if (*file >= 0) {
             ::close(std::exchange(*file, -1));
+        }
     }
     waiting_.clear();
     const QString target = QFile::symLinkTarget(QFile::decodeName(link_));
-    if (isLink(link_) && !device_.isEmpty() && QFile::encodeName(target) == device_)
+    if (isLink(link_) && !device_.isEmpty() && QFile::encodeName(target) == device_) {
         unlink(link_.constData());
+    }
 }
 
 void PtyPort::read()
 {
     std::array<char, 4096> bytes;
     const ssize_t count = ::read(master_, bytes.data(), bytes.size());
-    if (count > 0)
+    if (count > 0) {
         events_.received(QByteArray(bytes.data(), count));
+    }
 }
 
 void PtyPort::write(const QByteArray &bytes)
@@ -119,8 +128,9 @@ void PtyPort::writeWaiting()
 {
     const ssize_t count =
         ::write(master_, waiting_.constData(), static_cast<size_t>(waiting_.size()));
-    if (count > 0)
+    if (count > 0) {
         waiting_.remove(0, count);
+    }
     writable_->setEnabled(!waiting_.isEmpty());
 }
 

@@ -45,6 +45,8 @@ public:
     void setNextReference(quint8 reference) { nextReference_ = reference; }
 
 private:
+    static constexpr qsizetype kLongestText = 160;
+
     enum class State { Command, Text, Submitting };
     enum class Purpose { Submit, Store };
 
@@ -97,18 +99,7 @@ private:
     void write(const QByteArray &bytes);
     void writeSlowly();
 
-    // Messages (SimulatedModem.cpp)
-    Result askText(const QString &recipient, Purpose purpose);
-    void endText();
-    void finishSubmission();
-    bool takeMessage(const SmsMessage &message);
-    bool takeReport(const SmsReport &report);
-    bool hasRoom(const MessageStore &store) const { return !faults_.storeFull && !store.isFull(); }
-    void offerRoom();
-    MessageStore &memory(const QByteArray &name) { return name == "ME" ? phone_ : sim_; }
-    QByteArray counts(const QByteArray &name);
-
-    // Commands (SimulatedModemCommands.cpp)
+    // Settings and answers (SimulatedModemCommands.cpp)
     Result factorySettings(const AtCommand &command);
     Result restoreSettings(const AtCommand &command);
     Result storeSettings(const AtCommand &command);
@@ -125,6 +116,8 @@ private:
     Result csca(const AtCommand &command);
     Result csmp(const AtCommand &command);
     Result cnmi(const AtCommand &command);
+
+    // Messages (SimulatedModemMessages.cpp)
     Result cpms(const AtCommand &command);
     Result cmgl(const AtCommand &command);
     Result cmgr(const AtCommand &command);
@@ -133,6 +126,14 @@ private:
     Result cmgw(const AtCommand &command);
     bool listsDetails(const MessageRecord &record) const;
     MessageRecord *recordOf(const AtCommand &command);
+    Result askText(const QString &recipient, Purpose purpose);
+    void endText();
+    void finishSubmission();
+    bool takeMessage(const SmsMessage &message);
+    bool takeReport(const SmsReport &report);
+    bool hasRoom(const MessageStore &store) const { return !faults_.storeFull && !store.isFull(); }
+    MessageStore &memory(const QByteArray &name) { return name == "ME" ? phone_ : sim_; }
+    QByteArray counts(const QByteArray &name);
 
     SmsNetwork &network_;
     QString ownNumber_;

@@ -3,29 +3,19 @@
 
 #include <QByteArrayList>
 
-#include <algorithm>
-#include <string_view>
-
 namespace {
 
-constexpr int kNotSupported = 303;
 constexpr int kInvalidTextParameter = 305;
-constexpr int kInvalidIndex = 321;
 constexpr int kIncorrectParameters = 50; // of "+CME ERROR", 3GPP TS 27.007, 9.2.1
 
 using Kind = AtCommand::Kind;
 
-bool isListWord(const QByteArray &word)
-{
-    static const QByteArrayList words{"ALL", "REC UNREAD", "REC READ", "STO UNSENT", "STO SENT"};
-    return words.contains(word);
-}
-
 template <size_t N> QByteArray joined(const std::array<int, N> &values)
 {
     QByteArrayList parts;
-    for (const int value : values)
+    for (const int value : values) {
         parts += QByteArray::number(value);
+    }
     return parts.join(',');
 }
 
@@ -94,24 +84,25 @@ SimulatedModem::Result SimulatedModem::fixed(const AtCommand &command)
 {
     bool known = false;
     for (const Fixed *row = kFixed; row->name; ++row) {
-        if (command.name != row->name)
+        if (command.name != row->name) {
             continue;
+        }
         known = true;
         if (command.kind == row->kind) {
-            if (row->answer)
+            if (row->answer) {
                 answer(row->answer);
+            }
             return kOk;
         }
     }
     return known && command.kind == Kind::Test ? kOk : kError;
 }
 
-// --- Settings ------------------------------------------------------------------------------
-
 SimulatedModem::Result SimulatedModem::setEcho(const AtCommand &command)
 {
-    if (!faults_.echoStuck)
+    if (!faults_.echoStuck) {
         settings_.echo = command.arguments.toInt() != 0;
+    }
     return kOk;
 }
 
@@ -210,11 +201,13 @@ SimulatedModem::Result SimulatedModem::csca(const AtCommand &command)
                addressType(QString::fromLatin1(serviceCentre_)));
         return kOk;
     }
-    if (command.kind == Kind::Test)
+    if (command.kind == Kind::Test) {
         return kOk;
+    }
     const auto values = atValues(command.arguments);
-    if (values.empty() || values[0].text.isEmpty())
+    if (values.empty() || values[0].text.isEmpty()) {
         return cms(kInvalidTextParameter);
+    }
     serviceCentre_ = values[0].text;
     return kOk;
 }
@@ -226,16 +219,20 @@ SimulatedModem::Result SimulatedModem::csmp(const AtCommand &command)
         answer("+CSMP: " + joined(csmp));
         return kOk;
     }
-    if (command.kind == Kind::Test)
+    if (command.kind == Kind::Test) {
         return kOk;
+    }
     const auto values = atValues(command.arguments);
-    if (values.empty() || values.size() > csmp.size())
+    if (values.empty() || values.size() > csmp.size()) {
         return cms(kInvalidTextParameter);
+    }
     for (size_t i = 0; i < values.size(); ++i) {
-        if (values[i].text.isEmpty())
+        if (values[i].text.isEmpty()) {
             continue;
-        if (values[i].number().value_or(256) > 255)
+        }
+        if (values[i].number().value_or(256) > 255) {
             return cms(kInvalidTextParameter);
+        }
         csmp[i] = *values[i].number();
     }
     settings_.csmp = csmp;
@@ -256,146 +253,20 @@ SimulatedModem::Result SimulatedModem::cnmi(const AtCommand &command)
     }
     const std::array<int, 5> most{2, 1, 0, reports, 1};
     const auto values = atValues(command.arguments);
-    if (values.size() > most.size())
+    if (values.size() > most.size()) {
         return kError;
+    }
     std::array<int, 5> cnmi{};
     for (size_t i = 0; i < values.size(); ++i) {
         cnmi[i] = values[i].text.isEmpty() ? 0 : values[i].number().value_or(most[i] + 1);
-        if (cnmi[i] > most[i])
+        if (cnmi[i] > most[i]) {
             return kError;
+        }
     }
     // A report is kept or thrown away; none goes past the storage to the line.
-    if (cnmi[3] == 1)
+    if (cnmi[3] == 1) {
         return kError;
+    }
     settings_.cnmi = cnmi;
     return kOk;
-}
-
-// --- The storage ---------------------------------------------------------------------------
-
-SimulatedModem::Result SimulatedModem::cpms(const AtCommand &command)
-{
-    QList<QByteArray> names{"SM", "ME"};
-    if (!faults_.refuseMt)
-        names += "MT";
-    if (command.kind == Kind::Test) {
-        const QByteArray list = "(\"" + names.join("\",\"") + "\")";
-        answer("+CPMS: " + list + ',' + list + ',' + list);
-        return kOk;
-    }
-    auto memories = memories_;
-    if (command.kind == Kind::Set) {
-        const auto values = atValues(command.arguments);
-        if (values.empty() || values.size() > memories.size())
-            return cms(kInvalidTextParameter);
-        for (size_t i = 0; i < values.size(); ++i) {
-            memories[i] = values[i].text.toUpper();
-            if (!names.contains(memories[i]))
-                return cms(kNotSupported);
-        }
-        memories_ = memories;
-    }
-    QByteArrayList parts;
-    for (const QByteArray &name : memories)
-        parts += (command.kind == Kind::Read ? '"' + name + "\"," : QByteArray()) + counts(name);
-    answer("+CPMS: " + parts.join(','));
-    return kOk;
-}
-
-SimulatedModem::Result SimulatedModem::cmgl(const AtCommand &command)
-{
-    if (command.kind == Kind::Test) {
-        answer("+CMGL: (\"REC UNREAD\",\"REC READ\",\"STO UNSENT\",\"STO SENT\",\"ALL\")");
-        return kOk;
-    }
-    const auto values = atValues(command.arguments);
-    const QByteArray word = values.empty() ? "REC UNREAD" : values[0].text.toUpper();
-    if (command.kind == Kind::Read || !isListWord(word))
-        return cms(kInvalidTextParameter);
-
-    MessageStore &store = memory(memories_[0]);
-    QByteArrayList entries;
-    for (const auto &[index, record] : store.records()) {
-        if (word != "ALL" && word != record.statusWord())
-            continue;
-        entries += listLines(index, record, listsDetails(record));
-        store.find(index)->read = true;
-    }
-    if (!entries.isEmpty())
-        answer(entries.join("\r\n"));
-    return kOk;
-}
-
-SimulatedModem::Result SimulatedModem::cmgr(const AtCommand &command)
-{
-    if (command.kind == Kind::Test)
-        return kOk;
-    MessageRecord *record = recordOf(command);
-    if (!record)
-        return cms(kInvalidIndex);
-    answer(readLines(*record, listsDetails(*record), serviceCentre_));
-    record->read = true;
-    return kOk;
-}
-
-SimulatedModem::Result SimulatedModem::cmgd(const AtCommand &command)
-{
-    MessageStore &store = memory(memories_[0]);
-    if (command.kind == Kind::Test) {
-        QByteArrayList indexes;
-        for (const auto &entry : store.records())
-            indexes += QByteArray::number(entry.first);
-        answer("+CMGD: (" + indexes.join(',') + "),(0-4)");
-        return kOk;
-    }
-    const auto values = atValues(command.arguments);
-    const int flag = values.size() > 1 ? values[1].number().value_or(-1) : 0;
-    if (flag < 0 || flag > 4)
-        return cms(kInvalidTextParameter);
-    if (flag == 0) {
-        const int index = values.empty() ? 0 : values[0].number().value_or(0);
-        return store.remove(index) ? kOk : cms(kInvalidIndex);
-    }
-    // 1 the read ones, 2 those sent from here too (this modem keeps none), 3 the unsent too, 4 all.
-    store.removeIf([flag](const MessageRecord &record) {
-        const QByteArray word = record.statusWord();
-        return flag == 4 || word == "REC READ" || (flag == 3 && word == "STO UNSENT");
-    });
-    return kOk;
-}
-
-bool SimulatedModem::listsDetails(const MessageRecord &record) const
-{
-    return settings_.details == 1 ||
-           (record.kind == MessageRecord::Kind::Report && faults_.recipientInReports);
-}
-
-MessageRecord *SimulatedModem::recordOf(const AtCommand &command)
-{
-    const auto values = atValues(command.arguments);
-    if (command.kind != Kind::Set || values.empty())
-        return nullptr;
-    return memory(memories_[0]).find(values[0].number().value_or(0));
-}
-
-SimulatedModem::Result SimulatedModem::cmgs(const AtCommand &command)
-{
-    if (command.kind == Kind::Test)
-        return kOk;
-    const auto values = atValues(command.arguments);
-    static constexpr std::string_view kDialled = "+0123456789*#";
-    const auto isDialled = [](char c) { return kDialled.find(c) != std::string_view::npos; };
-    if (values.empty() || values[0].text.isEmpty() ||
-        !std::ranges::all_of(values[0].text, isDialled))
-        return cms(kInvalidTextParameter);
-    return askText(QString::fromLatin1(values[0].text), Purpose::Submit);
-}
-
-SimulatedModem::Result SimulatedModem::cmgw(const AtCommand &command)
-{
-    if (command.kind == Kind::Test)
-        return kOk;
-    const auto values = atValues(command.arguments);
-    return askText(values.empty() ? QString() : QString::fromLatin1(values[0].text),
-                   Purpose::Store);
 }

@@ -26,8 +26,9 @@ QString takeWord(QString &line)
 
 QString periodWords(const DoorUser &user)
 {
-    if (user.hasBalance())
+    if (user.hasBalance()) {
         return QStringLiteral("balance %1").arg(user.balance());
+    }
     const DoorPeriod &period = user.period();
     return QStringLiteral("%1 %2:00 to %3 %4:00")
         .arg(period.from.toString(Qt::ISODate), QString::number(period.fromHour),
@@ -36,12 +37,15 @@ QString periodWords(const DoorUser &user)
 
 std::optional<DoorLanguage> language(const QString &word)
 {
-    if (word == u"no")
+    if (word == u"no") {
         return DoorLanguage::Norwegian;
-    if (word == u"da")
+    }
+    if (word == u"da") {
         return DoorLanguage::Danish;
-    if (word == u"sv")
+    }
+    if (word == u"sv") {
         return DoorLanguage::Swedish;
+    }
     return std::nullopt;
 }
 
@@ -99,15 +103,18 @@ void SimulatorConsole::addDoor(const QString &specification)
     const QStringList parts = specification.split(u':');
     const auto words = parts.size() >= 3 ? language(parts[2]) : std::nullopt;
     const bool brief = parts.size() == 4 && parts[3] == u"brief";
-    if (!words || parts[0].isEmpty() || (parts.size() > 3 && !brief))
+    if (!words || parts[0].isEmpty() || (parts.size() > 3 && !brief)) {
         throw RuntimeFailure(
             QStringLiteral("A door is NUMBER:NAME:no, :da or :sv, not %1").arg(specification));
+    }
     const auto isTaken = [&](const auto &door) { return door->number() == parts[0]; };
-    if (parts[0] == modem_.ownNumber() || std::ranges::any_of(doors_, isTaken))
+    if (parts[0] == modem_.ownNumber() || std::ranges::any_of(doors_, isTaken)) {
         throw RuntimeFailure(QStringLiteral("The number %1 is taken").arg(parts[0]));
+    }
     doors_.push_back(std::make_unique<DoorUnit>(network_, parts[0], parts[1], *words));
-    if (brief)
+    if (brief) {
         doors_.back()->setAnswers(DoorUnit::Answers::Brief);
+    }
 }
 
 void SimulatorConsole::addUser(const QString &specification)
@@ -125,16 +132,18 @@ void SimulatorConsole::addUser(const QString &specification)
 
 void SimulatorConsole::setAnswerDelay(milliseconds delay)
 {
-    for (const auto &door : doors_)
+    for (const auto &door : doors_) {
         door->setAnswerDelay(delay);
+    }
 }
 
 bool SimulatorConsole::command(const QString &line)
 {
     QString rest = line;
     const QString word = takeWord(rest);
-    if (word == u"quit")
+    if (word == u"quit") {
         return false;
+    }
     if (word == u"sms") {
         sendSms(rest);
     } else if (word == u"fault") {
@@ -159,10 +168,11 @@ void SimulatorConsole::help()
     print_(QStringLiteral("clear           no fault any more"));
     print_(QStringLiteral("quit            leave"));
     print_(QStringLiteral("fault NAME      break the modem, until clear:"));
-    for (const Fault &fault : kFaults)
+    for (const Fault &fault : kFaults) {
         print_(QStringLiteral("  %1 %2").arg(
             QStringLiteral("%1 %2").arg(fault.name, fault.arguments).leftJustified(25),
             fault.meaning));
+    }
 }
 
 void SimulatorConsole::sendSms(const QString &arguments)
@@ -204,10 +214,11 @@ void SimulatorConsole::listDoors()
     for (const auto &door : doors_) {
         print_(QStringLiteral("%1 %2: %3 users")
                    .arg(door->number(), door->name(), QString::number(door->users().size())));
-        for (const auto &[number, user] : door->users())
+        for (const auto &[number, user] : door->users()) {
             print_(QStringLiteral("  %1%2 %3")
                        .arg(number,
                             user.foreign ? QStringLiteral(" foreign,") : QStringLiteral(","),
                             periodWords(user)));
+        }
     }
 }

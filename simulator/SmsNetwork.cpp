@@ -68,8 +68,9 @@ void SmsNetwork::post(Parcel parcel, milliseconds after)
 void SmsNetwork::arm()
 {
     timer_->setEnabled(false);
-    if (underway_.empty())
+    if (underway_.empty()) {
         return;
+    }
     timer_->setInterval(std::max(underway_.front().due - clock_.elapsed(), 1ms));
     timer_->setEnabled(true);
 }
@@ -88,34 +89,40 @@ void SmsNetwork::deliver(const Parcel &parcel)
 {
     const auto phone = phones_.find(parcel.recipient);
     if (phone == phones_.end()) {
-        if (parcel.message)
+        if (parcel.message) {
             settle(*parcel.message, kNotObtainable);
+        }
         return;
     }
     // What came first stays in front of what is kept already.
     auto &kept = kept_[parcel.recipient];
-    if (!kept.empty() || !hand(phone->second, parcel))
+    if (!kept.empty() || !hand(phone->second, parcel)) {
         kept_[parcel.recipient].push_back(parcel);
+    }
 }
 
 bool SmsNetwork::hand(const SmsPhone &phone, const Parcel &parcel)
 {
     // A copy: what the phone does may take it off the network.
     const SmsPhone taker = phone;
-    if (parcel.report)
+    if (parcel.report) {
         return !taker.takeReport || taker.takeReport(*parcel.report);
-    if (taker.takeMessage && !taker.takeMessage(*parcel.message))
+    }
+    if (taker.takeMessage && !taker.takeMessage(*parcel.message)) {
         return false;
+    }
     settle(*parcel.message, kDelivered);
     return true;
 }
 
 void SmsNetwork::settle(const SmsMessage &message, quint8 status)
 {
-    if (observer_)
+    if (observer_) {
         observer_(message, status == kDelivered);
-    if (!message.reportReference)
+    }
+    if (!message.reportReference) {
         return;
+    }
     SmsReport report{*message.reportReference, message.to, message.sentAt, clock_.now(), status};
     post({0ms, international(message.from), std::nullopt, std::move(report)}, delay_);
 }
@@ -126,8 +133,9 @@ void SmsNetwork::memoryAvailable(const QString &number)
     while (true) {
         const auto kept = kept_.find(recipient);
         const auto phone = phones_.find(recipient);
-        if (kept == kept_.end() || kept->second.empty() || phone == phones_.end())
+        if (kept == kept_.end() || kept->second.empty() || phone == phones_.end()) {
             return;
+        }
         Parcel parcel = std::move(kept->second.front());
         kept->second.pop_front();
         if (!hand(phone->second, parcel)) {

@@ -10,16 +10,18 @@ constexpr qint64 kMostUnsent = 1024 * 1024;
 
 TcpPort::TcpPort(quint16 port, Events events) : events_(std::move(events))
 {
-    if (!server_.listen(QHostAddress::LocalHost, port))
+    if (!server_.listen(QHostAddress::LocalHost, port)) {
         throw RuntimeFailure(
             QStringLiteral("Port %1 cannot be had: %2").arg(port).arg(server_.errorString()));
+    }
     QObject::connect(&server_, &QTcpServer::newConnection, &server_, [this] { takeClient(); });
 }
 
 TcpPort::~TcpPort()
 {
-    if (client_)
+    if (client_) {
         client_->disconnect(&server_);
+    }
 }
 
 QString TcpPort::name() const
@@ -42,10 +44,12 @@ void TcpPort::readClient()
 {
     const QByteArray data = telnet_.take(client_->readAll());
     const QByteArray answers = telnet_.takeAnswers();
-    if (!answers.isEmpty())
+    if (!answers.isEmpty()) {
         client_->write(answers);
-    if (!data.isEmpty())
+    }
+    if (!data.isEmpty()) {
         events_.received(data);
+    }
 }
 
 void TcpPort::forgetClient()
@@ -59,14 +63,16 @@ void TcpPort::forgetClient()
 
 void TcpPort::write(const QByteArray &bytes)
 {
-    if (client_ && client_->bytesToWrite() < kMostUnsent)
+    if (client_ && client_->bytesToWrite() < kMostUnsent) {
         client_->write(TelnetFilter::escaped(bytes));
+    }
 }
 
 void TcpPort::drop()
 {
-    if (!client_)
+    if (!client_) {
         return;
+    }
     // What was said before the cut still arrives: the prompt stands in front of it.
     client_->disconnect(&server_);
     client_->disconnectFromHost();

@@ -28,8 +28,9 @@ void onSignal(int)
 /// SIGTERM and SIGINT end the program by the event loop, so that the link is removed.
 std::unique_ptr<QSocketNotifier> quitOnSignals()
 {
-    if (pipe2(signalPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+    if (pipe2(signalPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
         throw RuntimeFailure(QStringLiteral("No pipe for signals"));
+    }
     auto notifier = std::make_unique<QSocketNotifier>(signalPipe[0], QSocketNotifier::Read);
     QObject::connect(notifier.get(), &QSocketNotifier::activated, qApp, &QCoreApplication::quit);
     struct sigaction action {};
@@ -44,8 +45,9 @@ class StandardInput {
 public:
     explicit StandardInput(SimulatorConsole &console) : console_(console)
     {
-        if (fcntl(STDIN_FILENO, F_GETFD) < 0)
+        if (fcntl(STDIN_FILENO, F_GETFD) < 0) {
             return;
+        }
         notifier_ = std::make_unique<QSocketNotifier>(STDIN_FILENO, QSocketNotifier::Read);
         QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(),
                          [this] { read(); });
@@ -57,16 +59,18 @@ private:
         std::array<char, 4096> bytes;
         const ssize_t count = ::read(STDIN_FILENO, bytes.data(), bytes.size());
         if (count <= 0) {
-            if (count == 0 || errno != EINTR)
+            if (count == 0 || errno != EINTR) {
                 notifier_->setEnabled(false);
+            }
             return;
         }
         waiting_.append(bytes.data(), count);
         for (qsizetype end; (end = waiting_.indexOf('\n')) >= 0;) {
             const QString line = QString::fromUtf8(waiting_.left(end));
             waiting_.remove(0, end + 1);
-            if (!console_.command(line))
+            if (!console_.command(line)) {
                 QCoreApplication::quit();
+            }
         }
     }
 
@@ -109,19 +113,22 @@ int number(const QCommandLineParser &parser, const QCommandLineOption &option, i
 {
     bool isNumber = false;
     const int value = parser.value(option).toInt(&isNumber);
-    if (!isNumber || value < 0 || value > most)
+    if (!isNumber || value < 0 || value > most) {
         throw RuntimeFailure(QStringLiteral("--%1 takes a number from 0 to %2")
                                  .arg(option.names().front())
                                  .arg(most));
+    }
     return value;
 }
 
 std::unique_ptr<LinePort> openPort(const QCommandLineParser &parser, LinePort::Events events)
 {
-    if (parser.isSet(kTcp) == parser.isSet(kPty))
+    if (parser.isSet(kTcp) == parser.isSet(kPty)) {
         throw RuntimeFailure(QStringLiteral("Give either --tcp or --pty"));
-    if (parser.isSet(kPty))
+    }
+    if (parser.isSet(kPty)) {
         return std::make_unique<PtyPort>(parser.value(kPty), std::move(events));
+    }
     return std::make_unique<TcpPort>(static_cast<quint16>(number(parser, kTcp, 65535)),
                                      std::move(events));
 }
@@ -130,10 +137,12 @@ int run(const QCommandLineParser &parser)
 {
     SystemClock clock;
     SimulatorConsole console(clock, parser.value(kNumber), print);
-    for (const QString &door : parser.values(kDoor))
+    for (const QString &door : parser.values(kDoor)) {
         console.addDoor(door);
-    for (const QString &user : parser.values(kUser))
+    }
+    for (const QString &user : parser.values(kUser)) {
         console.addUser(user);
+    }
     console.setAnswerDelay(milliseconds(number(parser, kDelay, 24 * 3600 * 1000)));
 
     const auto signalNotifier = quitOnSignals();
@@ -163,9 +172,10 @@ int main(int argc, char *argv[])
     parser.addOptions({kTcp, kPty, kNumber, kDoor, kUser, kDelay});
     parser.process(application);
     try {
-        if (!parser.positionalArguments().isEmpty())
+        if (!parser.positionalArguments().isEmpty()) {
             throw RuntimeFailure(
                 QStringLiteral("What is %1?").arg(parser.positionalArguments()[0]));
+        }
         return run(parser);
     } catch (const RuntimeFailure &failure) {
         std::fprintf(stderr, "lukora-simulator: %s\n", qPrintable(failure.description()));
