@@ -7,7 +7,7 @@ constexpr char kAbortText = 27;
 constexpr char kBackspace = 8;
 
 constexpr qsizetype kLongestLine = 600;
-constexpr qsizetype kMostInput = 64 * 1024;
+constexpr qsizetype kMostInput = 64 * 1024; // held back during a submission
 constexpr qsizetype kMostSlowOutput = 256 * 1024;
 constexpr size_t kMostNotices = 100;
 
@@ -62,8 +62,9 @@ void SimulatedModem::receive(const QByteArray &bytes)
     if (faults_.mute) {
         return;
     }
-    input_ += bytes.left(kMostInput - input_.size());
+    input_ += bytes;
     takeInput();
+    input_.truncate(kMostInput);
 }
 
 void SimulatedModem::takeInput()

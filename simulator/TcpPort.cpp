@@ -74,7 +74,11 @@ void TcpPort::drop()
         return;
     }
     // What was said before the cut still arrives: the prompt stands in front of it.
-    client_->disconnect(&server_);
-    client_->disconnectFromHost();
-    forgetClient();
+    QTcpSocket *leaving = client_;
+    leaving->disconnect(&server_);
+    client_.clear();
+    QObject::connect(leaving, &QTcpSocket::disconnected, leaving, &QObject::deleteLater);
+    leaving->disconnectFromHost();
+    telnet_.reset();
+    events_.closed();
 }
