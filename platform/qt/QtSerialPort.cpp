@@ -39,7 +39,9 @@ QtSerialPort::QtSerialPort()
     port_.setReadBufferSize(kReadBuffer);
     QObject::connect(&port_, &QSerialPort::errorOccurred, &port_,
                      [this](QSerialPort::SerialPortError error) {
-                         lost_ = lost_ || error == QSerialPort::ResourceError;
+                         if (port_.isOpen() && error != QSerialPort::NoError) {
+                             lose();
+                         }
                      });
 }
 
@@ -52,12 +54,11 @@ void QtSerialPort::open(const QString &device)
     if (!port_.open(QIODevice::ReadWrite)) {
         throw RuntimeFailure(openFailure(port_.error()).arg(device));
     }
-    lost_ = false;
 }
 
 bool QtSerialPort::isOpen() const
 {
-    return port_.isOpen();
+    return port_.isOpen() || lost_;
 }
 
 void QtSerialPort::close()
@@ -70,6 +71,7 @@ void QtSerialPort::close()
 
 void QtSerialPort::write(const QByteArray &bytes)
 {
+    throwIfLost();
     if (!port_.isOpen()) {
         throw RuntimeFailure(words("Porten er ikke åpen."));
     }
@@ -83,14 +85,8 @@ void QtSerialPort::write(const QByteArray &bytes)
 
 qint64 QtSerialPort::bytesAvailable()
 {
-    if (!port_.isOpen()) {
-        return 0;
-    }
-    const qint64 waiting = port_.bytesAvailable();
-    if (waiting == 0) {
-        throwIfLost();
-    }
-    return waiting;
+    throwIfLost();
+    return port_.isOpen() ? port_.bytesAvailable() : 0;
 }
 
 unsigned char QtSerialPort::takeCharacter()
@@ -98,6 +94,21 @@ unsigned char QtSerialPort::takeCharacter()
     char character = 0;
     port_.getChar(&character);
     return static_cast<unsigned char>(character);
+}
+
+// A device that hangs up stays readable without a byte in it, and would keep the event loop awake
+// for good. It is let go outside of its own signal, and the next one who asks is told.
+void QtSerialPort::lose()
+{
+    lost_ = true;
+    QMetaObject::invokeMethod(
+        &port_,
+        [this] {
+            if (lost_) {
+                port_.close();
+            }
+        },
+        Qt::QueuedConnection);
 }
 
 void QtSerialPort::throwIfLost()

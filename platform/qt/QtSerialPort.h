@@ -16,8 +16,9 @@ public:
     unsigned char takeCharacter() override;
 
 private:
+    void lose();
     void throwIfLost();
 
     QSerialPort port_;
-    bool lost_ = false; ///< the device of the open port is gone
+    bool lost_ = false; ///< the device went while the port was open, and nobody knows yet
 };
