@@ -16,6 +16,7 @@ DoorPanel::DoorPanel(Module1 &module, Recordsets &recordsets, ModemLink &modem, 
       ui_(std::make_unique<Ui::DoorPanel>())
 {
     ui_->setupUi(this);
+    ui_->UpDown1->setMaximumHeight(ui_->KeyTXT_0->sizeHint().height());
     connect(ui_->UpDown1, &UpDown::up, this, [this] { UpDown1_Change(DoorStep::Up); });
     connect(ui_->UpDown1, &UpDown::down, this, [this] { UpDown1_Change(DoorStep::Down); });
     // Its steps are left out one by one where they fail.

@@ -88,6 +88,7 @@ UserPanel::UserPanel(Module1 &module, Recordsets &recordsets, ModemLink &modem,
         policy.setRetainSizeWhenHidden(true);
         hours->setSizePolicy(policy);
     }
+    ui_->UpDown3->setMaximumHeight(ui_->Saldo->sizeHint().height());
     lockStatus(true);
     showBalanceForm(false);
     highlightPrimaryButton();
@@ -159,16 +160,22 @@ void UserPanel::changeEvent(QEvent *event)
     }
 }
 
+/// In the theme's own colour of selection, set off further from its text: styles draw a button in
+/// a paler shade of the colour that it is given.
 void UserPanel::highlightPrimaryButton()
 {
-    QPalette palette;
+    constexpr int kHalf = 128;
+    constexpr int kStronger = 140; // per cent
+    const QColor text = palette().color(QPalette::Active, QPalette::HighlightedText);
+    const QColor colour = palette().color(QPalette::Active, QPalette::Highlight);
+    const QColor button =
+        text.lightness() > kHalf ? colour.darker(kStronger) : colour.lighter(kStronger);
+    QPalette highlighted;
     for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-        palette.setColor(group, QPalette::Button,
-                         palette.color(QPalette::Active, QPalette::Highlight));
-        palette.setColor(group, QPalette::ButtonText,
-                         palette.color(QPalette::Active, QPalette::HighlightedText));
+        highlighted.setColor(group, QPalette::Button, button);
+        highlighted.setColor(group, QPalette::ButtonText, text);
     }
-    ui_->CommandRegistrerBruker->setPalette(palette);
+    ui_->CommandRegistrerBruker->setPalette(highlighted);
 }
 
 UserEntry UserPanel::entry() const
@@ -284,7 +291,24 @@ void UserPanel::Txtfields_LostFocus(int index)
                      VisBrukerTabell();
                  }
              },
-             [&] { showEntry(form); }});
+             [&] { showEntry(form); },
+             [this] {
+                 QMetaObject::invokeMethod(this, &UserPanel::liftButtons, Qt::QueuedConnection);
+             }});
+}
+
+/// A question that came up between a press of the mouse and its release has taken the release: the
+/// button stays down for good. Its click is not made up for, so that the operator sees first what
+/// the answer has brought.
+void UserPanel::liftButtons()
+{
+    if (QGuiApplication::mouseButtons() != Qt::NoButton) {
+        return;
+    }
+    const QList<QAbstractButton *> buttons = window()->findChildren<QAbstractButton *>();
+    for (QAbstractButton *button : buttons) {
+        button->setDown(false);
+    }
 }
 
 void UserPanel::Txtfields_DblClick()

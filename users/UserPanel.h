@@ -60,6 +60,7 @@ private:
     void CommandSlettBruker_Click();
     void focusMoved(QWidget *from, QWidget *to);
     void Txtfields_LostFocus(int index);
+    void liftButtons();
     void Txtfields_DblClick();
     void lockStatus(bool locked);
     void DTPickerFrom_Change();
@@ -73,6 +74,8 @@ private:
     void showRows();
     QStringList headings() const;
     void layOutColumns();
+    void widenToDesign();
+    void makeRoomForStatus();
     void DataGrid1_Click();
     void DataGrid1_RowChange(const QItemSelection &selected);
     void fillFromRow();

@@ -16,6 +16,9 @@ namespace {
 constexpr int kTwipsPerPixel = 15;
 /// The columns behind these, KeyNummer and ID, name a row and say nothing to an operator.
 constexpr int kColumnsInSight = 10;
+constexpr int kEtternavnColumn = 1;
+constexpr int kFornavnColumn = 2;
+constexpr int kNarrowestName = 64; // pixels
 
 } // namespace
 
@@ -111,19 +114,47 @@ void UserPanel::layOutColumns()
     if (widthsFor_ == grid_.hasOwnLayout()) {
         return;
     }
+    grid.horizontalHeader()->setStretchLastSection(false); // it would keep its old width
     grid.resizeColumnsToContents();
-    const auto &layout = UserGridModel::layout();
-    for (int column = 0; grid_.hasOwnLayout() && column < static_cast<int>(layout.size());
-         ++column) {
-        const int designed = layout[static_cast<std::size_t>(column)].twips / kTwipsPerPixel;
-        if (designed > 0) {
-            const int content = std::min(grid.columnWidth(column), 2 * designed);
-            grid.setColumnWidth(column, std::max(designed, content));
-        }
+    if (grid_.hasOwnLayout()) {
+        widenToDesign();
+        makeRoomForStatus();
     }
-    // An empty grid says nothing about what its columns will hold.
-    if (model_.rowCount() > 0) {
+    grid.horizontalHeader()->setStretchLastSection(true);
+    // An empty or unseen grid says nothing about what its columns need and where they end.
+    if (model_.rowCount() > 0 && grid.isVisible()) {
         widthsFor_ = grid_.hasOwnLayout();
+    }
+}
+
+void UserPanel::widenToDesign()
+{
+    QTableView &grid = *ui_->DataGrid1;
+    int column = 0;
+    for (const UserGridModel::Column &designed : UserGridModel::layout()) {
+        if (const int width = designed.twips / kTwipsPerPixel; width > 0) {
+            const int content = std::min(grid.columnWidth(column), 2 * width);
+            grid.setColumnWidth(column, std::max(width, content));
+        }
+        ++column;
+    }
+}
+
+/// Status and Saldo tell more than the end of a long name: in a narrow window the names give way.
+void UserPanel::makeRoomForStatus()
+{
+    QTableView &grid = *ui_->DataGrid1;
+    if (!grid.isVisible()) {
+        return;
+    }
+    int missing = -grid.viewport()->width();
+    for (int column = 0; column < kColumnsInSight; ++column) {
+        missing += grid.columnWidth(column);
+    }
+    for (const int column : {kEtternavnColumn, kFornavnColumn}) {
+        const int width = grid.columnWidth(column);
+        const int spare = std::clamp((missing + 1) / 2, 0, std::max(0, width - kNarrowestName));
+        grid.setColumnWidth(column, width - spare);
     }
 }
 

@@ -433,6 +433,35 @@ TEST(UserPanel, ShowsWhatItCanWithoutADatabase)
     EXPECT_EQ(world.text(0), kUser);
 }
 
+TEST(UserPanel, TabWalksThroughTheFormAsItIsLaidOut)
+{
+    PanelWorld world;
+    world.field(0).setFocus();
+    QStringList walk;
+    for (int step = 0; step < 21; ++step) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        const QWidget *focus = QApplication::focusWidget();
+        walk.append(focus->objectName().isEmpty() ? focus->parentWidget()->objectName()
+                                                  : focus->objectName());
+    }
+    walk.removeDuplicates(); // the parts of a date, the arrows of a stepper
+    EXPECT_EQ(walk.join(u' ').toStdString(),
+              "Txtfields_1 Txtfields_2 Txtfields_3 DTPickerFrom DTPickerTo FraTid TilTid "
+              "Txtfields_4 Saldo UpDown3 cmdNyBruker CommandRegistrerBruker CommandSlettBruker "
+              "CommandSendSMS TabStrip1 DataGrid1");
+}
+
+TEST(DataGrid1, EnterStandsForTheClickOfTheKeyboard)
+{
+    PanelWorld world;
+    world.addUser(kUser, u"Fast"_qs, u"Aktiv "_qs);
+    world.clickTab(u"Alle"_qs);
+    QTest::keyClick(&world.tabs(), Qt::Key_Tab);
+    EXPECT_EQ(world.text(0), QString()); // the focus alone brings no row
+    QTest::keyClick(&world.grid(), Qt::Key_Return);
+    EXPECT_EQ(world.text(0), kUser);
+}
+
 TEST(UserPanel, FitsBesideTheRightHandColumn)
 {
     PanelWorld world;
