@@ -9,9 +9,13 @@
 #include "modem/SendPace.h"
 #include "platform/Operator.h"
 #include "platform/Rules.h"
+#include "platform/RuntimeFailure.h"
 #include "platform/Text.h"
 
+#include <QCoreApplication>
 #include <QScopeGuard>
+
+#include <utility>
 
 namespace {
 
@@ -20,6 +24,7 @@ constexpr milliseconds kAfterEvent = 2000ms;
 // At the slowest pace no listing is asked for, until an event quickens it.
 constexpr milliseconds kNoListingFrom = 59000ms;
 constexpr int kLongestIndex = 7;
+constexpr quint8 kNetworkModem = 255;
 
 const QString &header()
 {
@@ -65,13 +70,28 @@ QString ModemWatcher::takeLine()
 {
     // A line that comes slowly keeps a read waiting for longer than a tick: the ticks inside it
     // must not take the rest of that line.
-    if (takingLine_ || !module_.ModemReady || flags_.QueueRunning || flags_.ModemInitRunning ||
-        !line_.hasLine()) {
+    if (takingLine_ || !module_.ModemReady || flags_.QueueRunning || flags_.ModemInitRunning) {
+        return {};
+    }
+    tellLostPort();
+    if (!line_.hasLine()) {
         return {};
     }
     takingLine_ = true;
     const auto taken = qScopeGuard([&] { takingLine_ = false; });
     return line_.ReadModemLine();
+}
+
+void ModemWatcher::tellLostPort()
+{
+    // Whoever used the port when it went may have kept silent about it (the queue and the
+    // interpreter do), and a closed port has no characters that would ever fail again.
+    const bool lost = module_.ActiveComPort != kNetworkModem && !line_.isOpen();
+    if (lost && !std::exchange(lossTold_, true)) {
+        throw RuntimeFailure(QCoreApplication::translate(
+            "ModemWatcher", "Forbindelsen med modemet er brutt. Velg COM-porten på nytt."));
+    }
+    lossTold_ = lost;
 }
 
 void ModemWatcher::timerSendTick()

@@ -37,6 +37,7 @@ public:
 
 private:
     QString takeLine();
+    void tellLostPort();
     void responseChanged();
     void watch(const QString &text);
     void notified(const QString &panelText);
@@ -54,5 +55,6 @@ private:
     ModemView &view_;
     Operator &operator_;
     bool takingLine_ = false;
+    bool lossTold_ = false; ///< the operator has been told that the port is gone
     int interpreting_ = 0; ///< calls of Read_SMS_MessageTEXT that stand on the stack
 };

@@ -25,7 +25,6 @@ void FakeSerialPort::close()
 void FakeSerialPort::write(const QByteArray &bytes)
 {
     if (!open_ || !present_) {
-        open_ = false;
         throw RuntimeFailure(u"The port is not open"_qs);
     }
     written += bytes;

@@ -1,0 +1,203 @@
+#include "support/World.h"
+
+#include "app/StatusPanel.h"
+#include "data/CreateDatabase.h"
+#include "data/DatabasePaths.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+World::World(Setup setup) : path_(folder_.filePath(QStringLiteral("world.mdb")))
+{
+    makeDatabase(setup);
+    for (const Door &door : setup.doors) {
+        doors_.push_back(
+            std::make_unique<DoorUnit>(network, door.number, door.name, door.language));
+    }
+    network.setObserver([this](const SmsMessage &message, bool delivered) {
+        if (delivered && message.to != modem.ownNumber()) {
+            receivedBy_[message.to].append(QString::fromLatin1(message.text));
+            deliveries.push_back(clock.elapsed());
+        }
+    });
+    connectLine(setup.line);
+    settings.values = {{QStringLiteral("dbpath"), path_},
+                       {QStringLiteral("countrycode"), setup.CountryCode},
+                       {QStringLiteral("keyselect"), setup.doors.front().number},
+                       {QStringLiteral("smsreport"),
+                        setup.reports ? QStringLiteral("True") : QStringLiteral("False")},
+                       {QStringLiteral("lastcomport"),
+                        setup.line == Line::Com ? QStringLiteral("1") : QStringLiteral("255")}};
+    if (setup.before) {
+        setup.before(*this);
+    }
+    if (setup.line == Line::Tcp) {
+        person.answers(QStringLiteral("Kobler til: "));
+    }
+    clock.after(1s, [this] { login(); });
+    if (!application_.start()) {
+        throw std::runtime_error("The program did not get to its main screen");
+    }
+    QApplication::setActiveWindow(&screen()); // offscreen nobody else gives it the focus
+}
+
+World::~World() = default;
+
+void World::makeDatabase(const Setup &setup)
+{
+    createDatabase(path_,
+                   {QStringLiteral("Hovedoperatør"), QStringLiteral("pw"), QStringLiteral("6")});
+    connection_ = Connection::open(connectionString(path_));
+    connection_->transaction([&] {
+        for (const Door &door : setup.doors) {
+            connection_->run(
+                QStringLiteral("INSERT INTO KEYTable (KeyNummer, KeyNavn, KeySikkerhet, Bygning) "
+                               "VALUES (?, ?, '4', 'Solbakken 12')"),
+                {door.number, door.name});
+        }
+    });
+}
+
+void World::connectLine(Line line)
+{
+    modem.setSubmissionTime(500ms);
+    if (line == Line::Com) {
+        MSComm1.onWrite = [this](const QByteArray &bytes) { modem.receive(bytes); };
+        modem.setOutput([this](const QByteArray &bytes) { MSComm1.feed(bytes); });
+        modem.setLineDrop([this] {
+            MSComm1.unplug();
+            modem.lineClosed();
+        });
+    } else {
+        Winsock1.onWrite = [this](const QByteArray &bytes) { modem.receive(bytes); };
+        modem.setOutput([this](const QByteArray &bytes) { Winsock1.feed(bytes); });
+        modem.setLineDrop([this] {
+            Winsock1.closeByFarSide();
+            modem.lineClosed();
+        });
+    }
+}
+
+void World::login()
+{
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == QStringLiteral("frmLogin") && window->isVisible()) {
+            QTest::keyClicks(window->findChild<QLineEdit *>(QStringLiteral("txtPassword")),
+                             QStringLiteral("pw"));
+            QTest::keyClick(window, Qt::Key_Return);
+            return;
+        }
+    }
+    ADD_FAILURE() << "The login screen did not come up";
+}
+
+QString World::panel(int number)
+{
+    return control<StatusPanel>(QStringLiteral("sbStatusBar_%1").arg(number).toUtf8().constData())
+        .text();
+}
+
+void World::click(const char *button)
+{
+    QTest::mouseClick(&control<QAbstractButton>(button), Qt::LeftButton);
+}
+
+void World::type(const char *field, const QString &text)
+{
+    auto &edit = control<QLineEdit>(field);
+    edit.setFocus();
+    edit.selectAll();
+    QTest::keyClicks(&edit, text);
+    QTest::keyClick(&edit, Qt::Key_Tab);
+}
+
+void World::chooseTab(const QString &caption)
+{
+    auto &tabs = control<QTabBar>("TabStrip1");
+    for (int i = 0; i < tabs.count(); ++i) {
+        if (tabs.tabText(i) == caption) {
+            tabs.setCurrentIndex(i);
+            return;
+        }
+    }
+    ADD_FAILURE() << "No such tab: " << caption.toStdString();
+}
+
+void World::registerUser(const QString &number, const QString &saldo)
+{
+    click("cmdNyBruker");
+    type("Txtfields_0", number);
+    type("Txtfields_1", QStringLiteral("Kari"));
+    type("Txtfields_2", QStringLiteral("Nordås"));
+    if (!saldo.isEmpty()) {
+        type("Saldo", saldo);
+    }
+    click("CommandRegistrerBruker");
+}
+
+QStringList World::rows(const QString &sql)
+{
+    QStringList result;
+    connection_->run(sql, {}, [&](const QVariantList &values) {
+        QStringList texts;
+        for (const QVariant &each : values) {
+            texts.append(each.toString());
+        }
+        result.append(texts.join(u'|'));
+    });
+    return result;
+}
+
+QString World::value(const QString &sql)
+{
+    return connection_->single(sql).toString();
+}
+
+void World::execute(const QString &sql)
+{
+    connection_->run(sql);
+}
+
+QString World::status(const QString &number, const QString &door)
+{
+    const QVariant found = connection_->single(
+        QStringLiteral("SELECT Status FROM TBLbrukere WHERE KeyBruker = ? AND KeyNummer = ?"),
+        {number, door});
+    return found.isValid() ? found.toString() : QStringLiteral("-");
+}
+
+bool World::runUntil(const std::function<bool()> &condition, milliseconds limit)
+{
+    // Looking once a second is enough, and spares the database a question for every character.
+    const milliseconds until = clock.elapsed() + limit;
+    while (!condition()) {
+        if (clock.elapsed() >= until) {
+            return false;
+        }
+        clock.run(1s);
+    }
+    return true;
+}
+
+bool World::runUntilIdle(milliseconds limit)
+{
+    return runUntil(
+        [this] {
+            return modem.store().records().empty() &&
+                   value(QStringLiteral("SELECT (SELECT count(*) FROM NYEbrukere) + "
+                                        "(SELECT count(*) FROM SMS_Sent WHERE CMGS = 'UNSENT') + "
+                                        "(SELECT count(*) FROM TBLbrukere WHERE Status IN "
+                                        "('NY', 'Registrerer', 'Slett', 'Sletter'))")) == u"0";
+        },
+        limit);
+}
+
+bool World::runUntilStatus(const QString &number, const QString &wanted, milliseconds limit)
+{
+    return runUntil([&] { return status(number) == wanted; }, limit);
+}

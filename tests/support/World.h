@@ -1,0 +1,101 @@
+#pragma once
+
+#include "app/Application.h"
+#include "app/frmMain.h"
+#include "data/Connection.h"
+#include "simulator/DoorUnit.h"
+#include "simulator/SimulatedModem.h"
+#include "support/Doubles.h"
+#include "support/FakeLines.h"
+
+#include <QTemporaryDir>
+
+#include <vector>
+
+/// The whole program in one process: the real main screen offscreen, a real database file, the
+/// simulated modem, network and doors, and the virtual clock. The same each time.
+class World {
+public:
+    enum class Line { Com, Tcp };
+    struct Door {
+        QString number;
+        QString name;
+        DoorLanguage language = DoorLanguage::Norwegian;
+    };
+    struct Setup {
+        Line line = Line::Com;
+        bool reports = false;
+        QString CountryCode = QStringLiteral("47");
+        std::vector<Door> doors = {{QStringLiteral("+4790000001"), QStringLiteral("Hovedport")}};
+        /// Touches the world before the program starts: faults, rows, settings.
+        std::function<void(World &)> before = {};
+    };
+
+    /// Logs in, sits out the splash, answers the connection's question: the main screen is up.
+    explicit World(Setup setup);
+    World() : World(Setup{}) {}
+    ~World();
+
+    frmMain &screen() { return *application_.mainScreen(); }
+    ModemLink &modemLink() { return screen().modemLink(); }
+    /// Text of a panel of the status bar, 1 to 3.
+    QString panel(int number);
+    Application &application() { return application_; }
+    DoorUnit &door(std::size_t i = 0) { return *doors_[i]; }
+
+    /// The control of this name on the main screen.
+    template <class Control> Control &control(const char *name)
+    {
+        auto *found = screen().findChild<Control *>(QString::fromUtf8(name));
+        if (found == nullptr) {
+            throw std::runtime_error(std::string("No such control: ") + name);
+        }
+        return *found;
+    }
+    void click(const char *button);
+    /// Replaces the text of a field by what an operator types, and leaves the field.
+    void type(const char *field, const QString &text);
+    void chooseTab(const QString &caption);
+    /// New user: button, number, names, button.
+    void registerUser(const QString &number, const QString &saldo = {});
+
+    /// First value of the statement's first row, as text, read through a connection of its own.
+    QString value(const QString &sql);
+    /// All rows, columns joined by "|".
+    QStringList rows(const QString &sql);
+    /// Status of a number on a door, "-" without a row.
+    QString status(const QString &number, const QString &door = QStringLiteral("+4790000001"));
+    void execute(const QString &sql);
+
+    /// Lets the time go by until the condition holds; looked at once a second.
+    bool runUntil(const std::function<bool()> &condition, milliseconds limit);
+    /// Lets the time go by until nothing waits: no unsent message, no record in the modem's store.
+    bool runUntilIdle(milliseconds limit = 10min);
+    bool runUntilStatus(const QString &number, const QString &wanted, milliseconds limit = 10min);
+
+    /// Texts that reached this door, in order.
+    QStringList received(const QString &number) const { return receivedBy_.value(number); }
+
+    VirtualClock clock;
+    ScriptedOperator person{clock};
+    FakeHost host;
+    MemorySettings settings;
+    FakeSerialPort MSComm1;
+    FakeTcpSocket Winsock1{clock};
+    SmsNetwork network{clock};
+    SimulatedModem modem{clock, network, QStringLiteral("+4799000000")};
+    /// Moments at which messages reached the network's phones, doors only.
+    std::vector<milliseconds> deliveries;
+
+private:
+    void makeDatabase(const Setup &setup);
+    void connectLine(Line line);
+    void login();
+
+    QTemporaryDir folder_;
+    QString path_;
+    std::vector<std::unique_ptr<DoorUnit>> doors_;
+    QMap<QString, QStringList> receivedBy_;
+    std::shared_ptr<Connection> connection_;
+    Application application_{{clock, person, settings, host, MSComm1, Winsock1}};
+};
