@@ -48,7 +48,7 @@ QByteArray takePart(QByteArray &rest)
         }
         ++position;
     });
-    const QByteArray part = end < 0 ? rest : rest.left(end);
+    QByteArray part = end < 0 ? rest : rest.left(end);
     rest = end < 0 ? QByteArray() : rest.mid(end + 1);
     return part;
 }

@@ -20,5 +20,6 @@ public:
     /// Bytes for nobody are lost.
     virtual void write(const QByteArray &bytes) = 0;
     /// Cuts the connection that stands; the next one is taken as before.
+    /// @throws RuntimeFailure when there is no new line to be had; the port is of no use then.
     virtual void drop() = 0;
 };

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -16,7 +17,7 @@
 
 namespace {
 
-constexpr qsizetype kMostWaiting = 256 * 1024;
+constexpr qsizetype kMostWaiting = 262'144;
 
 [[noreturn]] void fail(const QByteArray &what)
 {
@@ -37,14 +38,24 @@ PtyPort::PtyPort(const QString &link, Events events)
     try {
         open();
     } catch (const RuntimeFailure &) {
-        close();
+        files_.close();
         throw;
     }
 }
 
 PtyPort::~PtyPort()
 {
-    close();
+    removeLink();
+    files_.close();
+}
+
+void PtyPort::Files::close()
+{
+    for (int *file : {&slave, &master}) {
+        if (*file >= 0) {
+            ::close(std::exchange(*file, -1));
+        }
+    }
 }
 
 QString PtyPort::name() const
@@ -54,23 +65,23 @@ QString PtyPort::name() const
 
 void PtyPort::open()
 {
-    master_ = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC | O_NONBLOCK);
-    if (master_ < 0 || grantpt(master_) != 0 || unlockpt(master_) != 0) {
+    files_.master = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC | O_NONBLOCK);
+    if (files_.master < 0 || grantpt(files_.master) != 0 || unlockpt(files_.master) != 0) {
         fail("No pseudo-terminal");
     }
     std::array<char, 256> path{};
-    if (ptsname_r(master_, path.data(), path.size()) != 0) {
+    if (ptsname_r(files_.master, path.data(), path.size()) != 0) {
         fail("No name of the pseudo-terminal");
     }
     device_ = path.data();
     // Held open: with the last opener gone the master would only report errors.
-    slave_ = ::open(path.data(), O_RDWR | O_NOCTTY | O_CLOEXEC);
+    files_.slave = ::open(path.data(), O_RDWR | O_NOCTTY | O_CLOEXEC);
     termios mode{};
-    if (slave_ < 0 || tcgetattr(slave_, &mode) != 0) {
+    if (files_.slave < 0 || tcgetattr(files_.slave, &mode) != 0) {
         fail(device_);
     }
     cfmakeraw(&mode);
-    if (tcsetattr(slave_, TCSANOW, &mode) != 0) {
+    if (tcsetattr(files_.slave, TCSANOW, &mode) != 0) {
         fail(device_);
     }
     if (isLink(link_)) {
@@ -79,32 +90,28 @@ void PtyPort::open()
     if (symlink(device_.constData(), link_.constData()) != 0) {
         fail(link_);
     }
-    readable_ = std::make_unique<QSocketNotifier>(master_, QSocketNotifier::Read);
+    readable_ = std::make_unique<QSocketNotifier>(files_.master, QSocketNotifier::Read);
     QObject::connect(readable_.get(), &QSocketNotifier::activated, readable_.get(),
                      [this] { read(); });
-    writable_ = std::make_unique<QSocketNotifier>(master_, QSocketNotifier::Write);
+    writable_ = std::make_unique<QSocketNotifier>(files_.master, QSocketNotifier::Write);
     writable_->setEnabled(false);
     QObject::connect(writable_.get(), &QSocketNotifier::activated, writable_.get(),
                      [this] { writeWaiting(); });
 }
 
-void PtyPort::close()
+void PtyPort::forgetNotifiers()
 {
-    // A notifier may be the one that called.
+    // One of them may be the one that called.
     for (auto *notifier : {&readable_, &writable_}) {
-        if (*notifier) {
-            (*notifier)->setEnabled(false);
-            notifier->release()->deleteLater();
-        }
+        (*notifier)->setEnabled(false);
+        notifier->release()->deleteLater();
     }
-    for (int *file : {&slave_, &master_}) {
-        if (*file >= 0) {
-            ::close(std::exchange(*file, -1));
-        }
-    }
-    waiting_.clear();
+}
+
+void PtyPort::removeLink()
+{
     const QString target = QFile::symLinkTarget(QFile::decodeName(link_));
-    if (isLink(link_) && !device_.isEmpty() && QFile::encodeName(target) == device_) {
+    if (isLink(link_) && QFile::encodeName(target) == device_) {
         unlink(link_.constData());
     }
 }
@@ -112,7 +119,7 @@ void PtyPort::close()
 void PtyPort::read()
 {
     std::array<char, 4096> bytes;
-    const ssize_t count = ::read(master_, bytes.data(), bytes.size());
+    const ssize_t count = ::read(files_.master, bytes.data(), bytes.size());
     if (count > 0) {
         events_.received(QByteArray(bytes.data(), count));
     }
@@ -126,8 +133,11 @@ void PtyPort::write(const QByteArray &bytes)
 
 void PtyPort::writeWaiting()
 {
+    if (!writable_) {
+        return; // a drop that found no new terminal
+    }
     const ssize_t count =
-        ::write(master_, waiting_.constData(), static_cast<size_t>(waiting_.size()));
+        ::write(files_.master, waiting_.constData(), static_cast<size_t>(waiting_.size()));
     if (count > 0) {
         waiting_.remove(0, count);
     }
@@ -136,7 +146,11 @@ void PtyPort::writeWaiting()
 
 void PtyPort::drop()
 {
-    close();
+    forgetNotifiers();
+    waiting_.clear();
+    // The old line is cut behind the new one, so that who opens the link again at once finds it.
+    Files dropped = std::exchange(files_, {});
     open();
+    dropped.close();
     events_.closed();
 }

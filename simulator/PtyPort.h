@@ -20,15 +20,21 @@ public:
     void drop() override;
 
 private:
+    struct Files {
+        int master = -1;
+        int slave = -1;
+        void close();
+    };
+
     void open();
-    void close();
+    void forgetNotifiers();
+    void removeLink();
     void read();
     void writeWaiting();
 
     QByteArray link_;
     Events events_;
-    int master_ = -1;
-    int slave_ = -1;
+    Files files_;
     QByteArray device_;
     QByteArray waiting_;
     std::unique_ptr<QSocketNotifier> readable_;

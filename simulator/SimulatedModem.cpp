@@ -7,8 +7,8 @@ constexpr char kAbortText = 27;
 constexpr char kBackspace = 8;
 
 constexpr qsizetype kLongestLine = 600;
-constexpr qsizetype kMostInput = 64 * 1024; // held back during a submission
-constexpr qsizetype kMostSlowOutput = 256 * 1024;
+constexpr qsizetype kMostInput = 65'536; // held back during a submission
+constexpr qsizetype kMostSlowOutput = 262'144;
 constexpr size_t kMostNotices = 100;
 
 /// What a broken line makes of an answer.

@@ -19,7 +19,7 @@ QString takeWord(QString &line)
 {
     line = line.trimmed();
     const qsizetype blank = line.indexOf(u' ');
-    const QString word = line.left(blank < 0 ? line.size() : blank);
+    QString word = line.left(blank < 0 ? line.size() : blank);
     line = line.mid(word.size()).trimmed();
     return word;
 }

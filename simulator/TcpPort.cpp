@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr qint64 kMostUnsent = 1024 * 1024;
+constexpr qint64 kMostUnsent = 1'048'576;
 
 } // namespace
 

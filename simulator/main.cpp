@@ -133,6 +133,21 @@ std::unique_ptr<LinePort> openPort(const QCommandLineParser &parser, LinePort::E
                                      std::move(events));
 }
 
+void complain(const RuntimeFailure &failure)
+{
+    std::fprintf(stderr, "lukora-simulator: %s\n", qPrintable(failure.description()));
+}
+
+void dropLine(LinePort &port)
+{
+    try {
+        port.drop();
+    } catch (const RuntimeFailure &failure) {
+        complain(failure);
+        QCoreApplication::exit(1);
+    }
+}
+
 int run(const QCommandLineParser &parser)
 {
     SystemClock clock;
@@ -150,7 +165,7 @@ int run(const QCommandLineParser &parser)
     const auto port = openPort(parser, {[&modem](const QByteArray &bytes) { modem.receive(bytes); },
                                         [&modem] { modem.lineClosed(); }});
     modem.setOutput([&port](const QByteArray &bytes) { port->write(bytes); });
-    modem.setLineDrop([&port] { port->drop(); });
+    modem.setLineDrop([&port] { dropLine(*port); });
     const StandardInput input(console);
     print(QStringLiteral("ready ") + port->name());
     return QCoreApplication::exec();
@@ -178,7 +193,7 @@ int main(int argc, char *argv[])
         }
         return run(parser);
     } catch (const RuntimeFailure &failure) {
-        std::fprintf(stderr, "lukora-simulator: %s\n", qPrintable(failure.description()));
+        complain(failure);
         return 1;
     }
 }

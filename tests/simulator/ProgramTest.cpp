@@ -7,7 +7,12 @@
 #include <QTcpSocket>
 #include <QTemporaryDir>
 
+#include <array>
 #include <csignal>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
 
 namespace {
 
@@ -220,6 +225,62 @@ TEST(Program, DropsTheLineAtThePromptAndTakesTheNextClient)
     ASSERT_TRUE(client.waitForConnected(kPatience));
     client.write("AT\r");
     EXPECT_EQ(readUntil(client, "OK\r\n"), "\r\nOK\r\n");
+}
+
+/// A program's end of the pseudo-terminal.
+class Terminal {
+public:
+    explicit Terminal(const QString &link)
+        : file_(open(QFile::encodeName(link).constData(), O_RDWR | O_NOCTTY | O_NONBLOCK))
+    {
+    }
+    ~Terminal() { close(file_); }
+    bool write(const QByteArray &bytes)
+    {
+        return ::write(file_, bytes.constData(), static_cast<size_t>(bytes.size())) == bytes.size();
+    }
+    /// What comes until this does, or until the line is gone.
+    QByteArray readUntil(const QByteArray &end)
+    {
+        QByteArray heard;
+        pollfd waiting{file_, POLLIN, 0};
+        while (!heard.contains(end) && poll(&waiting, 1, kPatience) > 0) {
+            std::array<char, 256> bytes;
+            const ssize_t count = read(file_, bytes.data(), bytes.size());
+            if (count <= 0) {
+                isGone = true;
+                break;
+            }
+            heard.append(bytes.data(), count);
+        }
+        return heard;
+    }
+    bool isGone = false;
+
+private:
+    int file_;
+};
+
+TEST(Program, DropsATerminalAndMakesANewOne)
+{
+    const QTemporaryDir folder;
+    const QString link = folder.filePath(QStringLiteral("modem"));
+    RunningSimulator simulator({QStringLiteral("--pty"), link});
+    simulator.type("fault drop 1");
+    simulator.type("what");
+    ASSERT_FALSE(simulator.waitForLine("Unknown command what").isEmpty());
+    Terminal dropped(link);
+    ASSERT_TRUE(dropped.write("AT+CMGS=+4790000001\r"));
+    dropped.readUntil("never said");
+    EXPECT_TRUE(dropped.isGone);
+
+    for (int opens = 0; opens < 2; ++opens) {
+        Terminal next(link);
+        ASSERT_TRUE(next.write("AT\r"));
+        EXPECT_EQ(next.readUntil("OK\r\n"), "AT\r\r\nOK\r\n");
+    }
+    EXPECT_EQ(simulator.stop(SIGTERM), 0);
+    EXPECT_FALSE(QFileInfo(link).isSymLink());
 }
 
 TEST(Program, RefusesWhatItCannotBe)
