@@ -42,10 +42,7 @@ void Interpretation::change(Recordset &rows,
     for (const auto &[column, value] : values) {
         rule.step([&] { rows.setValue(QString::fromUtf16(column), value); });
     }
-    if (!rule.step([&] { rows.update(); })) {
-        // A refused row must not ride along with the next one that is written.
-        rule.step([&] { rows.cancelUpdate(); });
-    }
+    rule.step([&] { rows.update(); });
 }
 
 bool Interpretation::findPerson(const QString &shortForm)

@@ -191,6 +191,7 @@ struct Moment {
 Moment duringMessage(InboundWorld &world, const QByteArray &body, const QByteArray &sender)
 {
     Moment moment{};
+    world.link.pace.restart(60s);
     world.shown = [&] {
         moment = {world.link.TimerCom->isEnabled(), world.link.pace.isRunning(),
                   world.link.flags.ReadingMessages};
@@ -249,8 +250,10 @@ TEST(MessageReader, ScreenIsRefreshedAndThePanelTellsTheState)
 TEST(MessageReader, PortThatGoesInTheMiddleLeavesTheLinkReady)
 {
     InboundWorld world;
+    world.operator_.answers(u"COM-porten"_qs); // once, by the watcher
     world.shown = [&] { world.port.unplug(); };
     world.doorSays("Hovedport\n91234567 er lagt til");
+    world.clock.run(5s);
     EXPECT_EQ(world.users().size(), 1U);
     EXPECT_EQ(world.store.size(), 1U);
     EXPECT_TRUE(world.link.TimerCom->isEnabled());
