@@ -23,7 +23,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto kLook = 100ms;
+constexpr auto kLook = 200ms;
 constexpr qint64 kPatience = 90'000; // milliseconds for one step
 const QString kNumber = QStringLiteral("+4791234567");
 
@@ -43,7 +43,8 @@ qint64 processAge()
     }
     // The name in brackets may hold blanks; the start time is the 20th word behind it.
     const QByteArray behindName = stat.readAll().split(')').last().simplified();
-    const double started = behindName.split(' ').value(19).toDouble() / sysconf(_SC_CLK_TCK);
+    const double started =
+        behindName.split(' ').value(19).toDouble() / double(sysconf(_SC_CLK_TCK));
     return qRound64((uptime.readAll().split(' ').first().toDouble() - started) * 1000);
 }
 
@@ -84,6 +85,12 @@ void Road::type(const char *field, const QString &text) const
     edit->selectAll();
     QTest::keyClicks(edit, text, Qt::NoModifier, 20);
     QTest::keyClick(edit, Qt::Key_Tab);
+}
+
+void Road::chooseAll() const
+{
+    auto *tabs = control<QTabBar>("TabStrip1");
+    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(tabs->count() - 1).center());
 }
 
 bool Road::gridShows(const QString &number, const QString &status) const
@@ -127,12 +134,16 @@ void Road::planSteps()
                       },
                       {},
                       [this] {
-                          auto *tabs = control<QTabBar>("TabStrip1");
-                          tabs->setCurrentIndex(tabs->count() - 1);
+                          // Without a window manager nobody else gives it the focus.
+                          lukora_.mainScreen()->activateWindow();
+                          chooseAll();
                       }});
     steps_.push_back(
         {QStringLiteral("Main screen with the users of the door"),
-         [this] { return gridShows(u"+4791000011"_qs, u"Aktiv"_qs); },
+         [this] {
+             return lukora_.mainScreen()->isActiveWindow() &&
+                    gridShows(u"+4791000011"_qs, u"Aktiv"_qs);
+         },
          QStringLiteral("3-main-before"),
          [this] {
              QTest::mouseClick(control<QAbstractButton>("cmdNyBruker"), Qt::LeftButton);
@@ -143,11 +154,17 @@ void Road::planSteps()
              QTest::mouseClick(control<QAbstractButton>("CommandRegistrerBruker"), Qt::LeftButton);
          }});
     steps_.push_back({QStringLiteral("Registered: the command waits in the queue"),
-                      [this] { return gridShows(kNumber, u"Ny"_qs); },
+                      [this] {
+                          chooseAll();
+                          return gridShows(kNumber, u"Ny"_qs);
+                      },
                       {},
                       [] {}});
     steps_.push_back({QStringLiteral("Registrerer: the network has taken the command"),
-                      [this] { return gridShows(kNumber, u"Registrerer"_qs); },
+                      [this] {
+                          chooseAll();
+                          return gridShows(kNumber, u"Registrerer"_qs);
+                      },
                       {},
                       [] {}});
     steps_.push_back({QStringLiteral("Aktiv: the door has confirmed"),

@@ -36,6 +36,8 @@ private:
     QWidget *window(const char *name) const;
     template <class Control> Control *control(const char *name) const;
     void type(const char *field, const QString &text) const;
+    /// Clicks the last tab, "Alle", which also refills the grid.
+    void chooseAll() const;
     bool gridShows(const QString &number, const QString &status) const;
 
     Application &lukora_;
