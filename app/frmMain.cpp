@@ -17,13 +17,18 @@
 #include "users/UserPanel.h"
 
 #include <QApplication>
+#include <QBoxLayout>
 #include <QCloseEvent>
+#include <QFrame>
 #include <QScreen>
 
 namespace {
 
 constexpr milliseconds kTimerCom = 1000ms;
 constexpr quint8 kLastPortInMenu = 4;
+constexpr int kLinesOfReceived = 16;
+constexpr int kUsersWidth = 620;
+constexpr int kModemWidth = 310;
 
 void setVisibleInMenuOrScreen(QWidget &screen, const QString &name, bool visible)
 {
@@ -93,17 +98,37 @@ void frmMain::wirePanels()
 
 void frmMain::placePanels()
 {
-    ui_->usersColumn->addWidget(doorPanel_);
-    ui_->usersColumn->addWidget(userPanel_, 1);
-    ui_->modemColumn->addWidget(receivedPanel_);
-    ui_->modemColumn->addWidget(modemPanel_);
-    ui_->modemColumn->addWidget(networkPanel_);
-    ui_->modemColumn->addStretch(1);
+    const auto place = [](QBoxLayout *column, QWidget *panel, int stretch) {
+        auto *card = new QFrame;
+        card->setFrameShape(QFrame::StyledPanel);
+        auto *inside = new QVBoxLayout(card);
+        inside->setContentsMargins(12, 10, 12, 12);
+        panel->layout()->setContentsMargins(0, 0, 0, 0);
+        inside->addWidget(panel);
+        column->addWidget(card, stretch);
+    };
+    place(ui_->usersColumn, doorPanel_, 0);
+    place(ui_->usersColumn, userPanel_, 1);
+    place(ui_->usersColumn, receivedPanel_, 0);
+    place(ui_->modemColumn, modemPanel_, 0);
+    place(ui_->modemColumn, networkPanel_, 1);
+    ui_->modemColumn->addStretch();
+    // Narrower, and numbers would be cut; the content may ask for more.
+    ui_->usersColumn->addStrut(kUsersWidth);
+    ui_->modemColumn->addStrut(kModemWidth);
+    // Room that is left over belongs to the table of users.
+    receivedPanel_->setMaximumHeight(fontMetrics().lineSpacing() * kLinesOfReceived);
+    networkPanel_->parentWidget()->hide();
 }
 
 void frmMain::buildStatusBar()
 {
     for (int panel = 0; panel < 3; ++panel) {
+        if (panel > 0) {
+            auto *line = new QFrame;
+            line->setFrameStyle(QFrame::VLine | QFrame::Sunken);
+            ui_->sbStatusBar->addWidget(line);
+        }
         sbStatusBar_[panel] =
             new StatusPanel(QStringLiteral("sbStatusBar_%1").arg(panel + 1), this);
         ui_->sbStatusBar->addWidget(sbStatusBar_[panel], 1);

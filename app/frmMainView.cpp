@@ -50,6 +50,10 @@ void frmMain::setTerminal(const QString &text)
 void frmMain::showNetworkControls(const NetworkControls &controls)
 {
     networkPanel_->showNetworkControls(controls);
+    // An empty frame would puzzle those whose modem is on a COM port.
+    networkPanel_->parentWidget()->setVisible(controls.groupVisible || controls.connectVisible ||
+                                              controls.disconnectVisible ||
+                                              controls.terminalVisible);
 }
 
 void frmMain::tickPort(PortMenuEntry entry)

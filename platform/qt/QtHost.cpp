@@ -31,7 +31,9 @@ QString fullDateFormat(const QString &shortFormat)
         last = character;
     }
     full = full.trimmed();
-    const bool complete = full.count(u'd') == 2 && full.count(u'M') == 2 && full.count(u'y') == 4;
+    const bool inWords = shortFormat.contains(QStringLiteral("MMM"));
+    const bool complete =
+        !inWords && full.count(u'd') == 2 && full.count(u'M') == 2 && full.count(u'y') == 4;
     return complete ? full : QStringLiteral("dd.MM.yyyy");
 }
 

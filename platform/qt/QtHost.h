@@ -3,7 +3,8 @@
 #include "platform/Host.h"
 
 /// A short date format of any locale as one with two-digit day and month and four-digit year, in
-/// the locale's order and with its separators; "dd.MM.yyyy" where it lacks one of the three.
+/// the locale's order and with its separators; "dd.MM.yyyy" where it lacks one of the three or
+/// writes the month as a word.
 QString fullDateFormat(const QString &shortFormat);
 
 /// This machine and the person logged on to it.

@@ -10,6 +10,7 @@
 #include <QLibraryInfo>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPainter>
 #include <QPointer>
 #include <QPushButton>
 #include <QScopeGuard>
@@ -49,6 +50,28 @@ QString forLabel(QString text)
         }
     }
     return text;
+}
+
+/// A character on a disc in the platform's accent colour.
+QPixmap sign(QChar character, const QWidget &screen)
+{
+    constexpr int kSize = 40;
+    QPixmap picture(QSize(kSize, kSize) * screen.devicePixelRatioF());
+    picture.setDevicePixelRatio(screen.devicePixelRatioF());
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(screen.palette().highlight());
+    const QRectF disc(2, 2, kSize - 4, kSize - 4);
+    painter.drawEllipse(disc);
+    QFont font = screen.font();
+    font.setPixelSize(24);
+    font.setBold(true);
+    painter.setFont(font);
+    painter.setPen(screen.palette().highlightedText().color());
+    painter.drawText(disc, Qt::AlignCenter, QString(character));
+    return picture;
 }
 
 QString orProgramName(const QString &title)
@@ -96,12 +119,10 @@ Answer QtOperator::messageBox(const QString &text, const QString &title, Buttons
         box->setDetailedText(text);
     }
     const bool canCancel = buttons == Buttons::OkCancel;
-    box->setIcon(canCancel ? QMessageBox::Question : QMessageBox::Information);
+    box->setIconPixmap(sign(canCancel ? u'?' : u'i', *box));
     box->setStandardButtons(canCancel ? QMessageBox::Ok | QMessageBox::Cancel : QMessageBox::Ok);
     box->setDefaultButton(QMessageBox::Ok);
-    if (QAbstractButton *cancel = box->button(QMessageBox::Cancel)) {
-        cancel->setText(cancelCaption_);
-    }
+    captionButtons(*box->findChild<QDialogButtonBox *>());
     const bool accepted = ask(*box);
     // Only the button tells a confirmed box from a closed one.
     return accepted && box && box->clickedButton() == box->button(QMessageBox::Ok) ? Answer::Ok
@@ -201,7 +222,11 @@ bool QtOperator::ask(QDialog &dialog)
 
 void QtOperator::captionButtons(QDialogButtonBox &buttons) const
 {
-    if (QPushButton *cancel = buttons.button(QDialogButtonBox::Cancel)) {
-        cancel->setText(cancelCaption_);
+    const QList<QAbstractButton *> all = buttons.buttons();
+    for (QAbstractButton *button : all) {
+        button->setIcon({});
+        if (buttons.standardButton(button) == QDialogButtonBox::Cancel) {
+            button->setText(cancelCaption_);
+        }
     }
 }

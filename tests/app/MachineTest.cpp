@@ -38,7 +38,8 @@ INSTANTIATE_TEST_SUITE_P(Locales, DateFormat,
                                          Format{"bulgarianWithWords", "d.MM.yy 'г'.",
                                                 "dd.MM.yyyy ."},
                                          Format{"weekdayInFront", "ddd d.M.yyyy", "dd.MM.yyyy"},
-                                         Format{"monthAlone", "MMMM yyyy", "dd.MM.yyyy"},
+                                         Format{"monthAlone", "MM yyyy", "dd.MM.yyyy"},
+                                         Format{"monthAsAWord", "d MMM yyyy", "dd.MM.yyyy"},
                                          Format{"empty", "", "dd.MM.yyyy"}),
                          [](const auto &tested) { return std::string(tested.param.name); });
 
