@@ -56,5 +56,5 @@ private:
     Operator &operator_;
     bool takingLine_ = false;
     bool lossTold_ = false; ///< the operator has been told that the port is gone
-    int interpreting_ = 0; ///< calls of Read_SMS_MessageTEXT that stand on the stack
+    int interpreting_ = 0;  ///< calls of Read_SMS_MessageTEXT that stand on the stack
 };
