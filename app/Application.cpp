@@ -43,6 +43,7 @@ bool Application::login()
     frmLogin screen(module_, machine_.person, machine_.settings, machine_.host);
     screen.load();
     screen.show();
+    screen.activateWindow(); // bare X servers leave it to the program
     waitWhileVisible(screen);
     return screen.LoginSucceeded;
 }
@@ -72,6 +73,7 @@ void Application::openMainScreen()
     // Only now: the modem may have been initialised already, which needs no table.
     frmMain_->modemLink().tables.BuildCharacterTables();
     frmMain_->show();
+    frmMain_->activateWindow();
 }
 
 void Application::close()

@@ -214,6 +214,7 @@ void frmMain::setVisible(bool visible)
     // Some window systems never tell a first window that it has the focus.
     if (visible && !hasFocus_) {
         hasFocus_ = true;
+        findChild<QWidget *>(QStringLiteral("Txtfields_0"))->setFocus();
         activated();
     }
 }
