@@ -35,6 +35,7 @@ struct Site {
         recordsets.OpenRecordsets();
         link.tables.BuildCharacterTables();
         link.watcher.StartNyBruker = [this] { users.StartNyBruker(); };
+        link.watcher.Read_SMS_MessageTEXT = [this] { reader.Read_SMS_MessageTEXT(); };
         module.ModemReady = true;
     }
 
@@ -113,14 +114,12 @@ void Messages(benchmark::State &state, const SiteSize &size)
     int user = 0;
     for (auto _ : state) {
         state.PauseTiming();
-        site.module.MessageIndex = 1;
-        site.link.response.setText(
-            u"+CMGL: 1,\"REC UNREAD\",\"+4795000001\",,\"26/12/01,12:00:%1+04\""_qs.arg(user % 60));
-        site.link.TimerCom->setEnabled(false);
         const QByteArray number = QByteArray::number(91000001 + user++ % size.users);
         site.MSComm1.feed("Hovedport\n" + number + " er lagt til\r\n\r\nOK\r\n");
+        const QString header =
+            u"+CMGL: 1,\"REC UNREAD\",\"+4795000001\",,\"26/12/01,12:00:%1+04\""_qs.arg(user % 60);
         state.ResumeTiming();
-        site.reader.Read_SMS_MessageTEXT();
+        site.link.response.setText(header);
     }
     state.SetItemsProcessed(state.iterations());
     noteMemory(state);
