@@ -190,6 +190,11 @@ void QtOperator::setLanguage(const QString &countryCode)
     }
     cancelCaption_ = language->cancel.toString();
     QCoreApplication::removeTranslator(&qtTexts_);
+    QCoreApplication::removeTranslator(&ownTexts_);
+    // Our own texts are Norwegian as they stand.
+    if (ownTexts_.load(QStringLiteral(":/translations/lukora_%1").arg(language->catalogue))) {
+        QCoreApplication::installTranslator(&ownTexts_);
+    }
     const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
     const QStringList catalogues = language->catalogue.toString().split(u' ');
     for (const QString &catalogue : catalogues) {

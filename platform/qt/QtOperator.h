@@ -33,7 +33,8 @@ private:
     void captionButtons(QDialogButtonBox &buttons) const;
 
     Clock &clock_;
-    QTranslator qtTexts_;
+    QTranslator qtTexts_;  ///< captions of standard dialogues
+    QTranslator ownTexts_; ///< words of our failures
     QString cancelCaption_;
     QList<QDialog *> open_;
     bool busy_ = false;
