@@ -66,6 +66,7 @@ QString siteDatabase(const SiteSize &size)
         createDatabase(unfinished, {u"Hovedoperatør"_qs, u"demo"_qs, u"6"_qs});
         fill(*Connection::open(connectionString(unfinished)), size);
         QFile::rename(unfinished, path);
+        QFile::remove(unfinished + u"-lock"_qs);
     }
     return path;
 }
