@@ -82,7 +82,9 @@ void UserOperations::LagreNyBruker(const UserEntry &entry)
     makeSureOfCatalogueRow(entry);
 
     Recordset &rows = recordsets_.rsVisNyeBrukere;
-    if (!rows.findFirst(QStringLiteral("ID"), entry.id)) {
+    // The word for no row must not find the period that happens to bear that number.
+    const bool isNew = entry.id == QString::number(kNoWaitingRow);
+    if (isNew || !rows.findFirst(QStringLiteral("ID"), entry.id)) {
         rows.addNew();
         setUnlessEmpty(rows, QStringLiteral("KeyNummer"), recordsets_.doorNumber());
         setUnlessEmpty(rows, QStringLiteral("Bruker"), entry.number);

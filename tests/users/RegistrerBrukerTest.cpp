@@ -161,6 +161,12 @@ TEST(LagreNyBruker, PeriodOnScreenKeepsItsNumberAndDoor)
     entry.id = world.database.single(u"SELECT ID FROM NYEbrukere"_qs);
     world.users.LagreNyBruker(entry);
     EXPECT_EQ(world.waiting(), QStringList{u"+4790000001|+4790009000|1/12/2026|NY"_qs});
+
+    // The number that stands for no period on screen finds none, though one may bear it.
+    world.database.look().run(u"UPDATE NYEbrukere SET ID = 9999"_qs);
+    world.refresh();
+    world.users.LagreNyBruker(world.guest());
+    EXPECT_EQ(world.waiting().size(), 2);
 }
 
 TEST(Save, GoesByTheModeAndRefusesAWaitingPeriodForNoDoor)
