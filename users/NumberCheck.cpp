@@ -8,13 +8,15 @@
 
 namespace {
 
-/// The typed name wins; a missing one comes from the catalogue.
+/// The typed name wins; a missing one comes from the catalogue. A name that stands there already
+/// is not written again: going through the form must not wait for the disk, or another PC.
 void matchName(Recordset &catalogue, const QString &column, QString &name)
 {
-    if (!name.isEmpty()) {
-        catalogue.setValue(column, name);
-    } else if (const QString known = catalogue.text(column); !known.isEmpty()) {
+    const QString known = catalogue.text(column);
+    if (name.isEmpty()) {
         name = known;
+    } else if (name != known) {
+        catalogue.setValue(column, name);
     }
 }
 

@@ -39,6 +39,19 @@ TEST(MatchCatalogue, TypedNameWinsAndAMissingOneComesFromThere)
               QStringList{u"Lund|Ola"_qs});
 }
 
+TEST(MatchCatalogue, KnownNamesAreNotWrittenAgain)
+{
+    CheckWorld world;
+    world.addUser(kUser, u"Gjest"_qs, u"Aktiv "_qs);
+    world.database.look().run(u"CREATE TRIGGER held BEFORE UPDATE ON Katalog"
+                              " BEGIN SELECT RAISE(ABORT, 'held'); END"_qs);
+    world.entry.etternavn = u"Berg"_qs;
+    world.entry.fornavn = u"Ola"_qs;
+    EXPECT_NO_THROW(world.check.matchCatalogue(world.entry));
+    world.entry.fornavn = u"OLA"_qs;
+    EXPECT_THROW(world.check.matchCatalogue(world.entry), RuntimeFailure);
+}
+
 TEST(MatchCatalogue, UnknownNumberChangesNothing)
 {
     CheckWorld world;
