@@ -38,6 +38,9 @@ void UserPanel::connectGrid()
     grid.viewport()->installEventFilter(this);
     grid.verticalHeader()->setDefaultSectionSize(grid.fontMetrics().height() + 6);
     grid.horizontalHeader()->setSectionsClickable(true);
+    // A heading doesn't take the focus by itself, and the field in use would not count as left.
+    connect(grid.horizontalHeader(), &QHeaderView::sectionPressed, this,
+            [this] { ui_->DataGrid1->setFocus(Qt::MouseFocusReason); });
     connect(grid.horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int column) {
         kept([&] {
             grid_.sortByColumn(column);

@@ -324,9 +324,12 @@ TEST(DataGrid1, HeadingSortsAndEmptiesTheForm)
     world.addUser(u"+4790009002"_qs, u"Annen"_qs, u"Aktiv "_qs);
     world.clickTab(u"Alle"_qs);
     world.clickRow(0);
+    world.type(2, u"Lund"_qs);
     world.clickHeading(7);
     EXPECT_EQ(world.numbersShown(), (QStringList{u"+4790009002"_qs, u"+4790009001"_qs}));
     EXPECT_EQ(world.text(0), QString());
+    EXPECT_EQ(world.rows(u"SELECT Etternavn FROM Katalog"_qs),
+              (QStringList{u"Lund"_qs, u"Berg"_qs})); // the field was left
     world.clickRow(0);
     EXPECT_EQ(world.text(0), u"+4790009002"_qs);
 }
