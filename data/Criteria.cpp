@@ -56,12 +56,17 @@ QString comparedForm(const QString &column)
     return QStringLiteral("upper(rtrim(%1))").arg(sqlName(column));
 }
 
-QString criterionValue(const QString &value)
+QString filterValue(const QString &value)
 {
     if (value.contains(u'\'')) {
         throw RuntimeFailure(
             QCoreApplication::translate("Criteria", "Søkeverdien kan ikke ha apostrof: %1")
                 .arg(value));
     }
-    return value.trimmed();
+    return value;
+}
+
+QString criterionValue(const QString &value)
+{
+    return filterValue(value).trimmed();
 }

@@ -19,7 +19,9 @@ QString differs(const QString &column);
 /// SQL for the form in which a column is compared, for the indexes of the schema.
 QString comparedForm(const QString &column);
 
-/// The value to bind: without blanks on either side.
+/// The value to bind in a filter: as it stands.
 /// @throws RuntimeFailure when it holds a single quote: criteria have always been quoted texts, and
 /// what cannot stand in one must fail, not be looked for.
+QString filterValue(const QString &value);
+/// The value to bind in a look-up: the same without blanks on either side.
 QString criterionValue(const QString &value);

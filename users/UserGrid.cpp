@@ -51,7 +51,7 @@ void UserGrid::findTabs()
                      .columns = {QStringLiteral("Bruker"), QStringLiteral("Etternavn"),
                                  QStringLiteral("Fornavn"), QStringLiteral("Konto")},
                      .filter = equals(QStringLiteral("KeyNummer")),
-                     .values = {criterionValue(recordsets_.doorNumber())},
+                     .values = {filterValue(recordsets_.doorNumber())},
                      .sort = QStringLiteral("Konto"),
                      .key = kUserKey});
     QString remembered;
@@ -84,7 +84,7 @@ void UserGrid::openRows()
                   .columns =
                       kUserColumns + QStringList{QStringLiteral("KeyNummer"), QStringLiteral("ID")},
                   .filter = equals(QStringLiteral("KeyNummer")),
-                  .values = {criterionValue(recordsets_.doorNumber())}};
+                  .values = {filterValue(recordsets_.doorNumber())}};
     Query users = waiting;
     // The waiting periods follow the door under every tab: saving and the number check look there.
     recordsets_.rsVisNyeBrukere.open(module_.DatabaseConnection, std::move(waiting));
@@ -97,7 +97,7 @@ void UserGrid::openRows()
     if (mode_ != Mode::All) {
         users.filter += QStringLiteral(" AND ") + differs(QStringLiteral("Status")) +
                         QStringLiteral(" AND ") + equals(QStringLiteral("Konto"));
-        users.values += {QStringLiteral("NY"), criterionValue(module_.GridFilter)};
+        users.values += {QStringLiteral("NY"), filterValue(module_.GridFilter)};
     }
     recordsets_.rsVisBrukere.open(module_.DatabaseConnection, std::move(users));
 }

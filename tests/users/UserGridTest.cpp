@@ -51,13 +51,16 @@ TEST(VisBrukerTabell, EachTabShowsItsRows)
     world.addUser(number(22), u"GJEST"_qs, u"Aktiv "_qs);
     world.addUser(number(23), u"Saldo"_qs, u"Registrerer"_qs);
     world.addUser(number(24), u"Gjest"_qs, u"Aktiv "_qs, kOtherDoor);
+    world.addUser(number(27), u" Vakt"_qs, u"Aktiv "_qs);
     world.addWaiting(number(25), u"2/12/2026"_qs);
     world.addWaiting(number(26), u"2/12/2026"_qs, u"NY"_qs, kOtherDoor);
     EXPECT_EQ(world.shown(u"Nye"_qs), QStringList{u"25"_qs});
     EXPECT_EQ(world.shown(u"Gjest"_qs), QStringList{u"22"_qs});
     EXPECT_EQ(world.shown(u"Saldo"_qs), QStringList{u"23"_qs});
     EXPECT_FALSE(world.grid.hasOwnLayout());
-    EXPECT_EQ(world.shown(u"Alle"_qs), (QStringList{u"20"_qs, u"21"_qs, u"22"_qs, u"23"_qs}));
+    EXPECT_EQ(world.shown(u"Alle"_qs),
+              (QStringList{u"20"_qs, u"21"_qs, u"22"_qs, u"23"_qs, u"27"_qs}));
+    EXPECT_EQ(world.shown(u" Vakt"_qs), QStringList{u"27"_qs}); // an account counts as typed
     EXPECT_TRUE(world.grid.hasOwnLayout());
     EXPECT_EQ(world.shown(u"Borte"_qs), QStringList()); // a tab that is gone
 }
