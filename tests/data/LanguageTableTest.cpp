@@ -73,26 +73,6 @@ TEST_F(LanguageTableTest, DefaultsOfTheMessagesAreWhatTheTableSaysInNorwegian)
     EXPECT_EQ(emptied.alle, asDesigned.alle);
 }
 
-TEST_F(LanguageTableTest, OnlyThePositionCounts)
-{
-    database.look().run(u"DELETE FROM TBLLanguage WHERE ID = 149"_qs);
-    EXPECT_EQ(read(u"47"_qs)[149], u"Gjest");
-    database.look().run(u"DELETE FROM TBLLanguage WHERE ID > 100"_qs);
-    EXPECT_EQ(read(u"47"_qs).lastKey(), 60);
-}
-
-TEST_F(LanguageTableTest, Row256FailsBehindTheTextsBeforeIt)
-{
-    while (database.single(u"SELECT count(*) FROM TBLLanguage"_qs) != u"256") {
-        database.add(u"TBLLanguage"_qs, u"Norsk"_qs, {u"x"_qs});
-    }
-    int last = 0;
-    EXPECT_THROW(readLanguage(database.look(), u"47"_qs,
-                              [&](quint8 position, const QString &) { last = position; }),
-                 RuntimeFailure);
-    EXPECT_EQ(last, 255);
-}
-
 TEST_F(LanguageTableTest, NoLetterOpensTwoEntriesOfAMenu)
 {
     const auto rows = languageRows();

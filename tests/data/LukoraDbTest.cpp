@@ -95,8 +95,7 @@ QStringList with(int place, const QString &value)
 }
 
 INSTANTIATE_TEST_SUITE_P(Arguments, LukoraDbWrongUse,
-                         testing::Values(Wrong{"NoCommand", {}},
-                                         Wrong{"OtherCommand", with(0, u"drop"_qs)},
+                         testing::Values(Wrong{"OtherCommand", with(0, u"drop"_qs)},
                                          Wrong{"UnknownOption", with(2, u"--name"_qs)},
                                          Wrong{"EmptyName", with(3, u" "_qs)},
                                          Wrong{"QuoteInName", with(3, u"O'Neil"_qs)},
@@ -104,11 +103,5 @@ INSTANTIATE_TEST_SUITE_P(Arguments, LukoraDbWrongUse,
                                          Wrong{"LevelTwoDigits", with(7, u"10"_qs)},
                                          Wrong{"NothingTyped", {u"create"_qs, u"ny.mdb"_qs}}),
                          [](const auto &wrong) { return wrong.param.name; });
-
-TEST_F(LukoraDbTest, HelpIsNoFailure)
-{
-    EXPECT_EQ(run({u"--help"_qs}), 0);
-    EXPECT_THAT(said, HasSubstr("--operator"));
-}
 
 } // namespace

@@ -107,7 +107,6 @@ INSTANTIATE_TEST_SUITE_P(
     Answers, ChosenPeriod,
     testing::Values(AnswerCase{"newOnTheDoor", Answer::Ok, {}, u"NY", u"Gjest", kToday},
                     AnswerCase{"oldOnTheDoor", Answer::Cancel, {}, u"Aktiv ", u"Fast", kOfDoor},
-                    AnswerCase{"newThatWaits", {}, Answer::Ok, u"NY", u"Gjest", kToday},
                     AnswerCase{"oldThatWaits", {}, Answer::Cancel, u"NY", u"Gjest", kOfWaiting},
                     AnswerCase{"newAfterOld", Answer::Cancel, Answer::Ok, u"NY", u"Gjest", kToday},
                     AnswerCase{"oldAfterNew", Answer::Ok, Answer::Cancel, u"NY", u"Gjest",
