@@ -11,18 +11,11 @@
 #include "platform/Host.h"
 #include "platform/Text.h"
 
-#include <QScopeGuard>
-
 #include <utility>
 
 namespace {
 
 constexpr int kDeleteAttempts = 3;
-
-// A body that reads like a header makes the watcher start the interpreter inside the interpreter.
-// A few times over that is how it is to be; a modem that says nothing but headers must not eat up
-// the stack.
-constexpr int kDeepestNesting = 8;
 
 Interpretation interpretation(ModemLink &link, Module1 &module, Recordsets &recordsets,
                               ErrorRule &rule, const Clock &clock, const Host &host)
@@ -48,15 +41,10 @@ MessageReader::MessageReader(ModemLink &link, Module1 &module, Recordsets &recor
 
 void MessageReader::Read_SMS_MessageTEXT()
 {
-    if (nesting_ == kDeepestNesting) {
-        return; // the calls around this one set the timers going again
-    }
-    ++nesting_;
-    const auto leave = qScopeGuard([this] { --nesting_; });
-
     link_.TimerCom->setEnabled(false);
     link_.pace.stop();
     link_.flags.ReadingMessages = true;
+    listingEnded_ = false;
 
     // An index of 0 is no place in the modem's store.
     const bool received = module_.MessageIndex != 0 && isReceivedMessage(link_.response.text());
@@ -84,7 +72,7 @@ void MessageReader::readReceivedMessage(Interpretation &record)
     rule_.step([&] { module_.SenderNumber = senderOf(header); });
     module_.RefreshPending = true;
     rule_.step([&] { stamp = stampOf(header); });
-    rule_.step([&] { record.setText(ownCharacters(link_.line.ReadModemLine())); });
+    rule_.step([&] { record.setText(ownCharacters(readBody())); });
     const QString body = filedBody(record.text());
     const auto [Etternavn, Fornavn] = senderName();
 
@@ -97,6 +85,23 @@ void MessageReader::readReceivedMessage(Interpretation &record)
                           {u"Fornavn", Fornavn}});
     rule_.step([&] { messages.requery(); });
     rule_.step([&] { messages.moveLast(); });
+}
+
+QString MessageReader::readBody()
+{
+    const QString line = link_.line.ReadModemLine();
+    // Empty lines never get here. Behind the header of a message without text the next record's
+    // header comes, which stays for the next listing, or the "OK" that ends this one.
+    if (isHeader(line)) {
+        return {};
+    }
+    if (!same(line, u"OK"_qs)) {
+        return line;
+    }
+    // A message that says "OK" has the listing's own behind it.
+    const QString next = link_.line.ReadModemLine();
+    listingEnded_ = next.isEmpty() || same(next, line);
+    return next.isEmpty() ? QString() : line;
 }
 
 QString MessageReader::filedBody(const QString &text)
@@ -157,7 +162,7 @@ void MessageReader::runFamilies(Interpretation &record, bool received)
 void MessageReader::deleteFromModem()
 {
     const auto answersOk = [&] { return rule_.test([&] { return link_.line.WaitForModemOK(); }); };
-    if (!answersOk()) {
+    if (!listingEnded_ && !answersOk()) {
         return; // the record stays in the modem, to be read again
     }
     for (int attempt = 0; attempt < kDeleteAttempts; ++attempt) {

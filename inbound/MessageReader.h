@@ -33,6 +33,8 @@ public:
 
 private:
     void readReceivedMessage(Interpretation &record);
+    /// Empty for a message without text.
+    QString readBody();
     QString filedBody(const QString &text);
     /// Etternavn and Fornavn: of the catalogue, else the door's name and a blank, else "?" twice.
     std::pair<QString, QString> senderName();
@@ -47,5 +49,5 @@ private:
     const Host &host_;
     std::function<void()> VisBrukerTabell_;
     ErrorRule rule_;
-    int nesting_ = 0; ///< calls that stand on the stack
+    bool listingEnded_ = false; ///< the "OK" behind the listing has been read
 };

@@ -2,12 +2,20 @@
 
 #include "platform/Text.h"
 
+#include <QRegularExpression>
+
 namespace {
 
 const QString kSenderNeedle = QStringLiteral("D\",\"");
 constexpr int kStampLength = 17;
 
 } // namespace
+
+bool isHeader(const QString &line)
+{
+    static const QRegularExpression kHeader(QStringLiteral("^\\+CMGL: ?[0-9]+,"));
+    return kHeader.match(line).hasMatch();
+}
 
 bool isReceivedMessage(const QString &header)
 {

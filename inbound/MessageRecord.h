@@ -7,6 +7,8 @@
 //
 //   +CMGL: 7,"REC UNREAD","+4791234567",,"26/12/01,12:34:56+04"
 
+/// Whether the line begins like the header of any record.
+bool isHeader(const QString &line);
 /// Whether the header is that of a received message: a status word that ends in D, and a sender in
 /// quotes behind it. Messages that were stored to be sent have none of the two, reports no quote.
 bool isReceivedMessage(const QString &header);

@@ -24,7 +24,6 @@ constexpr milliseconds kAfterEvent = 2000ms;
 // At the slowest pace no listing is asked for, until an event quickens it.
 constexpr milliseconds kNoListingFrom = 59000ms;
 constexpr int kLongestIndex = 7;
-constexpr quint8 kNetworkModem = 255;
 
 const QString &header()
 {
@@ -69,29 +68,32 @@ void ModemWatcher::timerComTick()
 QString ModemWatcher::takeLine()
 {
     // A line that comes slowly keeps a read waiting for longer than a tick: the ticks inside it
-    // must not take the rest of that line.
-    if (takingLine_ || !module_.ModemReady || flags_.QueueRunning || flags_.ModemInitRunning) {
+    // must not take the rest of that line. The interpreter's reads are no different, whose failing
+    // steps switch TimerCom on early.
+    if (takingLine_ || interpreting_ || !module_.ModemReady || flags_.QueueRunning ||
+        flags_.ModemInitRunning) {
         return {};
     }
-    tellLostPort();
-    if (!line_.hasLine()) {
+    if (module_.ActiveComPort != kNetworkModem && !line_.isOpen()) {
+        tellLostPort();
         return {};
     }
     takingLine_ = true;
     const auto taken = qScopeGuard([&] { takingLine_ = false; });
-    return line_.ReadModemLine();
+    lossTold_ = true; // by the failure itself, if the port goes now
+    const QString text = line_.hasLine() ? line_.ReadModemLine() : QString();
+    lossTold_ = false;
+    return text;
 }
 
 void ModemWatcher::tellLostPort()
 {
     // Whoever used the port when it went may have kept silent about it (the queue and the
     // interpreter do), and a closed port has no characters that would ever fail again.
-    const bool lost = module_.ActiveComPort != kNetworkModem && !line_.isOpen();
-    if (lost && !std::exchange(lossTold_, true)) {
+    if (!std::exchange(lossTold_, true)) {
         throw RuntimeFailure(QCoreApplication::translate(
             "ModemWatcher", "Forbindelsen med modemet er brutt. Velg COM-porten på nytt."));
     }
-    lossTold_ = lost;
 }
 
 void ModemWatcher::timerSendTick()
@@ -113,7 +115,7 @@ void ModemWatcher::responseChanged()
 {
     const auto handler = [&] { watch(response_.text()); };
     // The interpreter uses the caption for its working text, and never opens a box.
-    if (interpreting_ > 0) {
+    if (interpreting_) {
         kept(handler);
     } else {
         shown(operator_, {}, handler);
@@ -157,6 +159,11 @@ void ModemWatcher::notified(const QString &panelText)
 
 void ModemWatcher::listed(const QString &text)
 {
+    // A header in the text of a message is a stranger's: an index of his choice would have another
+    // record deleted instead of this one, which would come again with each listing.
+    if (interpreting_) {
+        return;
+    }
     flags_.ReadingMessages = true;
     module_.MessageIndex = 0;
     const int first = inStr(text, header()) + static_cast<int>(header().size());
@@ -169,8 +176,8 @@ void ModemWatcher::listed(const QString &text)
     view_.setPanel(kInboundPanel,
                    u"Melding "_qs + QString::number(module_.MessageIndex) + u" MOTTATT"_qs);
     timerCom_.setEnabled(false); // the interpreter switches it on again
-    ++interpreting_;
-    const auto interpreted = qScopeGuard([&] { --interpreting_; });
+    interpreting_ = true;
+    const auto interpreted = qScopeGuard([&] { interpreting_ = false; });
     Read_SMS_MessageTEXT();
 }
 

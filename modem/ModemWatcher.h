@@ -55,6 +55,6 @@ private:
     ModemView &view_;
     Operator &operator_;
     bool takingLine_ = false;
-    bool lossTold_ = false; ///< the operator has been told that the port is gone
-    int interpreting_ = 0;  ///< calls of Read_SMS_MessageTEXT that stand on the stack
+    bool lossTold_ = false;     ///< the operator has been told that the port is gone
+    bool interpreting_ = false; ///< Read_SMS_MessageTEXT stands on the stack
 };

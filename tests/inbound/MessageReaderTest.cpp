@@ -49,7 +49,11 @@ const Filing kBodies[] = {
      "12345678|45678|?|?|" + kStamp + '|' + std::string(255, 'x')},
     {"tooLong", "12345678", QByteArray(256, 'x'), "12345678|45678|?|?|" + kStamp + '|'},
     {"wordsOfTheModem", "12345678", "Alt er OK, ingen ERROR",
-     "12345678|45678|?|?|" + kStamp + "|Alt er OK, ingen ERROR"}};
+     "12345678|45678|?|?|" + kStamp + "|Alt er OK, ingen ERROR"},
+    {"okAlone", "12345678", "OK", "12345678|45678|?|?|" + kStamp + "|OK"},
+    {"noText", "12345678", "", "12345678|45678|?|?|" + kStamp + '|'},
+    {"headerOfAnotherRecord", "12345678", "Se +CMGL: 9,\"REC READ\",\"+4790000002\",",
+     "12345678|45678|?|?|" + kStamp + "|Se +CMGL: 9,\"REC READ\",\"+4790000002\","}};
 
 void filesAsItCame(std::span<const Filing> filings)
 {
@@ -152,6 +156,33 @@ TEST(MessageReader, OfSeveralRecordsEachListingHandlesTheFirst)
     EXPECT_THAT(world.commands, ElementsAre("AT+CMGD=1", "AT+CMGD=2", "AT+CMGD=3"));
     EXPECT_EQ(world.filed().size(), 3U);
     EXPECT_EQ(world.users().size(), 3U);
+}
+
+TEST(MessageReader, MessageWithoutTextTakesNothingFromTheNext)
+{
+    InboundWorld world;
+    world.receives(1, "12345678", "");
+    world.receives(2, "+4790000001", "Hovedport\n92222222 er lagt til");
+    world.lists();
+    world.clock.run(30s);
+    EXPECT_THAT(world.commands, ElementsAre("AT+CMGD=1", "AT+CMGD=2"));
+    EXPECT_THAT(world.rows(u"SELECT FraNummer, SMS_Text FROM SMS_Received ORDER BY rowid"_qs),
+                ElementsAre("12345678|", "+4790000001|Hovedport\r\n92222222 er lagt til"));
+}
+
+TEST(MessageReader, TickThatComesEarlyTakesNoLineFromIt)
+{
+    InboundWorld world;
+    world.endsListing = false;
+    world.shown = [&] {
+        ASSERT_TRUE(world.link.TimerCom->isEnabled());
+        world.clock.after(500ms, [&] {
+            world.port.feed("\r\nOK\r\n");
+            world.link.watcher.timerComTick();
+        });
+    };
+    world.doorSays("Sm\xf8r");
+    EXPECT_THAT(world.commands, ElementsAre("AT+CMGD=7"));
 }
 
 TEST(MessageReader, DeletionIsTriedThreeTimes)

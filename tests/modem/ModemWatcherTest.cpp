@@ -105,10 +105,16 @@ TEST_F(Watcher, ShowsAnIndexThatFitsNoByteOnceAndTicksOn)
     EXPECT_TRUE(link.TimerCom->isEnabled());
 }
 
-TEST_F(Watcher, OpensNoBoxForAHeaderInsideAMessage)
+TEST_F(Watcher, PassesOverAHeaderInsideAMessage)
 {
-    link.watcher.Read_SMS_MessageTEXT = [&] { link.response.setText(u"+CMGL: 300,"_qs); };
+    link.watcher.Read_SMS_MessageTEXT = [&] {
+        steps += u"read"_qs;
+        link.response.setText(u"+CMGL: 4,"_qs);
+        link.response.setText(u"+CMGL: 300,"_qs);
+    };
     link.response.setText(u"+CMGL: 3,"_qs);
+    EXPECT_EQ(steps, QStringList{u"read"_qs});
+    EXPECT_EQ(module.MessageIndex, 3);
     EXPECT_EQ(person.texts, QStringList());
 }
 
@@ -166,16 +172,13 @@ TEST_F(Watcher, ShowsOneBoxForALineThatKeepsFailing)
     person.answers(u"The port is gone"_qs, Answer::Ok, 10s);
     clock.after(500ms, [&] { port.unplug(); });
     // A port that fails on every look, as a driver that hangs would.
-    clock.after(2s, [&] {
-        port.plugIn();
-        port.open(u"COM1"_qs);
-        port.unplug();
-    });
-    clock.after(4s, [&] {
-        port.plugIn();
-        port.open(u"COM1"_qs);
-        port.unplug();
-    });
+    for (const milliseconds again : {2s, 4s}) {
+        clock.after(again, [&] {
+            port.plugIn();
+            openCom();
+            port.unplug();
+        });
+    }
     clock.run(12s);
     EXPECT_EQ(person.texts.size(), 1);
     EXPECT_TRUE(link.TimerCom->isEnabled());
