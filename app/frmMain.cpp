@@ -197,7 +197,7 @@ void frmMain::startModem()
 {
     link_.selection.SelectModemLine();
     // The network modem's connection dialogue ends in the initialisation by itself.
-    if (module_.ActiveComPort != 255) {
+    if (module_.ActiveComPort != kNetworkModem) {
         link_.initialiser.InitModem();
     }
     // Only behind the selection, which therefore leaves the tick off; and for 255 too, so that the

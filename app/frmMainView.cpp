@@ -26,7 +26,7 @@ QString frmMain::portWord() const
                                       ui_->mnuComPortCom2, ui_->mnuComPortCom3,
                                       ui_->mnuComPortCom4};
     const quint8 port = module_.ActiveComPort;
-    const QAction *entry = port == 255                 ? ui_->mnuComPortWinsock
+    const QAction *entry = port == kNetworkModem       ? ui_->mnuComPortWinsock
                            : port < std::size(entries) ? entries[port]
                                                        : ui_->mnuComPortComOther;
     return entry->text().remove(u'&');

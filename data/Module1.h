@@ -8,6 +8,9 @@
 
 class Connection;
 
+/// ActiveComPort for the network modem.
+inline constexpr quint8 kNetworkModem = 255;
+
 /// The module-wide state: one object, made at the entry point and handed on by reference.
 struct Module1 {
     QString CountryCode = QStringLiteral("47"); ///< dial prefix and language: 47, 46 or 45
@@ -21,7 +24,7 @@ struct Module1 {
     QString LoginComputer;
     QString SecurityLevel;    ///< a digit, compared as text
     QString GridFilter;       ///< caption of the tab selected in TabStrip1
-    quint8 ActiveComPort = 0; ///< 0 no line, 1 to 254 a COM port, 255 the network modem
+    quint8 ActiveComPort = 0; ///< 0 no line, 1 to 254 a COM port, kNetworkModem
     quint8 OtherComPort = 0;  ///< the number typed under "Other"
     bool ModemReady = false;
     bool SmsReportOn = false;    ///< delivery reports are asked for

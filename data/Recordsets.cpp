@@ -33,7 +33,7 @@ Query allowedDoors(const QString &SecurityLevel)
     return {.source = QStringLiteral("KEYTable"),
             .columns = words("KeyNummer,KeyNavn,KeySikkerhet"),
             .filter = QStringLiteral("KeySikkerhet <= ?"),
-            .values = {criterionValue(SecurityLevel) + u' '}};
+            .values = {filterValue(SecurityLevel) + u' '}};
 }
 
 Query users()
@@ -45,7 +45,7 @@ Query usersOf(const QString &door)
 {
     Query query = users();
     query.filter = equals(QStringLiteral("KeyNummer"));
-    query.values = {criterionValue(door)};
+    query.values = {filterValue(door)};
     return query;
 }
 
@@ -186,7 +186,6 @@ QString modemPanelText(const Module1 &module, const Recordset &rsModem, const QS
                        const QString &hostName)
 {
     constexpr quint8 kNoLine = 0;
-    constexpr quint8 kNetworkModem = 255;
     QString place = portWord;
     if (module.ModemReady && module.ActiveComPort == kNetworkModem) {
         place = hostName;

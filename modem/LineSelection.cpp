@@ -19,7 +19,6 @@
 namespace {
 
 constexpr quint8 kNoLine = 0;
-constexpr quint8 kNetworkModem = 255;
 constexpr milliseconds kConnecting = 500ms;
 
 /// Nothing when the text is no number.

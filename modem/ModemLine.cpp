@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr int kNetworkModem = 255;
 constexpr int kTerminalLength = 600;
 
 constexpr milliseconds kComTimeOut = 2000ms;
