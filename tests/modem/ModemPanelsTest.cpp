@@ -50,28 +50,21 @@ TEST_F(NetworkPanel, ShowsTheGroupWhole)
 
 TEST_F(NetworkPanel, EnablesEachControlByItsOwnSwitch)
 {
-    const auto enabled = [&] {
-        QStringList names;
-        for (const QString &name : {u"cmdConnect"_qs, u"cmdDisconnect"_qs, u"txtHostName"_qs,
-                                    u"txtPort"_qs, u"Command2"_qs, u"Command3"_qs}) {
-            if (child(name)->isEnabled()) {
-                names += name;
-            }
-        }
-        return names;
-    };
-    const auto alone = [&](bool NetworkControls::*control) {
+    const std::pair<const char *, bool NetworkControls::*> kSwitches[] = {
+        {"cmdConnect", &NetworkControls::connectEnabled},
+        {"cmdDisconnect", &NetworkControls::disconnectEnabled},
+        {"txtHostName", &NetworkControls::addressEnabled},
+        {"txtPort", &NetworkControls::addressEnabled},
+        {"Command2", &NetworkControls::commandsEnabled},
+        {"Command3", &NetworkControls::commandsEnabled}};
+    for (const auto &[name, alone] : kSwitches) {
         NetworkControls controls{.connectEnabled = false, .addressEnabled = false};
-        controls.*control = true;
+        controls.*alone = true;
         panel.showNetworkControls(controls);
-        return enabled();
-    };
-    EXPECT_EQ(alone(&NetworkControls::connectEnabled), QStringList{u"cmdConnect"_qs});
-    EXPECT_EQ(alone(&NetworkControls::disconnectEnabled), QStringList{u"cmdDisconnect"_qs});
-    EXPECT_EQ(alone(&NetworkControls::addressEnabled),
-              (QStringList{u"txtHostName"_qs, u"txtPort"_qs}));
-    EXPECT_EQ(alone(&NetworkControls::commandsEnabled),
-              (QStringList{u"Command2"_qs, u"Command3"_qs}));
+        for (const auto &[other, itsSwitch] : kSwitches) {
+            EXPECT_EQ(child(QString::fromLatin1(other))->isEnabled(), itsSwitch == alone) << other;
+        }
+    }
 }
 
 TEST_F(NetworkPanel, PassesEveryClickOn)

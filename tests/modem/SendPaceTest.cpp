@@ -22,24 +22,15 @@ TEST_F(Pace, SlowsDownByHalfAgainAndThenStraightToAMinute)
     }
 }
 
-TEST_F(Pace, RoundsHalvesToTheEvenNumber)
+TEST_F(Pace, RoundsHalvesToEvenAndGoesToAMinuteFromTwentyNineSeconds)
 {
-    pace.restart(3ms); // 4.5
-    pace.slowDown();
-    EXPECT_EQ(pace.interval(), 4ms);
-    pace.restart(5ms); // 7.5
-    pace.slowDown();
-    EXPECT_EQ(pace.interval(), 8ms);
-}
-
-TEST_F(Pace, GoesToAMinuteFromExactlyTwentyNineSeconds)
-{
-    pace.restart(28999ms);
-    pace.slowDown();
-    EXPECT_EQ(pace.interval(), 43498ms);
-    pace.restart(29000ms);
-    pace.slowDown();
-    EXPECT_EQ(pace.interval(), 60000ms);
+    for (const auto &[interval, slower] :
+         {std::pair{3ms, 4ms}, std::pair{5ms, 8ms}, std::pair{28999ms, 43498ms},
+          std::pair{29000ms, 60000ms}}) {
+        pace.restart(interval);
+        pace.slowDown();
+        EXPECT_EQ(pace.interval(), slower);
+    }
 }
 
 TEST_F(Pace, StandsOffAtTenSecondsAtFirst)
