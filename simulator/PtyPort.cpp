@@ -3,6 +3,7 @@
 #include "platform/RuntimeFailure.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <array>
 #include <cerrno>
@@ -11,7 +12,6 @@
 #include <utility>
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -22,12 +22,6 @@ constexpr qsizetype kMostWaiting = 262'144;
 [[noreturn]] void fail(const QByteArray &what)
 {
     throw RuntimeFailure(QString::fromLocal8Bit(what + ": " + std::strerror(errno)));
-}
-
-bool isLink(const QByteArray &path)
-{
-    struct stat status;
-    return lstat(path.constData(), &status) == 0 && S_ISLNK(status.st_mode);
 }
 
 } // namespace
@@ -84,7 +78,7 @@ void PtyPort::open()
     if (tcsetattr(files_.slave, TCSANOW, &mode) != 0) {
         fail(device_);
     }
-    if (isLink(link_)) {
+    if (QFileInfo(QFile::decodeName(link_)).isSymLink()) {
         unlink(link_.constData());
     }
     if (symlink(device_.constData(), link_.constData()) != 0) {
@@ -110,8 +104,8 @@ void PtyPort::forgetNotifiers()
 
 void PtyPort::removeLink()
 {
-    const QString target = QFile::symLinkTarget(QFile::decodeName(link_));
-    if (isLink(link_) && QFile::encodeName(target) == device_) {
+    // It may belong to a later simulator by now.
+    if (QFile::encodeName(QFile::symLinkTarget(QFile::decodeName(link_))) == device_) {
         unlink(link_.constData());
     }
 }

@@ -44,7 +44,7 @@ void TcpPort::readClient()
 {
     const QByteArray data = telnet_.take(client_->readAll());
     const QByteArray answers = telnet_.takeAnswers();
-    if (!answers.isEmpty()) {
+    if (client_->bytesToWrite() < kMostUnsent) {
         client_->write(answers);
     }
     if (!data.isEmpty()) {
@@ -64,7 +64,9 @@ void TcpPort::forgetClient()
 void TcpPort::write(const QByteArray &bytes)
 {
     if (client_ && client_->bytesToWrite() < kMostUnsent) {
-        client_->write(TelnetFilter::escaped(bytes));
+        const QByteArray sent = TelnetFilter::escaped(bytes);
+        // As mere bytes: of a QByteArray, the socket would keep each single echo as a piece.
+        client_->write(sent.constData(), sent.size());
     }
 }
 
@@ -74,11 +76,12 @@ void TcpPort::drop()
         return;
     }
     // What was said before the cut still arrives: the prompt stands in front of it.
-    QTcpSocket *leaving = client_;
-    leaving->disconnect(&server_);
-    client_.clear();
-    QObject::connect(leaving, &QTcpSocket::disconnected, leaving, &QObject::deleteLater);
-    leaving->disconnectFromHost();
+    // Who doesn't read it is only waited for until the next one leaves.
+    delete leaving_;
+    leaving_ = std::exchange(client_, nullptr);
+    leaving_->disconnect(&server_);
+    QObject::connect(leaving_, &QTcpSocket::disconnected, leaving_, &QObject::deleteLater);
+    leaving_->disconnectFromHost();
     telnet_.reset();
     events_.closed();
 }

@@ -28,5 +28,6 @@ private:
     Events events_;
     QTcpServer server_;
     QPointer<QTcpSocket> client_;
+    QPointer<QTcpSocket> leaving_;
     TelnetFilter telnet_;
 };

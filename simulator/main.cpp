@@ -9,6 +9,7 @@
 #include <QSocketNotifier>
 
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 
@@ -17,15 +18,19 @@
 
 namespace {
 
+constexpr qsizetype kLongestCommand = 65'536;
+
 std::array<int, 2> signalPipe{-1, -1};
 
 void onSignal(int)
 {
+    const int interrupted = errno;
     const char byte = 0;
     [[maybe_unused]] const ssize_t count = write(signalPipe[1], &byte, 1);
+    errno = interrupted;
 }
 
-/// SIGTERM and SIGINT end the program by the event loop, so that the link is removed.
+/// Signals that end the program do it by the event loop, so that the link is removed.
 std::unique_ptr<QSocketNotifier> quitOnSignals()
 {
     if (pipe2(signalPipe.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
@@ -37,6 +42,13 @@ std::unique_ptr<QSocketNotifier> quitOnSignals()
     action.sa_handler = onSignal;
     sigaction(SIGTERM, &action, nullptr);
     sigaction(SIGINT, &action, nullptr);
+    struct sigaction before {};
+    sigaction(SIGHUP, &action, &before);
+    if (before.sa_handler == SIG_IGN) {
+        sigaction(SIGHUP, &before, nullptr); // started by nohup
+    }
+    // Whoever read the prints may leave before the modem does.
+    std::signal(SIGPIPE, SIG_IGN);
     return notifier;
 }
 
@@ -70,7 +82,11 @@ private:
             waiting_.remove(0, end + 1);
             if (!console_.command(line)) {
                 QCoreApplication::quit();
+                return;
             }
+        }
+        if (waiting_.size() > kLongestCommand) {
+            waiting_.clear();
         }
     }
 
@@ -92,7 +108,8 @@ const QCommandLineOption kPty(QStringLiteral("pty"),
                               QStringLiteral("Make a pseudo-terminal and this link to it."),
                               QStringLiteral("link"));
 const QCommandLineOption kNumber(QStringLiteral("number"),
-                                 QStringLiteral("The modem's own telephone number."),
+                                 QStringLiteral("The modem's own telephone number; +4799000000 "
+                                                "if it is not given."),
                                  QStringLiteral("number"), QStringLiteral("+4799000000"));
 const QCommandLineOption
     kDoor(QStringLiteral("door"),
@@ -106,7 +123,8 @@ const QCommandLineOption kUser(QStringLiteral("user"),
                                QStringLiteral("user"));
 const QCommandLineOption
     kDelay(QStringLiteral("delay"),
-           QStringLiteral("Time that a door takes to answer, in milliseconds."),
+           QStringLiteral("Time that a door takes to answer, in milliseconds; 3000 "
+                          "if it is not given."),
            QStringLiteral("ms"), QStringLiteral("3000"));
 
 int number(const QCommandLineParser &parser, const QCommandLineOption &option, int most)
@@ -180,7 +198,9 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationVersion(QStringLiteral(LUKORA_VERSION));
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QStringLiteral("A GSM modem, an SMS network and door units to try Lukora on. "
+        QStringLiteral("A GSM modem, an SMS network and door units to try Lukora on.\n"
+                       "Give either --tcp or --pty: where Lukora, or any other program for "
+                       "modems, finds the modem. \"ready\" is printed once it does.\n"
                        "Commands are read from standard input; type help."));
     parser.addHelpOption();
     parser.addVersionOption();
