@@ -40,16 +40,13 @@ QByteArray withoutBlanks(const QByteArray &line)
 /// Cuts the text up to the next semicolon outside of quotes off its front.
 QByteArray takePart(QByteArray &rest)
 {
-    qsizetype end = -1;
-    qsizetype position = 0;
-    eachCharacter(rest, [&](char character, bool quoted) {
-        if (character == ';' && !quoted && end < 0) {
-            end = position;
-        }
-        ++position;
-    });
-    QByteArray part = end < 0 ? rest : rest.left(end);
-    rest = end < 0 ? QByteArray() : rest.mid(end + 1);
+    qsizetype end = 0;
+    bool quoted = false;
+    while (end < rest.size() && (quoted || rest[end] != ';')) {
+        quoted = quoted != (rest[end++] == '"');
+    }
+    QByteArray part = rest.left(end);
+    rest = rest.mid(end + 1);
     return part;
 }
 

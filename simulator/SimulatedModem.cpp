@@ -8,13 +8,13 @@ constexpr char kBackspace = 8;
 
 constexpr qsizetype kLongestLine = 600;
 constexpr qsizetype kMostInput = 65'536; // held back during a submission
-constexpr qsizetype kMostSlowOutput = 262'144;
+constexpr qsizetype kMostOutput = 262'144;
 constexpr size_t kMostNotices = 100;
 
 /// What a broken line makes of an answer.
 QByteArray noise()
 {
-    return QByteArray("\x00\xff\x81#\x7f\r\xfe~\x00{\n\xc3%", 14);
+    return QByteArray("\x00\xff\x81#\x7f\r\xfe~\x00{\n\xc3%", 13);
 }
 
 bool isSameLetter(char byte, char capital)
@@ -28,7 +28,7 @@ SimulatedModem::SimulatedModem(Clock &clock, SmsNetwork &network, const QString 
     : network_(network),
       ownNumber_(ownNumber),
       submission_(clock.timer([this] { finishSubmission(); })),
-      pacer_(clock.timer([this] { writeSlowly(); }))
+      pacer_(clock.timer([this] { writeWaiting(); }))
 {
     network_.addPhone(ownNumber_,
                       {[this](const SmsMessage &message) { return takeMessage(message); },
@@ -49,7 +49,7 @@ void SimulatedModem::lineClosed()
 {
     input_.clear();
     line_.clear();
-    slow_.clear();
+    waiting_.clear();
     pacer_->setEnabled(false);
     // A submission under way goes on without the PC.
     if (state_ == State::Text) {
@@ -140,19 +140,16 @@ void SimulatedModem::takeTextByte(char byte)
 
 void SimulatedModem::execute(const QByteArray &line)
 {
-    Result result = line.size() > kLongestLine ? kError : kOk;
-    if (result.kind == Result::Kind::Ok) {
-        for (const AtCommand &command : atCommands(line.mid(2))) {
-            result = run(command);
-            if (result.kind != Result::Kind::Ok) {
-                break;
-            }
+    const bool isTooLong = line.size() > kLongestLine;
+    Result result = isTooLong ? kError : kOk;
+    for (const AtCommand &command :
+         isTooLong ? std::vector<AtCommand>() : atCommands(line.mid(2))) {
+        result = run(command);
+        if (result.kind != Result::Kind::Ok) {
+            break;
         }
     }
-    if (result.kind != Result::Kind::None) {
-        finish(result);
-    }
-    flushNotices();
+    finish(result);
     // A deletion may have made room.
     network_.memoryAvailable(ownNumber_);
 }
@@ -176,7 +173,7 @@ void SimulatedModem::finish(Result result)
     }
     const auto kind = static_cast<size_t>(result.kind);
     const bool numbered = result.kind == Result::Kind::Cms || result.kind == Result::Kind::Cme;
-    if (!settings_.quiet) {
+    if (result.kind != Result::Kind::None && !settings_.quiet) {
         if (numbered) {
             answer(kWords[kind] + QByteArray::number(result.number));
         } else if (settings_.verbose) {
@@ -200,7 +197,7 @@ void SimulatedModem::answer(const QByteArray &text)
 void SimulatedModem::notify(const QByteArray &text)
 {
     if (notices_.size() == kMostNotices) {
-        notices_.erase(notices_.begin());
+        notices_.pop_front();
     }
     notices_.push_back(text);
     flushNotices();
@@ -208,11 +205,12 @@ void SimulatedModem::notify(const QByteArray &text)
 
 void SimulatedModem::flushNotices()
 {
-    // Not into the middle of a command, a text or a submission; with mode 0 not at all.
-    if (state_ != State::Command || !line_.isEmpty() || settings_.cnmi[0] == 0) {
-        return;
-    }
-    for (const QByteArray &notice : std::exchange(notices_, {})) {
+    // Not into the middle of a command, a text or a submission, which the PC may begin between
+    // two of them; with mode 0 not at all.
+    while (!notices_.empty() && state_ == State::Command && line_.isEmpty() &&
+           settings_.cnmi[0] != 0) {
+        const QByteArray notice = notices_.front();
+        notices_.pop_front();
         answer(notice);
     }
 }
@@ -222,23 +220,21 @@ void SimulatedModem::write(const QByteArray &bytes)
     if (faults_.mute || !output_) {
         return;
     }
-    if (faults_.perCharacter <= 0ms && slow_.isEmpty()) {
-        output_(bytes);
-        return;
-    }
-    slow_ += bytes.left(kMostSlowOutput - slow_.size());
-    if (!pacer_->isEnabled() && faults_.perCharacter > 0ms) {
+    waiting_ += bytes.left(kMostOutput - waiting_.size());
+    if (faults_.perCharacter <= 0ms) {
+        writeWaiting();
+    } else if (!pacer_->isEnabled()) {
         pacer_->setInterval(faults_.perCharacter);
         pacer_->setEnabled(true);
     }
 }
 
-void SimulatedModem::writeSlowly()
+void SimulatedModem::writeWaiting()
 {
-    const bool stillSlow = faults_.perCharacter > 0ms;
-    const QByteArray bytes = stillSlow ? slow_.left(1) : slow_;
-    slow_.remove(0, bytes.size());
-    if (slow_.isEmpty()) {
+    const bool isSlow = faults_.perCharacter > 0ms;
+    const QByteArray bytes = isSlow ? waiting_.left(1) : waiting_;
+    waiting_.remove(0, bytes.size());
+    if (waiting_.isEmpty()) {
         pacer_->setEnabled(false);
     }
     if (!bytes.isEmpty() && output_) {

@@ -6,7 +6,7 @@
 #include "simulator/SmsNetwork.h"
 
 #include <array>
-#include <vector>
+#include <deque>
 
 /// A GSM modem with a SIM card, seen from its line: bytes in, bytes out. It speaks the text mode
 /// of 3GPP TS 27.005 with the commands of 27.007 that a message program needs, framed as in
@@ -97,7 +97,7 @@ private:
     void notify(const QByteArray &text);
     void flushNotices();
     void write(const QByteArray &bytes);
-    void writeSlowly();
+    void writeWaiting();
 
     // Settings and answers (SimulatedModemCommands.cpp)
     Result factorySettings(const AtCommand &command);
@@ -159,6 +159,6 @@ private:
     QByteArray line_;
     QByteArray text_;
     QString recipient_;
-    QByteArray slow_;
-    std::vector<QByteArray> notices_;
+    QByteArray waiting_;
+    std::deque<QByteArray> notices_;
 };

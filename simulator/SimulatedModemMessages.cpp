@@ -224,12 +224,11 @@ void SimulatedModem::finishSubmission()
         } else {
             network_.send(ownNumber_, recipient_, text_);
         }
-        if (faults_.loseAnswer.take()) {
-            flushNotices();
-        } else {
+        const bool isLost = faults_.loseAnswer.take();
+        if (!isLost) {
             answer("+CMGS: " + QByteArray::number(reference));
-            finish(kOk);
         }
+        finish(isLost ? kNone : kOk);
     }
     takeInput();
 }
