@@ -85,16 +85,6 @@ DoorUnit::~DoorUnit()
 void DoorUnit::seedUser(const QString &number, const DoorUser &user)
 {
     users_[number] = user;
-    setMark(number, user.mark);
-}
-
-void DoorUnit::setMark(const QString &number, char mark)
-{
-    marks_[number] = mark == '0' ? char(0) : mark;
-    const auto user = users_.find(number);
-    if (user != users_.end()) {
-        user->second.mark = marks_[number];
-    }
 }
 
 bool DoorUnit::take(const SmsMessage &message)
@@ -132,9 +122,9 @@ std::optional<QString> DoorUnit::obey(const QString &command)
 
 QString DoorUnit::registerUser(const QString &number, DoorUser user)
 {
-    const bool known = users_.contains(number);
-    const auto mark = marks_.find(number);
-    user.mark = mark == marks_.end() ? char(0) : mark->second;
+    const auto earlier = users_.find(number);
+    const bool known = earlier != users_.end();
+    user.mark = known ? earlier->second.mark : char(0);
     users_[number] = user;
 
     const Sentences &words = sentences(language_);
@@ -151,7 +141,6 @@ QString DoorUnit::registerUser(const QString &number, DoorUser user)
 QString DoorUnit::deleteUser(const QString &number)
 {
     const bool known = users_.erase(number) > 0;
-    marks_.erase(number);
     const Sentences &words = sentences(language_);
     return firstLines(number, (known ? words.deleted : words.unknown).toString());
 }

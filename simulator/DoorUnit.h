@@ -23,7 +23,8 @@ struct DoorUser {
     std::variant<DoorPeriod, int> right;
     /// Registered with the command for numbers of other countries.
     bool foreign = false;
-    /// The administrator's place, '1' to '9', which the unit adds to its answers; 0 for none.
+    /// The administrator's place, '1' to '9', which the unit adds to its answers and keeps until
+    /// the user is deleted; 0 for none.
     char mark = 0;
     bool operator==(const DoorUser &) const = default;
 
@@ -58,8 +59,6 @@ public:
     const Users &users() const { return users_; }
     /// Puts a user in without any message, as from an earlier life of the unit.
     void seedUser(const QString &number, const DoorUser &user);
-    /// The place that this number holds, or will hold once it is registered; '0' takes it away.
-    void setMark(const QString &number, char mark);
 
     void setAnswers(Answers answers) { answers_ = answers; }
     /// Time that the unit thinks before it answers; 3 seconds at first.
@@ -80,5 +79,4 @@ private:
     Answers answers_ = Answers::Full;
     milliseconds answerDelay_ = 3s;
     Users users_;
-    std::map<QString, char> marks_;
 };

@@ -28,11 +28,6 @@ void SmsNetwork::removePhone(const QString &number)
     kept_.erase(international(number));
 }
 
-void SmsNetwork::setDelay(milliseconds delay)
-{
-    delay_ = std::max(delay, 1ms);
-}
-
 void SmsNetwork::setObserver(std::function<void(const SmsMessage &, bool)> observer)
 {
     observer_ = std::move(observer);
@@ -54,7 +49,7 @@ void SmsNetwork::submit(SmsMessage message, milliseconds extraDelay)
 {
     message.sentAt = clock_.now().addMSecs(extraDelay.count());
     const QString recipient = international(message.to);
-    post({0ms, recipient, std::move(message), std::nullopt}, delay_ + extraDelay);
+    post({0ms, recipient, std::move(message), std::nullopt}, kDelay + extraDelay);
 }
 
 void SmsNetwork::post(Parcel parcel, milliseconds after)
@@ -124,7 +119,7 @@ void SmsNetwork::settle(const SmsMessage &message, quint8 status)
         return;
     }
     SmsReport report{*message.reportReference, message.to, message.sentAt, clock_.now(), status};
-    post({0ms, international(message.from), std::nullopt, std::move(report)}, delay_);
+    post({0ms, international(message.from), std::nullopt, std::move(report)}, kDelay);
 }
 
 void SmsNetwork::memoryAvailable(const QString &number)

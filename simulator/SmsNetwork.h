@@ -49,6 +49,8 @@ class SmsNetwork {
 public:
     static constexpr quint8 kDelivered = 0;
     static constexpr quint8 kNotObtainable = 67;
+    /// Time from sending to delivery, and again from delivery to the sender's report.
+    static constexpr milliseconds kDelay = 2s;
 
     explicit SmsNetwork(Clock &clock);
     ~SmsNetwork();
@@ -58,10 +60,6 @@ public:
     /// A second phone with the same number takes the place of the first.
     void addPhone(const QString &number, SmsPhone phone);
     void removePhone(const QString &number);
-
-    /// Time from sending to delivery, and again from delivery to the sender's report.
-    /// At least 1 ms; 2 seconds at first.
-    void setDelay(milliseconds delay);
 
     /// Sends a message that arrives after the network's delay and the one given here.
     /// Nobody at the number: the message is lost, and the report says kNotObtainable.
@@ -94,7 +92,6 @@ private:
 
     Clock &clock_;
     std::unique_ptr<Timer> timer_;
-    milliseconds delay_ = 2s;
     std::map<QString, SmsPhone> phones_;
     std::vector<Parcel> underway_; ///< by due time, those of one time in the order of sending
     std::map<QString, std::deque<Parcel>> kept_;

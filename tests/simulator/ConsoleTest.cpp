@@ -2,111 +2,99 @@
 #include "platform/RuntimeFailure.h"
 #include "simulator/SimulatorConsole.h"
 
-#include <gtest/gtest.h>
+#include <QRegularExpression>
 
 namespace {
 
-struct ConsoleWorld {
-    ConsoleWorld()
+struct Console : testing::Test {
+    Console()
     {
         console.modem().setOutput([this](const QByteArray &bytes) { said += bytes; });
-        console.addDoor(QStringLiteral("+4790000001:Hovedport:no"));
-        console.addUser(QStringLiteral("+4790000001:91234567"));
+        console.addDoor(u"+4790000001:Hovedport:no"_qs);
+        console.addUser(u"+4790000001:91234567"_qs);
     }
-    bool type(const char *line) { return console.command(QString::fromUtf8(line)); }
+    bool type(const char *line)
+    {
+        printed.clear();
+        return console.command(QString::fromUtf8(line));
+    }
+    /// What the modem says at once and within two seconds.
     QByteArray say(const QByteArray &bytes)
     {
         said.clear();
         console.modem().receive(bytes);
+        clock.run(2s);
         return said;
     }
 
     VirtualClock clock;
     QStringList printed;
-    SimulatorConsole console{clock, QStringLiteral("+4799000000"),
-                             [this](const QString &line) { printed += line; }};
+    SimulatorConsole console{clock, u"+4799000000"_qs,
+                             [this](const auto &line) { printed += line; }};
     QByteArray said;
 };
 
-TEST(Console, SendsAMessageFromAnybody)
+TEST_F(Console, SendsAMessageFromAnybody)
 {
-    ConsoleWorld world;
-    world.type("sms +4791111111   Hei på deg\\nto");
-    world.clock.run(2s);
-    EXPECT_TRUE(world.say("AT+CMGL=ALL\r").contains("\"+4791111111\",,"));
-    EXPECT_TRUE(world.said.contains("\r\nHei p\x0f deg\nto\r\n"));
-    EXPECT_EQ(world.printed.last(),
-              QStringLiteral("sms +4791111111 -> +4799000000: Hei på deg\\nto"));
+    type("sms +4791111111   Hei på deg\\nto");
+    clock.run(2s);
+    EXPECT_TRUE(say("AT+CMGL=ALL\r").contains("\"+4791111111\",,"));
+    EXPECT_TRUE(said.contains("\r\nHei p\x0f deg\nto\r\n"));
+    EXPECT_EQ(printed, QStringList(u"sms +4791111111 -> +4799000000: Hei på deg\\nto"_qs));
 }
 
-TEST(Console, ShowsWhoIsOnTheDoors)
+TEST_F(Console, ShowsWhoIsOnTheDoors)
 {
-    ConsoleWorld world;
-    world.type("doors");
-    EXPECT_EQ(world.printed,
-              (QStringList{QStringLiteral("+4790000001 Hovedport: 1 users"),
-                           QStringLiteral("  91234567, 2000-01-01 0:00 to 2099-12-31 24:00")}));
+    type("doors");
+    EXPECT_EQ(printed, (QStringList{u"+4790000001 Hovedport: 1 users"_qs,
+                                    u"  91234567, 2000-01-01 0:00 to 2099-12-31 24:00"_qs}));
 }
 
-TEST(Console, BreaksTheModemUntilItIsCleared)
+TEST_F(Console, BreaksTheModemUntilItIsCleared)
 {
-    ConsoleWorld world;
-    world.type("fault mute");
-    EXPECT_EQ(world.say("AT\r"), QByteArray());
-    world.type("clear");
-    EXPECT_EQ(world.say("ATE0\r"), "ATE0\r\r\nOK\r\n");
-    world.type("fault refuse 38 1");
-    world.say("AT+CMGS=1\rHei\x1a");
-    world.clock.run(2s);
-    EXPECT_TRUE(world.said.contains("+CMS ERROR: 38"));
-    world.say("AT+CMGS=1\rHei\x1a");
-    world.clock.run(2s);
-    EXPECT_TRUE(world.said.contains("+CMGS: 0"));
+    type("fault mute");
+    EXPECT_EQ(say("AT\r"), QByteArray());
+    type("clear");
+    EXPECT_EQ(say("ATE0\r"), "ATE0\r" + kOk);
+    type("fault refuse 38 1");
+    EXPECT_EQ(say("AT+CMGS=1\rHei\x1a"), kPrompt + "\r\n+CMS ERROR: 38\r\n");
+    EXPECT_EQ(say("AT+CMGS=1\rHei\x1a"), kPrompt + kSent);
 }
 
-TEST(Console, TakesEveryFaultThatItsHelpNames)
+TEST_F(Console, TakesEveryFaultThatItsHelpNames)
 {
-    ConsoleWorld world;
-    world.type("help");
-    const QStringList lines = world.printed;
-    int faults = 0;
-    for (const QString &line : lines) {
-        if (line.startsWith(u"  ")) {
-            ++faults;
-            world.printed.clear();
-            world.console.command(QStringLiteral("fault ") + line.trimmed().section(u' ', 0, 0));
-            EXPECT_TRUE(world.printed.isEmpty()) << qPrintable(line);
-        }
+    type("help");
+    const QStringList faults = printed.filter(QRegularExpression(u"^  "_qs));
+    EXPECT_EQ(faults.size(), 12);
+    for (const QString &line : faults) {
+        type(qPrintable(u"fault "_qs + line.trimmed().section(u' ', 0, 0)));
+        EXPECT_TRUE(printed.isEmpty()) << qPrintable(line);
     }
-    EXPECT_EQ(faults, 12);
 }
 
-TEST(Console, TellsAMistakeAndGoesOn)
+TEST_F(Console, TellsAMistakeAndGoesOn)
 {
     for (const char *line : {"nonsense", "sms", "sms +4791111111", "fault", "fault nothing",
                              "fault slow x", "fault slow -1"}) {
-        ConsoleWorld world;
-        EXPECT_TRUE(world.type(line)) << line;
-        EXPECT_EQ(world.printed.size(), 1) << line;
+        EXPECT_TRUE(type(line)) << line;
+        EXPECT_EQ(printed.size(), 1) << line;
     }
-    ConsoleWorld world;
-    EXPECT_TRUE(world.type("   "));
-    EXPECT_TRUE(world.printed.isEmpty());
-    EXPECT_FALSE(world.type("quit"));
+    EXPECT_TRUE(type("   "));
+    EXPECT_TRUE(printed.isEmpty());
+    EXPECT_FALSE(type("quit"));
 }
 
-TEST(Console, RefusesDoorsAndUsersThatCannotBe)
+TEST_F(Console, RefusesDoorsAndUsersThatCannotBe)
 {
-    ConsoleWorld world;
     for (const char *door :
          {"", "+4790000002", "+4790000002:Port", "+4790000002:Port:fi", ":Port:no",
           "+4790000002:Port:no:long", "+4790000001:Twice:no", "+4799000000:Modem:no"}) {
-        EXPECT_THROW(world.console.addDoor(QString::fromUtf8(door)), RuntimeFailure) << door;
+        EXPECT_THROW(console.addDoor(QString::fromUtf8(door)), RuntimeFailure) << door;
     }
     for (const char *user : {"", "+4790000001", "+4790000001:", "+4790000009:91234567"}) {
-        EXPECT_THROW(world.console.addUser(QString::fromUtf8(user)), RuntimeFailure) << user;
+        EXPECT_THROW(console.addUser(QString::fromUtf8(user)), RuntimeFailure) << user;
     }
-    EXPECT_EQ(world.console.doors().size(), 1u);
+    EXPECT_EQ(console.doors().size(), 1u);
 }
 
 } // namespace

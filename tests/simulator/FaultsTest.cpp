@@ -1,147 +1,104 @@
 #include "ModemWorld.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
-const QByteArray kOk = "\r\nOK\r\n";
-const QByteArray kPrompt = "\r\n> ";
-const QString kStranger = QStringLiteral("+4791111111");
-
-struct FaultyWorld : ModemWorld {
-    FaultyWorld()
-    {
-        addPhone(kStranger);
-        say("ATE0;+CNMI=1,1\r");
-    }
-    /// Prompt and all that follows on a text.
-    QByteArray submit()
-    {
-        QByteArray heard = say("AT+CMGS=+4791111111\r");
-        heard += say("Hei\x1a");
-        heard += listen(10s);
-        return heard;
-    }
-    ModemFaults &faults() { return modem.faults(); }
+struct Fault : testing::Test, ModemWorld {
+    ModemFaults &faults = modem.faults();
 };
 
-const QByteArray kSent = kPrompt + "\r\n+CMGS: 0\r\n\r\nOK\r\n";
-
-TEST(Fault, MuteModemHearsNothingButStoresOn)
+TEST_F(Fault, StrikesWhereItShouldAndNowhereElse)
 {
-    FaultyWorld world;
-    world.faults().mute = true;
-    EXPECT_EQ(world.say("AT\rATE1\r"), QByteArray());
-    world.arrive(kStranger, "Hei");
-    world.faults().mute = false;
-    EXPECT_EQ(world.say("AT\r"), kOk);
-    EXPECT_EQ(world.modem.store().used(), 1);
+    const QByteArray submission = "AT+CMGS=+4791111111\rHei\x1a";
+    const struct {
+        const char *name;
+        void (*set)(ModemFaults &);
+        QByteArray said, answer, delivered;
+    } strikes[] = {
+        {"mute", [](ModemFaults &f) { f.mute = true; }, "ATE1\rAT\r", "", ""},
+        {"refused", [](ModemFaults &f) { f.refuseSubmission = FaultCount::always(); }, submission,
+         kPrompt + "\r\n+CMS ERROR: 500\r\n", ""},
+        {"no prompt", [](ModemFaults &f) { f.noPrompt = FaultCount::always(); }, submission, "",
+         ""},
+        {"answer lost", [](ModemFaults &f) { f.loseAnswer = FaultCount::always(); }, submission,
+         kPrompt, "Hei|"},
+        {"echo", [](ModemFaults &f) { f.echoStuck = true; }, "AT&F\rATE0\rAT\r",
+         kOk + "ATE0\r" + kOk + "AT\r" + kOk, ""},
+        {"no MT", [](ModemFaults &f) { f.refuseMt = true; },
+         "AT+CPMS=\"MT\"\rAT+CPMS=?\rAT+CPMS=\"SM\"\r",
+         "\r\n+CMS ERROR: 303\r\n\r\n+CPMS: (\"SM\",\"ME\"),(\"SM\",\"ME\"),(\"SM\",\"ME\")\r\n" +
+             kOk + "\r\n+CPMS: 0,20,0,20,0,20\r\n" + kOk,
+         ""},
+        {"no reports", [](ModemFaults &f) { f.refuseReports = true; },
+         "AT+CNMI=1,1,0,2,1\rAT+CNMI=1,1\r", kError + kOk, ""},
+    };
+    for (const auto &[name, set, input, answer, texts] : strikes) {
+        ModemWorld world;
+        set(world.modem.faults());
+        EXPECT_EQ(world.say(input, 2s), answer) << name;
+        EXPECT_EQ(world.delivered(), texts) << name;
+    }
 }
 
-TEST(Fault, RefusalsAreCountedAndSendNothing)
+TEST_F(Fault, MuteModemStoresOn)
 {
-    FaultyWorld world;
-    world.faults().refuseSubmission = FaultCount::times(2);
-    world.faults().refusalNumber = 38;
-    EXPECT_EQ(world.submit(), kPrompt + "\r\n+CMS ERROR: 38\r\n");
-    world.faults().refusalNumber = 0;
-    EXPECT_EQ(world.submit(), kPrompt + "\r\nERROR\r\n");
-    EXPECT_TRUE(world.received.empty());
-    EXPECT_EQ(world.submit(), kSent);
-    EXPECT_EQ(world.received.size(), 1u);
+    faults.mute = true;
+    EXPECT_EQ(arrive(), QByteArray());
+    EXPECT_EQ(modem.store().used(), 1);
 }
 
-TEST(Fault, WithoutAPromptTheTextIsACommandLine)
+TEST_F(Fault, RefusalsAreCounted)
 {
-    FaultyWorld world;
-    world.faults().noPrompt = FaultCount::times(1);
-    EXPECT_EQ(world.submit(), QByteArray());
-    EXPECT_TRUE(world.received.empty());
-    EXPECT_EQ(world.submit(), kSent);
+    faults.refuseSubmission = FaultCount::times(1);
+    faults.refusalNumber = 0;
+    EXPECT_EQ(submit("en"), kPrompt + kError);
+    EXPECT_EQ(submit("to"), kPrompt + kSent);
+    EXPECT_EQ(delivered(), "to|");
 }
 
-TEST(Fault, LostAnswerIsNoLostMessage)
+TEST_F(Fault, LineDropsBetweenPromptAndText)
 {
-    FaultyWorld world;
-    world.faults().loseAnswer = FaultCount::times(1);
-    EXPECT_EQ(world.submit(), kPrompt);
-    EXPECT_EQ(world.received.size(), 1u);
-    EXPECT_EQ(world.submit(), kPrompt + "\r\n+CMGS: 1\r\n\r\nOK\r\n");
-}
-
-TEST(Fault, LineDropsBetweenPromptAndText)
-{
-    FaultyWorld world;
     int drops = 0;
-    world.modem.setLineDrop([&] {
+    modem.setLineDrop([&] {
         ++drops;
-        world.modem.lineClosed();
+        modem.lineClosed();
     });
-    world.faults().dropAtPrompt = FaultCount::times(1);
-    EXPECT_EQ(world.say("AT+CMGS=+4791111111\rlost with the line"), kPrompt);
+    faults.dropAtPrompt = FaultCount::times(1);
+    EXPECT_EQ(say("AT+CMGS=+4791111111\rlost with the line"), kPrompt);
     EXPECT_EQ(drops, 1);
-    EXPECT_EQ(world.say("AT\r"), kOk);
-    EXPECT_EQ(world.submit(), kSent);
+    EXPECT_EQ(submit(), kPrompt + kSent);
 }
 
-TEST(Fault, EchoStays)
+TEST_F(Fault, SlowModemSaysTheSameInItsTimeUntilItIsMended)
 {
-    FaultyWorld world;
-    world.say("ATE1\r");
-    world.faults().echoStuck = true;
-    EXPECT_EQ(world.say("ATE0\r"), "ATE0\r\r\nOK\r\n");
-    EXPECT_EQ(world.say("AT\r"), "AT\r\r\nOK\r\n");
+    faults.perCharacter = 10ms;
+    EXPECT_EQ(say("AT\r"), QByteArray());
+    EXPECT_EQ(listen(39ms), "\r\nO");
+    faults.perCharacter = 0ms;
+    EXPECT_EQ(listen(10ms), "K\r\n");
+    faults.perCharacter = 24h;
+    EXPECT_EQ(say("AT\r"), QByteArray());
+    faults.perCharacter = 0ms;
+    EXPECT_EQ(say("AT\r"), kOk + kOk) << "the next character is not waited for";
 }
 
-TEST(Fault, SlowModemSaysTheSameInItsTime)
+TEST_F(Fault, GarbageHoldsNoAnswer)
 {
-    FaultyWorld world;
-    world.faults().perCharacter = 10ms;
-    EXPECT_EQ(world.say("AT\r"), QByteArray());
-    EXPECT_EQ(world.listen(39ms), "\r\nO");
-    world.faults().perCharacter = 0ms;
-    EXPECT_EQ(world.listen(10ms), "K\r\n");
-    EXPECT_EQ(world.say("AT\r"), kOk);
+    faults.garbage = true;
+    const QByteArray noise = say("AT\rAT+CGMI\rAT+CPMS?\rATV0\rAT\r");
+    EXPECT_TRUE(noise.contains('\0'));
+    EXPECT_FALSE(noise.contains("OK") || noise.contains('0'));
+    faults = ModemFaults();
+    EXPECT_EQ(say("ATV1\r"), kOk);
 }
 
-TEST(Fault, GarbageHoldsNoAnswer)
+TEST_F(Fault, FullStorageLeavesMessagesWithTheNetworkUntilItIsOver)
 {
-    FaultyWorld world;
-    world.faults().garbage = true;
-    const QByteArray said = world.say("AT\rAT+CGMI\rAT+CPMS?\r");
-    EXPECT_FALSE(said.isEmpty());
-    EXPECT_FALSE(said.contains("OK"));
-    EXPECT_TRUE(said.contains('\0'));
-    world.faults() = ModemFaults();
-    EXPECT_EQ(world.say("AT\r"), kOk);
-}
-
-TEST(Fault, StorageMtIsRefusedAndNotOffered)
-{
-    FaultyWorld world;
-    world.faults().refuseMt = true;
-    EXPECT_EQ(world.say("AT+CPMS=\"MT\",\"MT\",\"MT\"\r"), "\r\n+CMS ERROR: 303\r\n");
-    EXPECT_FALSE(world.say("AT+CPMS=?\r").contains("MT"));
-    EXPECT_TRUE(world.say("AT+CPMS=\"SM\",\"SM\",\"SM\"\r").endsWith(kOk));
-}
-
-TEST(Fault, ReportsAreRefusedButNoticesAreNot)
-{
-    FaultyWorld world;
-    world.faults().refuseReports = true;
-    EXPECT_EQ(world.say("AT+CNMI=1,1,0,2,1\r"), "\r\nERROR\r\n");
-    EXPECT_EQ(world.say("AT+CNMI=1,1\r"), kOk);
-}
-
-TEST(Fault, FullStorageLeavesMessagesWithTheNetworkUntilItIsOver)
-{
-    FaultyWorld world;
-    world.faults().storeFull = true;
-    world.arrive(kStranger, "Hei");
-    EXPECT_EQ(world.modem.store().used(), 0);
-    EXPECT_TRUE(world.say("AT+CPMS?\r").contains("\"SM\",20,20"));
-    world.faults().storeFull = false;
-    EXPECT_EQ(world.say("AT\r"), kOk + "\r\n+CMTI: \"SM\",1\r\n");
+    faults.storeFull = true;
+    EXPECT_EQ(arrive(), QByteArray());
+    EXPECT_EQ(modem.store().used(), 0);
+    EXPECT_TRUE(say("AT+CPMS?\r").contains("\"SM\",20,20"));
+    faults.storeFull = false;
+    EXPECT_EQ(say("AT\r"), kOk + "\r\n+CMTI: \"SM\",1\r\n");
 }
 
 } // namespace

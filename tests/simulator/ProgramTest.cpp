@@ -1,13 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTcpSocket>
 #include <QTemporaryDir>
+#include <QTemporaryFile>
 
-#include <array>
 #include <csignal>
 
 #include <fcntl.h>
@@ -18,291 +17,213 @@ namespace {
 
 constexpr int kPatience = 60'000; // milliseconds; a machine under load is slow, not wrong
 
-/// The program as a user starts it, which is the one thing here that runs on the machine's time.
-class RunningSimulator {
+/// The program as a user starts it: the one thing here that runs on the machine's time. The
+/// arguments stand between blanks; "LINK" among them is the link of the pseudo-terminal.
+class Simulator : public QProcess {
 public:
-    explicit RunningSimulator(const QStringList &arguments)
+    explicit Simulator(const QString &arguments)
     {
-        process_.setProcessChannelMode(QProcess::MergedChannels);
-        process_.start(QStringLiteral(LUKORA_SIMULATOR), arguments);
-        ready_ = waitForLine("ready ");
+        setProcessChannelMode(MergedChannels);
+        QStringList list = arguments.split(u' ', Qt::SkipEmptyParts);
+        start(QStringLiteral(LUKORA_SIMULATOR), list.replaceInStrings(u"LINK"_qs, link));
+        ready = waitForLine("ready ");
     }
-    ~RunningSimulator()
+    ~Simulator() override
     {
-        process_.kill();
-        process_.waitForFinished(kPatience);
+        kill();
+        waitForFinished(kPatience);
     }
-
-    /// The line that it got ready with; empty when it never did.
-    QByteArray ready() const { return ready_; }
     void type(const QByteArray &line)
     {
-        process_.write(line + '\n');
-        process_.waitForBytesWritten(kPatience);
+        write(line + '\n');
+        waitForBytesWritten(kPatience);
     }
-    void endInput() { process_.closeWriteChannel(); }
-    /// The next line that begins so.
-    QByteArray waitForLine(const QByteArray &start)
+    /// The next line that begins so; empty when it never comes.
+    QByteArray waitForLine(const QByteArray &begin)
     {
-        while (process_.canReadLine() || process_.waitForReadyRead(kPatience)) {
-            while (process_.canReadLine()) {
-                const QByteArray line = process_.readLine().trimmed();
-                if (line.startsWith(start)) {
-                    return line;
-                }
-            }
+        QByteArray line;
+        while (!line.startsWith(begin) && (canReadLine() || waitForReadyRead(kPatience))) {
+            line = readLine().trimmed();
         }
-        return {};
+        return line.startsWith(begin) ? line : QByteArray();
     }
     /// The exit status, -1 after a crash.
-    int stop(int signal)
-    {
-        ::kill(static_cast<pid_t>(process_.processId()), signal);
-        return waitForEnd();
-    }
     int waitForEnd()
     {
-        const bool ended =
-            process_.state() == QProcess::NotRunning || process_.waitForFinished(kPatience);
-        return ended && process_.exitStatus() == QProcess::NormalExit ? process_.exitCode() : -1;
+        const bool ended = state() == NotRunning || waitForFinished(kPatience);
+        return ended && exitStatus() == NormalExit ? exitCode() : -1;
+    }
+    int stop(int signal)
+    {
+        ::kill(static_cast<pid_t>(processId()), signal);
+        return waitForEnd();
     }
 
-private:
-    QProcess process_;
-    QByteArray ready_;
+    const QTemporaryDir folder;
+    const QString link = folder.filePath(u"modem"_qs);
+    QByteArray ready;
 };
 
-class Gammu : public testing::Test {
-protected:
-    void SetUp() override
-    {
-        ASSERT_FALSE(QStandardPaths::findExecutable(QStringLiteral("gammu")).isEmpty())
-            << "gammu is not installed";
-        QFile configuration(configurationPath());
-        ASSERT_TRUE(configuration.open(QIODevice::WriteOnly));
-        configuration.write("[gammu]\nconnection = at\ndevice = " + QFile::encodeName(link()) +
-                            "\n");
-    }
-    QString link() const { return folder_.filePath(QStringLiteral("modem")); }
-
-    /// What gammu printed; a failure of gammu fails the test.
-    QByteArray gammu(const QStringList &arguments)
-    {
-        QProcess process;
-        process.setProcessChannelMode(QProcess::MergedChannels);
-        process.start(QStringLiteral("gammu"),
-                      QStringList{QStringLiteral("-c"), configurationPath()} + arguments);
-        process.closeWriteChannel();
-        const bool ended = process.waitForFinished(kPatience);
-        const QByteArray output = process.readAll();
-        EXPECT_TRUE(ended && process.exitCode() == 0) << output.constData();
-        return output;
-    }
-
-private:
-    QString configurationPath() const { return folder_.filePath(QStringLiteral("gammurc")); }
-
-    QTemporaryDir folder_;
-};
-
-TEST_F(Gammu, TakesTheModemForARealOne)
+TEST(Gammu, TakesTheModemForARealOne)
 {
-    RunningSimulator simulator({QStringLiteral("--pty"), link(), QStringLiteral("--door"),
-                                QStringLiteral("+4790000001:Hovedport:no"),
-                                QStringLiteral("--delay"), QStringLiteral("1")});
-    ASSERT_EQ(simulator.ready(), "ready pty " + QFile::encodeName(link()));
+    ASSERT_FALSE(QStandardPaths::findExecutable(u"gammu"_qs).isEmpty()) << "gammu is not installed";
+    Simulator simulator(u"--pty LINK --door +4790000001:Hovedport:no --delay 1"_qs);
+    const QTemporaryDir folder;
+    QTemporaryFile settings;
+    ASSERT_TRUE(settings.open());
+    settings.write("[gammu]\nconnection = at\ndevice = " + simulator.link.toUtf8() + '\n');
+    settings.close();
+    QProcess gammu;
+    gammu.setProcessChannelMode(QProcess::MergedChannels);
+    gammu.start(u"gammu"_qs, {u"-c"_qs, settings.fileName(), u"batch"_qs});
+
     simulator.type("sms +4791111111 Hei på deg");
     ASSERT_FALSE(simulator.waitForLine("sms +4791111111 ").isEmpty());
-
-    const QByteArray identity = gammu({QStringLiteral("identify")});
-    EXPECT_TRUE(identity.contains("Manufacturer         : Lukora")) << identity.constData();
-
-    gammu({QStringLiteral("sendsms"), QStringLiteral("TEXT"), QStringLiteral("+4790000001"),
-           QStringLiteral("-text"), QStringLiteral("I 92222222>26120100<26120324")});
+    gammu.write("identify\nsendsms TEXT +4790000001 -text \"I 92222222>26120100<26120324\"\n");
+    ASSERT_TRUE(gammu.waitForBytesWritten(kPatience));
     EXPECT_EQ(simulator.waitForLine("sms +4799000000 "),
               "sms +4799000000 -> +4790000001: I 92222222>26120100<26120324");
     ASSERT_FALSE(simulator.waitForLine("sms +4790000001 ").isEmpty());
+    gammu.write("getallsms\ngetsms 1 1\ndeletesms 1 1\ngetallsms\n");
+    gammu.closeWriteChannel();
 
-    const QByteArray all = gammu({QStringLiteral("getallsms")});
-    EXPECT_TRUE(all.contains("Remote number        : \"+4791111111\"")) << all.constData();
-    EXPECT_TRUE(all.contains("Hei på deg\n")) << all.constData();
-    EXPECT_TRUE(all.contains("92222222 er lagt til\n")) << all.constData();
-    EXPECT_TRUE(all.contains("2 SMS parts in 2 SMS sequences")) << all.constData();
-
-    const QStringList first{QStringLiteral("1"), QStringLiteral("1")};
-    EXPECT_TRUE(gammu(QStringList(QStringLiteral("getsms")) + first).contains("Hei på deg\n"));
-    gammu(QStringList(QStringLiteral("deletesms")) + first);
-    const QByteArray left = gammu({QStringLiteral("getallsms")});
-    EXPECT_FALSE(left.contains("Hei på deg")) << left.constData();
-    EXPECT_TRUE(left.contains("1 SMS parts in 1 SMS sequences")) << left.constData();
+    // It leaves with a failure at the first command that fails.
+    EXPECT_TRUE(gammu.waitForFinished(kPatience) && gammu.exitCode() == 0);
+    const QString said = QString::fromUtf8(gammu.readAll());
+    const QStringList answers = said.split(u"Executing batch"_qs);
+    ASSERT_EQ(answers.size(), 7) << qPrintable(said);
+    const std::pair<int, QString> parts[] = {{1, u"Manufacturer         : Lukora"_qs},
+                                             {2, u"OK, message reference=0"_qs},
+                                             {3, u"Remote number        : \"+4791111111\""_qs},
+                                             {3, u"Hei på deg\n"_qs},
+                                             {3, u"92222222 er lagt til\n"_qs},
+                                             {3, u"2 SMS parts in 2 SMS sequences"_qs},
+                                             {4, u"Hei på deg\n"_qs},
+                                             {6, u"92222222 er lagt til\n"_qs},
+                                             {6, u"1 SMS parts in 1 SMS sequences"_qs}};
+    for (const auto &[command, part] : parts) {
+        EXPECT_TRUE(answers[command].contains(part)) << qPrintable(part + answers[command]);
+    }
 }
 
 TEST(Program, RemovesItsLinkWhenItIsTerminated)
 {
-    for (const int signal : {SIGTERM, SIGINT}) {
-        const QTemporaryDir folder;
-        const QString link = folder.filePath(QStringLiteral("modem"));
-        RunningSimulator simulator({QStringLiteral("--pty"), link});
-        ASSERT_TRUE(QFileInfo(link).isSymLink());
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        Simulator simulator(u"--pty LINK"_qs);
+        EXPECT_EQ(simulator.ready, "ready pty " + simulator.link.toUtf8());
+        EXPECT_TRUE(QFileInfo(simulator.link).isSymLink());
         EXPECT_EQ(simulator.stop(signal), 0);
-        EXPECT_FALSE(QFileInfo(link).isSymLink());
+        EXPECT_FALSE(QFileInfo(simulator.link).isSymLink());
     }
 }
 
-TEST(Program, LeavesAFileThatIsNoLink)
+TEST(Program, RemovesItsLinkAlsoWhenNobodyReadsItsPrints)
 {
-    const QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("modem")));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    RunningSimulator simulator({QStringLiteral("--pty"), file.fileName()});
-    EXPECT_EQ(simulator.ready(), QByteArray());
-    EXPECT_EQ(simulator.waitForEnd(), 1);
-    EXPECT_TRUE(file.exists());
+    Simulator simulator(u"--pty LINK"_qs);
+    simulator.closeReadChannel(QProcess::StandardOutput);
+    simulator.type("help\nquit");
+    EXPECT_EQ(simulator.waitForEnd(), 0);
+    EXPECT_FALSE(QFileInfo(simulator.link).isSymLink());
 }
 
-TEST(Program, LivesOnWithoutAnInputAndLeavesOnQuit)
-{
-    RunningSimulator deaf({QStringLiteral("--tcp"), QStringLiteral("0")});
-    deaf.endInput();
-    QTcpSocket client;
-    client.connectToHost(QStringLiteral("127.0.0.1"), deaf.ready().mid(10).toUShort());
-    ASSERT_TRUE(client.waitForConnected(kPatience));
-    client.write("AT\r");
-    ASSERT_TRUE(client.waitForReadyRead(kPatience));
-    EXPECT_EQ(deaf.stop(SIGTERM), 0);
-
-    RunningSimulator told({QStringLiteral("--tcp"), QStringLiteral("0")});
-    told.type("quit");
-    EXPECT_EQ(told.waitForEnd(), 0);
-}
-
-/// What the far end says until this comes.
-QByteArray readUntil(QTcpSocket &client, const QByteArray &end)
-{
-    QByteArray read;
-    while (!read.contains(end) && client.waitForReadyRead(kPatience)) {
-        read += client.readAll();
-    }
-    return read;
-}
-
-TEST(Program, GivesTheLineToTheLastClientAndRefusesTelnetOptions)
-{
-    RunningSimulator simulator({QStringLiteral("--tcp"), QStringLiteral("0")});
-    const auto port = simulator.ready().mid(10).toUShort();
-    QTcpSocket first;
-    first.connectToHost(QStringLiteral("127.0.0.1"), port);
-    ASSERT_TRUE(first.waitForConnected(kPatience));
-    first.write("AT+CMGS=+4790000001\rhalf a text");
-    ASSERT_TRUE(readUntil(first, "> ").contains("> "));
-
-    QTcpSocket second;
-    second.connectToHost(QStringLiteral("127.0.0.1"), port);
-    ASSERT_TRUE(second.waitForConnected(kPatience));
-    ASSERT_TRUE(first.state() == QAbstractSocket::UnconnectedState ||
-                first.waitForDisconnected(kPatience));
-    second.write("A\xff\xfd\x01T\r");
-    const QByteArray said = readUntil(second, "OK\r\n");
-    EXPECT_TRUE(said.contains("\xff\xfc\x01")) << said.toHex().constData();
-    EXPECT_TRUE(said.endsWith("\r\n\r\nOK\r\n") || said.endsWith("AT\r\r\nOK\r\n"));
-}
-
-TEST(Program, DropsTheLineAtThePromptAndTakesTheNextClient)
-{
-    RunningSimulator simulator({QStringLiteral("--tcp"), QStringLiteral("0")});
-    const auto port = simulator.ready().mid(10).toUShort();
-    simulator.type("fault drop 1");
-    simulator.type("what");
-    ASSERT_FALSE(simulator.waitForLine("Unknown command what").isEmpty());
-    QTcpSocket client;
-    client.connectToHost(QStringLiteral("127.0.0.1"), port);
-    ASSERT_TRUE(client.waitForConnected(kPatience));
-    client.write("ATE0\rAT+CMGS=+4790000001\r");
-    EXPECT_TRUE(readUntil(client, "> ").endsWith("> "));
-    EXPECT_TRUE(client.state() == QAbstractSocket::UnconnectedState ||
-                client.waitForDisconnected(kPatience));
-    client.connectToHost(QStringLiteral("127.0.0.1"), port);
-    ASSERT_TRUE(client.waitForConnected(kPatience));
-    client.write("AT\r");
-    EXPECT_EQ(readUntil(client, "OK\r\n"), "\r\nOK\r\n");
-}
-
-/// A program's end of the pseudo-terminal.
-class Terminal {
-public:
-    explicit Terminal(const QString &link)
-        : file_(open(QFile::encodeName(link).constData(), O_RDWR | O_NOCTTY | O_NONBLOCK))
+/// A program at the far end of the TCP port.
+struct Client : QTcpSocket {
+    explicit Client(const Simulator &simulator)
     {
+        connectToHost(u"127.0.0.1"_qs, simulator.ready.mid(10).toUShort());
+        EXPECT_TRUE(waitForConnected(kPatience));
     }
-    ~Terminal() { close(file_); }
-    bool write(const QByteArray &bytes)
-    {
-        return ::write(file_, bytes.constData(), static_cast<size_t>(bytes.size())) == bytes.size();
-    }
-    /// What comes until this does, or until the line is gone.
+    /// What comes until this does.
     QByteArray readUntil(const QByteArray &end)
     {
         QByteArray heard;
-        pollfd waiting{file_, POLLIN, 0};
-        while (!heard.contains(end) && poll(&waiting, 1, kPatience) > 0) {
-            std::array<char, 256> bytes;
-            const ssize_t count = read(file_, bytes.data(), bytes.size());
-            if (count <= 0) {
-                isGone = true;
-                break;
-            }
-            heard.append(bytes.data(), count);
+        while (!heard.contains(end) && waitForReadyRead(kPatience)) {
+            heard += readAll();
         }
         return heard;
     }
-    bool isGone = false;
-
-private:
-    int file_;
+    bool isDropped() { return state() == UnconnectedState || waitForDisconnected(kPatience); }
 };
+
+TEST(Program, GivesItsTcpLineToTheLastClient)
+{
+    Simulator simulator(u"--tcp 0"_qs);
+    Client first(simulator);
+    first.write("ATE0\rAT+CMGS=1\rhalf a text");
+    EXPECT_TRUE(first.readUntil("> ").contains("> "));
+    Client second(simulator);
+    EXPECT_TRUE(first.isDropped());
+    second.write("A\xff\xfd\x01T\r");
+    EXPECT_EQ(second.readUntil("OK\r\n"), "\xff\xfc\x01\r\nOK\r\n") << "no telnet option";
+
+    simulator.type("fault drop 1\nwhat");
+    ASSERT_FALSE(simulator.waitForLine("Unknown command what").isEmpty());
+    simulator.closeWriteChannel(); // it lives on without an input
+    second.write("AT+CMGS=1\r");
+    EXPECT_EQ(second.readUntil("> "), "\r\n> ");
+    EXPECT_TRUE(second.isDropped());
+    Client third(simulator);
+    third.write("AT\r");
+    EXPECT_EQ(third.readUntil("OK\r\n"), "\r\nOK\r\n");
+    EXPECT_EQ(simulator.stop(SIGTERM), 0);
+}
+
+/// What comes from a terminal until this does, or until it is gone.
+QByteArray readUntil(int terminal, const QByteArray &end)
+{
+    QByteArray heard;
+    pollfd waiting{terminal, POLLIN, 0};
+    char byte = 0;
+    while (!heard.endsWith(end) && poll(&waiting, 1, kPatience) > 0 &&
+           read(terminal, &byte, 1) == 1) {
+        heard += byte;
+    }
+    return heard;
+}
 
 TEST(Program, DropsATerminalAndMakesANewOne)
 {
-    const QTemporaryDir folder;
-    const QString link = folder.filePath(QStringLiteral("modem"));
-    RunningSimulator simulator({QStringLiteral("--pty"), link});
-    simulator.type("fault drop 1");
-    simulator.type("what");
+    Simulator simulator(u"--pty LINK"_qs);
+    simulator.type("fault drop 1\nwhat");
     ASSERT_FALSE(simulator.waitForLine("Unknown command what").isEmpty());
-    Terminal dropped(link);
-    ASSERT_TRUE(dropped.write("AT+CMGS=+4790000001\r"));
-    dropped.readUntil("never said");
-    EXPECT_TRUE(dropped.isGone);
-
+    const auto openLink = [&] {
+        return open(qPrintable(simulator.link), O_RDWR | O_NOCTTY | O_NONBLOCK);
+    };
+    const int dropped = openLink();
+    ASSERT_EQ(write(dropped, "AT+CMGS=1\r", 10), 10);
+    readUntil(dropped, "never said");
+    char byte = 0;
+    EXPECT_EQ(read(dropped, &byte, 1), 0);
+    close(dropped);
     for (int opens = 0; opens < 2; ++opens) {
-        Terminal next(link);
-        ASSERT_TRUE(next.write("AT\r"));
-        EXPECT_EQ(next.readUntil("OK\r\n"), "AT\r\r\nOK\r\n");
+        const int next = openLink();
+        ASSERT_EQ(write(next, "AT\r", 3), 3);
+        EXPECT_EQ(readUntil(next, "OK\r\n"), "AT\r\r\nOK\r\n");
+        close(next);
     }
     EXPECT_EQ(simulator.stop(SIGTERM), 0);
-    EXPECT_FALSE(QFileInfo(link).isSymLink());
+    EXPECT_FALSE(QFileInfo(simulator.link).isSymLink());
 }
 
-TEST(Program, RefusesWhatItCannotBe)
+TEST(Program, RefusesWhatItCannotBeAndLeavesAFileThatIsNoLink)
 {
-    const QStringList refused[] = {
-        {},
-        {QStringLiteral("--tcp"), QStringLiteral("x")},
-        {QStringLiteral("--tcp"), QStringLiteral("65536")},
-        {QStringLiteral("--tcp"), QStringLiteral("0"), QStringLiteral("--pty"),
-         QStringLiteral("/nowhere/modem")},
-        {QStringLiteral("--pty"), QStringLiteral("/nowhere/modem")},
-        {QStringLiteral("--tcp"), QStringLiteral("0"), QStringLiteral("--door"),
-         QStringLiteral("Hovedport")},
-        {QStringLiteral("--tcp"), QStringLiteral("0"), QStringLiteral("--delay"),
-         QStringLiteral("-1")},
-        {QStringLiteral("--tcp"), QStringLiteral("0"), QStringLiteral("more")},
-    };
-    for (const QStringList &arguments : refused) {
-        RunningSimulator simulator(arguments);
-        EXPECT_EQ(simulator.ready(), QByteArray());
-        EXPECT_EQ(simulator.waitForEnd(), 1) << qPrintable(arguments.join(u' '));
+    QTemporaryFile file;
+    ASSERT_TRUE(file.open());
+    const QStringList refused{u""_qs,
+                              u"--tcp x"_qs,
+                              u"--tcp 65536"_qs,
+                              u"--tcp 0 --pty LINK"_qs,
+                              u"--pty /nowhere/modem"_qs,
+                              u"--tcp 0 --door Hovedport"_qs,
+                              u"--tcp 0 --delay -1"_qs,
+                              u"--tcp 0 more"_qs,
+                              u"--pty "_qs + file.fileName()};
+    for (const QString &arguments : refused) {
+        Simulator simulator(arguments);
+        EXPECT_EQ(simulator.ready, QByteArray());
+        EXPECT_EQ(simulator.waitForEnd(), 1) << qPrintable(arguments);
     }
+    EXPECT_TRUE(file.exists());
 }
 
 } // namespace
