@@ -68,7 +68,6 @@ TEST(Gammu, TakesTheModemForARealOne)
 {
     ASSERT_FALSE(QStandardPaths::findExecutable(u"gammu"_qs).isEmpty()) << "gammu is not installed";
     Simulator simulator(u"--pty LINK --door +4790000001:Hovedport:no --delay 1"_qs);
-    const QTemporaryDir folder;
     QTemporaryFile settings;
     ASSERT_TRUE(settings.open());
     settings.write("[gammu]\nconnection = at\ndevice = " + simulator.link.toUtf8() + '\n');
