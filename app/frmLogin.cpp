@@ -69,7 +69,9 @@ void frmLogin::cmdOK_Click()
             openPasswords();
             return;
         }
-        if (rsPasswords.text(QStringLiteral("Password")) == ui_->txtPassword->text()) {
+        // A login without a password admits nobody, an empty entry neither.
+        const QVariant password = rsPasswords.value(QStringLiteral("Password"));
+        if (!password.isNull() && password.toString() == ui_->txtPassword->text()) {
             module_.SecurityLevel = rsPasswords.text(QStringLiteral("SecurityLevel"));
             LoginSucceeded = true;
             hide();

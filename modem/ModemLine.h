@@ -1,6 +1,6 @@
 #pragma once
 
-#include "modem/TelnetFilter.h"
+#include "platform/TelnetFilter.h"
 #include "platform/Clock.h"
 
 #include <QString>

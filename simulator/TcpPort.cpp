@@ -42,13 +42,12 @@ void TcpPort::takeClient()
 
 void TcpPort::readClient()
 {
-    const QByteArray data = telnet_.take(client_->readAll());
-    const QByteArray answers = telnet_.takeAnswers();
+    const TelnetFilter::Result result = telnet_.receive(client_->readAll());
     if (client_->bytesToWrite() < kMostUnsent) {
-        client_->write(answers);
+        client_->write(result.answer);
     }
-    if (!data.isEmpty()) {
-        events_.received(data);
+    if (!result.data.isEmpty()) {
+        events_.received(result.data);
     }
 }
 
@@ -57,7 +56,7 @@ void TcpPort::forgetClient()
     client_->disconnect(&server_);
     client_->deleteLater();
     client_.clear();
-    telnet_.reset();
+    telnet_ = TelnetFilter();
     events_.closed();
 }
 
@@ -82,6 +81,6 @@ void TcpPort::drop()
     leaving_->disconnect(&server_);
     QObject::connect(leaving_, &QTcpSocket::disconnected, leaving_, &QObject::deleteLater);
     leaving_->disconnectFromHost();
-    telnet_.reset();
+    telnet_ = TelnetFilter();
     events_.closed();
 }

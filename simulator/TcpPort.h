@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/TelnetFilter.h"
 #include "simulator/LinePort.h"
-#include "simulator/TelnetFilter.h"
 
 #include <QPointer>
 #include <QTcpServer>

@@ -1,4 +1,4 @@
-#include "modem/TelnetFilter.h"
+#include "platform/TelnetFilter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "modem/TelnetFilter.h"
+#include "platform/TelnetFilter.h"
 
 namespace {
 
@@ -11,7 +11,7 @@ constexpr unsigned char kDo = 253;
 constexpr unsigned char kDont = 254;
 constexpr unsigned char kIac = 255;
 
-// No option that a refusing side could be told about is longer. A bridge without telnet may send
+// No option that a refusing side could be told about is longer. A far end without telnet may send
 // the two opening bytes as garbage; it must not stay deaf for good.
 constexpr int kLongestSubnegotiation = 1024;
 
