@@ -1,129 +1,90 @@
 #include "app/Application.h"
-#include "app/frmMain.h"
-#include "support/Doubles.h"
-#include "support/FakeLines.h"
-#include "support/TestDatabase.h"
+#include "app/Shell.h"
 
 #include <QApplication>
-#include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace {
 
-struct Program : testing::Test {
-    Program() { settings.values[QStringLiteral("dbpath")] = database.path(); }
+QWidget *visible(const QString &name)
+{
+    const QWidgetList screens = QApplication::topLevelWidgets();
+    const auto found = std::find_if(screens.begin(), screens.end(), [&](const QWidget *screen) {
+        return screen->isVisible() && screen->objectName() == name;
+    });
+    return found == screens.end() ? nullptr : *found;
+}
 
-    static QWidget *screen(const char *name)
-    {
-        const QWidgetList screens = QApplication::topLevelWidgets();
-        for (QWidget *candidate : screens) {
-            if (candidate->isVisible() && candidate->objectName() == QLatin1String(name)) {
-                return candidate;
-            }
-        }
-        return nullptr;
-    }
+struct Program : Desk {
     void logInAfter(milliseconds delay)
     {
         clock.after(delay, [] {
-            auto *password =
-                screen("frmLogin")->findChild<QLineEdit *>(QStringLiteral("txtPassword"));
-            QTest::keyClicks(password, QStringLiteral("hemmelig"));
-            QTest::keyClick(password, Qt::Key_Return);
+            QTest::keyClicks(visible(u"frmLogin"_qs)->focusWidget(), u"hemmelig"_qs);
+            QTest::keyClick(visible(u"frmLogin"_qs)->focusWidget(), Qt::Key_Return);
         });
     }
-
-    VirtualClock clock;
-    ScriptedOperator person{clock};
-    MemorySettings settings;
-    FakeHost host;
-    FakeSerialPort serial;
-    FakeTcpSocket socket{clock};
-    TestDatabase database;
     Application lukora{{clock, person, settings, host, serial, socket}};
 };
 
 } // namespace
 
-TEST_F(Program, GoesFromLoginOverSplashToTheMainScreen)
+TEST(Program, GoesFromLoginOverSplashToTheMainScreen)
 {
-    logInAfter(1000ms);
-    bool splashStood = false;
-    bool splashStoodToTheEnd = false;
-    clock.after(1100ms, [&] { splashStood = screen("frmSplash") != nullptr; });
-    clock.after(3990ms, [&] { splashStoodToTheEnd = screen("frmSplash") != nullptr; });
-    ASSERT_TRUE(lukora.start());
-    EXPECT_TRUE(splashStood);
-    EXPECT_TRUE(splashStoodToTheEnd);
-    EXPECT_EQ(screen("frmSplash"), nullptr);
-    EXPECT_TRUE(lukora.mainScreen()->isVisible());
-    EXPECT_EQ(lukora.mainScreen()->modemLink().tables.out('@'), 0);
-    lukora.close();
-    EXPECT_FALSE(lukora.mainScreen()->isVisible());
-    EXPECT_EQ(settings.saved.size(), 12);
-}
-
-TEST_F(Program, ShowsTheMakerAloneOnTheSplash)
-{
-    settings.values[QStringLiteral("logocountrycode")] = QStringLiteral("45");
-    logInAfter(10ms);
-    QStringList marks;
-    clock.after(100ms, [&] {
-        const auto labels = screen("frmSplash")->findChildren<QLabel *>();
-        for (const QLabel *label : labels) {
-            if (label->isVisible() && label->objectName().startsWith(u"picLogo")) {
-                marks.append(label->objectName());
+    Program run;
+    run.settings.values[u"logocountrycode"_qs] = u"45"_qs;
+    run.logInAfter(1000ms);
+    QStringList splash;
+    for (const milliseconds moment : {1100ms, 3990ms}) {
+        run.clock.after(moment, [&] {
+            const auto labels = visible(u"frmSplash"_qs)->findChildren<QLabel *>();
+            for (const QLabel *label : labels) {
+                if (label->isVisible() &&
+                    (label->objectName().startsWith(u"picLogo") || label->objectName() == u"S")) {
+                    splash.append(label->objectName());
+                }
             }
-        }
-        EXPECT_FALSE(screen("frmSplash")->findChild<QLabel *>(QStringLiteral("S"))->isVisible());
-    });
-    ASSERT_TRUE(lukora.start());
-    EXPECT_EQ(marks, QStringList{QStringLiteral("picLogoBRENVIK")});
+        });
+    }
+    ASSERT_TRUE(run.lukora.start());
+    EXPECT_EQ(splash, QStringList(2, u"picLogoBRENVIK"_qs)) << "the maker alone, to the end";
+    EXPECT_EQ(visible(u"frmSplash"_qs), nullptr);
+    EXPECT_TRUE(run.lukora.mainScreen()->isVisible());
+    EXPECT_EQ(run.lukora.mainScreen()->modemLink().tables.out('@'), 0);
+    run.lukora.close();
+    EXPECT_FALSE(run.lukora.mainScreen()->isVisible());
 }
 
-TEST_F(Program, EndsWithACancelledLogin)
+TEST(Program, EndsWithoutALoginAndWithoutADatabase)
 {
-    clock.after(10ms, [] {
-        QTest::mouseClick(screen("frmLogin")->findChild<QPushButton *>(QStringLiteral("cmdCancel")),
-                          Qt::LeftButton);
-    });
-    EXPECT_FALSE(lukora.start());
-    EXPECT_EQ(lukora.mainScreen(), nullptr);
+    Program cancelled;
+    cancelled.clock.after(
+        10ms, [] { visible(u"frmLogin"_qs)->findChild<QPushButton *>(u"cmdCancel"_qs)->click(); });
+    EXPECT_FALSE(cancelled.lukora.start());
+    EXPECT_EQ(cancelled.lukora.mainScreen(), nullptr);
+
+    Program missing;
+    missing.settings.values[u"dbpath"_qs] = missing.database.filePath(u"borte.mdb"_qs);
+    missing.person.answers(u"borte.mdb"_qs);
+    EXPECT_FALSE(missing.lukora.start());
+    EXPECT_EQ(visible(u"frmLogin"_qs), nullptr);
 }
-
-TEST_F(Program, WithoutADatabaseSaysSoAndEnds)
-{
-    settings.values[QStringLiteral("dbpath")] = database.filePath(QStringLiteral("borte.mdb"));
-    person.answers(QStringLiteral("borte.mdb"));
-    EXPECT_FALSE(lukora.start());
-    EXPECT_EQ(screen("frmLogin"), nullptr);
-}
-
-namespace {
-
-struct Moment {
-    const char *name;
-    milliseconds at;
-};
-struct ProgramEnd : Program, testing::WithParamInterface<Moment> {};
-
-} // namespace
 
 // A mute modem on COM 2: its initialisation takes minutes.
-TEST_P(ProgramEnd, ComesAtOnceWhereverItIs)
+TEST(Program, EndsAtOnceInLoginSplashAndInitialisation)
 {
-    settings.values[QStringLiteral("lastcomport")] = QStringLiteral("2");
-    logInAfter(1000ms);
-    clock.after(GetParam().at, [&] { lukora.close(); });
-    EXPECT_FALSE(lukora.start());
-    EXPECT_LT(clock.elapsed(), GetParam().at + 3000ms);
-    EXPECT_FALSE(serial.isOpen());
+    for (const auto &[moment, saved] :
+         {std::pair{500ms, 0}, std::pair{2000ms, 0}, std::pair{9000ms, 12}}) {
+        Program run;
+        run.settings.values[u"lastcomport"_qs] = u"2"_qs;
+        run.logInAfter(1000ms);
+        run.clock.after(moment, [&] { run.lukora.close(); });
+        EXPECT_FALSE(run.lukora.start());
+        EXPECT_LT(run.clock.elapsed(), moment + 3000ms);
+        EXPECT_FALSE(run.serial.isOpen());
+        EXPECT_EQ(run.settings.saved.size(), saved);
+    }
 }
-INSTANTIATE_TEST_SUITE_P(Moments, ProgramEnd,
-                         testing::Values(Moment{"login", 500ms}, Moment{"splash", 2000ms},
-                                         Moment{"initialisation", 9000ms}),
-                         [](const auto &tested) { return std::string(tested.param.name); });

@@ -1,24 +1,10 @@
+#include "app/LanguagePositions.h"
 #include "app/SecurityLevels.h"
 #include "app/Shell.h"
 
-#include <QMenu>
-
 #include <gtest/gtest.h>
 
-#include <vector>
-
 namespace {
-
-struct Control {
-    const char *name;
-    bool visible;
-};
-struct Case {
-    const char *name;
-    const char *level;
-    std::vector<Control> controls;
-};
-struct Levels : testing::TestWithParam<Case> {};
 
 bool isShown(Shell &shell, const QString &name)
 {
@@ -34,80 +20,56 @@ bool isShown(Shell &shell, const QString &name)
 
 } // namespace
 
-TEST_P(Levels, DecideWhatTheScreenShows)
+// The language table is the chief operator's, whatever the level.
+TEST(Levels, DecideWhatTheScreenShows)
 {
-    Shell shell;
-    shell.module.SecurityLevel = QString::fromUtf8(GetParam().level);
-    shell.load();
-    for (const Control &control : GetParam().controls) {
-        EXPECT_EQ(isShown(shell, QString::fromUtf8(control.name)), control.visible) << control.name;
+    const struct {
+        QString level;
+        QString shown;
+        QString hidden;
+        QString user = u"Hovedoperatøren"_qs;
+    } kLevels[] = {
+        {u"7"_qs, u"mnuDatafrmKeyOppsett mnuFileDatabase mnuSMSSendingsbekreftelse SMSTXTLBL"_qs,
+         u"CommandSendSMS CmdSMSDoor mnuDatafrmKey mnuSpråk SMSIDLBL SMSRectxt_3"_qs},
+        {u"6"_qs, u"CmdSMSDoor mnuDatafrmPassWords mnuSpråk SMSRectxt_0"_qs,
+         u"mnuSpråkLanguage"_qs},
+        {u"5"_qs, u"mnuDatafrmKeyOppsett mnuSMSSendingsbekreftelse"_qs, u"mnuDatafrmPassWords"_qs},
+        {u"4"_qs, u"mnuDatafrmPassWords mnuFilePrintKEY mnuFileCompactDatabase mnuSpråkLanguage"_qs,
+         u"mnuDatafrmKeyOppsett mnuSMSSendingsbekreftelse mnuFilePrintLogg"_qs,
+         u"HOVEDOPERATØR"_qs},
+        {u"3"_qs, u"mnuDatafrmKey"_qs, u"mnuFileDatabase UpDown2 SMSTXTLBL lblInnkommendeSMS"_qs},
+        {u"6 "_qs, {}, u"CommandSendSMS"_qs},
+        {u"66"_qs, {}, u"mnuComPort"_qs},
+        {{}, {}, u"lblInnkommendeSMS"_qs},
+    };
+    for (const auto &[level, shown, hidden, user] : kLevels) {
+        SCOPED_TRACE(level.toStdString());
+        Shell shell;
+        shell.module.SecurityLevel = level;
+        shell.module.LoginUser = user;
+        shell.load();
+        for (const QString &name : shown.split(u' ', Qt::SkipEmptyParts)) {
+            EXPECT_TRUE(isShown(shell, name)) << name.toStdString();
+        }
+        for (const QString &name : hidden.split(u' ', Qt::SkipEmptyParts)) {
+            EXPECT_FALSE(isShown(shell, name)) << name.toStdString();
+        }
     }
 }
-INSTANTIATE_TEST_SUITE_P(
-    Logins, Levels,
-    testing::Values(Case{"sevenSeesMostDoorsAndMayLeast",
-                         "7",
-                         {{"CommandSendSMS", false},
-                          {"CmdSMSDoor", false},
-                          {"mnuDatafrmKey", false},
-                          {"mnuDatafrmKeyOppsett", true},
-                          {"mnuSpråk", false},
-                          {"mnuFileDatabase", true},
-                          {"mnuSMSSendingsbekreftelse", true},
-                          {"SMSTXTLBL", true},
-                          {"SMSIDLBL", false},
-                          {"SMSRectxt_3", false}}},
-                    Case{"sixMayAll",
-                         "6",
-                         {{"CmdSMSDoor", true},
-                          {"mnuDatafrmPassWords", true},
-                          {"mnuSpråk", true},
-                          {"SMSRectxt_0", true}}},
-                    Case{"fiveManagesNoLogins",
-                         "5",
-                         {{"mnuDatafrmPassWords", false},
-                          {"mnuDatafrmKeyOppsett", true},
-                          {"mnuSMSSendingsbekreftelse", true}}},
-                    Case{"fourManagesLoginsButNoDoors",
-                         "4",
-                         {{"mnuDatafrmPassWords", true},
-                          {"mnuDatafrmKeyOppsett", false},
-                          {"mnuSMSSendingsbekreftelse", false},
-                          {"mnuFilePrintLogg", false},
-                          {"mnuFilePrintKEY", true},
-                          {"mnuFileCompactDatabase", true}}},
-                    Case{"threeIsAmongTheOthers",
-                         "3",
-                         {{"mnuFileDatabase", false},
-                          {"UpDown2", false},
-                          {"SMSTXTLBL", false},
-                          {"lblInnkommendeSMS", false},
-                          {"mnuDatafrmKey", true}}},
-                    Case{"blankBehindTheDigitIsAnotherLevel", "6 ", {{"CommandSendSMS", false}}},
-                    Case{"twoDigitsAreAnotherLevel", "66", {{"mnuComPort", false}}},
-                    Case{"noLevel", "", {{"lblInnkommendeSMS", false}}}),
-    [](const auto &tested) { return std::string(tested.param.name); });
 
 // A control that was renamed would slip through in silence.
-TEST(LevelTable, NamesOnlyControlsThatExist)
+TEST(Levels, AndLanguageNameOnlyControlsThatExist)
 {
     Shell shell;
     shell.load();
+    const auto exists = [&](QStringView name) {
+        EXPECT_TRUE(shell.screen->findChild<QObject *>(name.toString()))
+            << qPrintable(name.toString());
+    };
     for (const LevelRule &rule : levelRules()) {
-        EXPECT_TRUE(shell.screen->findChild<QObject *>(rule.control.toString()))
-            << rule.control.toString().toStdString();
+        exists(rule.control);
     }
-}
-
-TEST(LevelTable, LeavesTheLanguageTableToTheChiefOperator)
-{
-    Shell chief;
-    chief.module.LoginUser = QStringLiteral("HOVEDOPERATØR");
-    chief.load();
-    EXPECT_TRUE(chief.entry("mnuSpråkLanguage").isVisible());
-
-    Shell other;
-    other.module.LoginUser = QStringLiteral("Hovedoperatøren");
-    other.load();
-    EXPECT_FALSE(other.entry("mnuSpråkLanguage").isVisible());
+    for (const CaptionPosition &caption : captionPositions()) {
+        exists(caption.control);
+    }
 }

@@ -1,129 +1,97 @@
 #include "app/DoorHours.h"
 #include "app/Shell.h"
 #include "app/StoredSettings.h"
-#include "data/Connection.h"
 #include "platform/RuntimeFailure.h"
 
 #include <QComboBox>
 #include <QFile>
-#include <QMenu>
 
 #include <gtest/gtest.h>
 
 TEST(Load, WithEmptySettingsGivesNorwegianDoorOneAndNoLine)
 {
     Shell shell;
-    shell.load();
-    EXPECT_EQ(shell.module.KeySelect, QStringLiteral("1"));
-    EXPECT_EQ(shell.module.CountryCode, QStringLiteral("47"));
-    EXPECT_EQ(shell.module.ActiveComPort, 0);
-    EXPECT_FALSE(shell.module.SmsReportOn);
+    shell.module.LogoCountryCode = u"45"_qs; // stored, and for the splash only
+    shell.loadAndShow();
+    EXPECT_EQ(shell.module.KeySelect, u"1");
+    EXPECT_EQ(shell.module.CountryCode, u"47");
+    EXPECT_EQ(shell.module.LogoCountryCode, u"47");
     EXPECT_TRUE(shell.entry("mnuSMSSendingsbekreftelseAv").isChecked());
     EXPECT_TRUE(shell.entry("mnuComPortComNone").isChecked());
-    EXPECT_EQ(shell.find<QLineEdit>("txtHostName").text(), QStringLiteral("127.0.0.1"));
-    EXPECT_EQ(shell.find<QLineEdit>("txtPort").text(), QStringLiteral("23"));
+    EXPECT_EQ(shell.find<QLineEdit>("txtHostName").text(), u"127.0.0.1");
+    EXPECT_EQ(shell.find<QLineEdit>("txtPort").text(), u"23");
     EXPECT_EQ(shell.find<QComboBox>("TilTid").count(), 25);
-    EXPECT_EQ(shell.find<QComboBox>("TilTid").currentText(), QStringLiteral("24"));
+    EXPECT_EQ(shell.find<QComboBox>("TilTid").currentText(), u"24");
     EXPECT_TRUE(shell.serial.device.isEmpty());
-}
-
-// The stored default is smaller than the content, so its own minimum wins.
-TEST(Load, NeverMakesTheWindowSmallerThanItsContent)
-{
-    Shell shell;
-    shell.loadAndShow();
-    EXPECT_GE(shell.screen->width(), shell.screen->minimumSizeHint().width());
-    EXPECT_GE(shell.screen->height(), shell.screen->minimumSizeHint().height());
-}
-
-TEST(Load, LetsTheLanguageTakeOverTheLogo)
-{
-    Shell shell;
-    shell.settings.values[QStringLiteral("countrycode")] = QStringLiteral("46");
-    shell.module.LogoCountryCode = QStringLiteral("45");
-    shell.load();
-    EXPECT_EQ(shell.module.LogoCountryCode, QStringLiteral("46"));
+    // The stored default is smaller than the content, so its own minimum wins.
+    const QSize content = shell.screen->minimumSizeHint();
+    EXPECT_EQ(shell.screen->size().expandedTo(content), shell.screen->size());
 }
 
 TEST(Load, OpensPortSevenAndLeavesTheTickOff)
 {
     Shell shell;
     shell.language({});
-    shell.settings.values[QStringLiteral("lastcomport")] = QStringLiteral("7");
-    answerLikeAModem(shell.serial);
+    shell.modemOn(u"7"_qs);
     shell.load();
-    EXPECT_EQ(shell.serial.device, QStringLiteral("COM7"));
-    EXPECT_TRUE(shell.module.ModemReady);
-    EXPECT_EQ(shell.modem(QStringLiteral("ModemOwner")), shell.host.computer);
+    EXPECT_EQ(shell.serial.device, u"COM7");
+    EXPECT_EQ(shell.modem(u"ModemOwner"_qs), shell.host.computer);
     EXPECT_EQ(shell.module.OtherComPort, 7);
-    EXPECT_EQ(shell.entry("mnuComPortComOther").text(), QStringLiteral("com7"));
+    EXPECT_EQ(shell.entry("mnuComPortComOther").text(), u"com7");
     EXPECT_FALSE(shell.entry("mnuComPortComOther").isChecked());
     EXPECT_TRUE(shell.screen->modemLink().TimerCom->isEnabled());
-    EXPECT_EQ(shell.find<QLabel>("sbStatusBar_1").text(),
-              QStringLiteral("Eksempel Eksempel på COM7"));
+    EXPECT_EQ(shell.find<QLabel>("sbStatusBar_1").text(), u"Eksempel Eksempel på COM7");
 }
 
 TEST(Load, AsksForTheNetworkModemBeforeTheScreenShows)
 {
     Shell shell;
     shell.language({});
-    shell.settings.values[QStringLiteral("lastcomport")] = QStringLiteral("255");
-    shell.settings.values[QStringLiteral("hostname")] = QStringLiteral("modem.example");
-    shell.person.answers(QStringLiteral("modem.example Port 23"), Answer::Cancel);
+    shell.settings.values[u"lastcomport"_qs] = u"255"_qs;
+    shell.settings.values[u"hostname"_qs] = u"modem.example"_qs;
+    shell.person.answers(u"modem.example Port 23"_qs, Answer::Cancel);
     shell.load();
-    EXPECT_FALSE(shell.screen->isVisible());
     EXPECT_EQ(shell.socket.host, QString());
     EXPECT_TRUE(shell.entry("mnuComPortWinsock").isChecked());
     // Meant so: 255 is greater than 4 like any other port.
-    EXPECT_EQ(shell.entry("mnuComPortComOther").text(), QStringLiteral("com255"));
+    EXPECT_EQ(shell.entry("mnuComPortComOther").text(), u"com255");
 }
 
-namespace {
-
-struct Garbage {
-    const char *name;
-    const char *key;
-    const char *value;
-};
-struct LoadGarbage : testing::TestWithParam<Garbage> {};
-
-} // namespace
-
-TEST_P(LoadGarbage, IsShownAndStopsTheLoadThere)
+TEST(Load, ShowsASettingThatCannotBeAndStopsThere)
 {
-    Shell shell;
-    shell.language({QStringLiteral("Filer")});
-    shell.settings.values[QString::fromLatin1(GetParam().key)] =
-        QString::fromUtf8(GetParam().value);
-    shell.person.answers({});
-    shell.loadAndShow();
-    EXPECT_EQ(shell.person.texts.size(), 1);
-    EXPECT_TRUE(shell.screen->isVisible());
-    // Neither the modem nor the language has had its turn.
-    EXPECT_FALSE(shell.entry("mnuComPortComNone").isChecked());
-    EXPECT_EQ(shell.find<QMenu>("mnuFile").title(), QStringLiteral("&File"));
+    const QString kNoNumber = u"Teksten er ikke et tall"_qs;
+    for (const auto &[key, value, words] :
+         {std::tuple{u"mainleft"_qs, u"langt til høyre"_qs, kNoNumber},
+          {u"mainheight"_qs, u"inf"_qs, kNoNumber},
+          {u"mainwidth"_qs, {}, kNoNumber},
+          {u"lastcomport"_qs, u"256"_qs, u"Tallet er for stort"_qs},
+          {u"lastcomport"_qs, u"COM3"_qs, kNoNumber},
+          {u"lastcomport"_qs, u"2"_qs, u"No such port"_qs},
+          {u"smsreport"_qs, u"kanskje"_qs, kNoNumber}}) {
+        SCOPED_TRACE(value.toStdString());
+        Shell shell;
+        shell.language({u"Filer"_qs});
+        shell.serial.unplug();
+        shell.settings.values[key] = value;
+        shell.person.answers(words);
+        shell.loadAndShow();
+        EXPECT_TRUE(shell.screen->isVisible());
+        // Neither the modem nor the language has had its turn.
+        EXPECT_FALSE(shell.entry("mnuComPortComNone").isChecked());
+        EXPECT_FALSE(shell.module.ModemReady);
+        EXPECT_EQ(shell.menu("mnuFile"), u"&File");
+    }
 }
-INSTANTIATE_TEST_SUITE_P(Settings, LoadGarbage,
-                         testing::Values(Garbage{"letters", "mainleft", "langt til høyre"},
-                                         Garbage{"infinity", "mainheight", "inf"},
-                                         Garbage{"empty", "mainwidth", ""},
-                                         Garbage{"portBeyondAByte", "lastcomport", "256"},
-                                         Garbage{"portInWords", "lastcomport", "COM3"},
-                                         Garbage{"neitherTrueNorFalse", "smsreport", "kanskje"}),
-                         [](const auto &tested) { return std::string(tested.param.name); });
 
-TEST(LoadSettings, TakesHugeNumbersForTheEdgeOfTheScreen)
+TEST(Load, TakesHugeNumbersForTheEdgeOfTheScreen)
 {
     MemorySettings settings;
-    settings.values[QStringLiteral("mainleft")] = QStringLiteral("1e300");
-    settings.values[QStringLiteral("maintop")] = QStringLiteral("-1.5E+30");
-    const QRect window = storedWindow(settings);
-    EXPECT_EQ(window.left(), 32767);
-    EXPECT_EQ(window.top(), -32767);
-    EXPECT_EQ(window.size(), QSize(433, 433));
+    settings.values[u"mainleft"_qs] = u"1e300"_qs;
+    settings.values[u"maintop"_qs] = u"-1.5E+30"_qs;
+    EXPECT_EQ(storedWindow(settings), QRect(32767, -32767, 433, 433));
 }
 
-TEST(Load, WithoutTheDatabaseSaysSoAndComesUp)
+TEST(Load, WithoutTheDatabaseSaysSoComesUpAndSavesWhenItCloses)
 {
     Shell shell;
     shell.module.DatabaseConnection.reset();
@@ -135,34 +103,19 @@ TEST(Load, WithoutTheDatabaseSaysSoAndComesUp)
     shell.load();
     EXPECT_TRUE(shell.entry("mnuComPortComNone").isChecked());
     EXPECT_EQ(shell.module.GridFilter, QString());
-}
-
-TEST(Load, WithAPortThatIsGoneStopsThere)
-{
-    Shell shell;
-    shell.language({QStringLiteral("Filer")});
-    shell.settings.values[QStringLiteral("lastcomport")] = QStringLiteral("2");
-    shell.serial.unplug();
-    shell.person.answers({});
-    shell.load();
-    EXPECT_EQ(shell.find<QMenu>("mnuFile").title(), QStringLiteral("&File"));
-    EXPECT_FALSE(shell.module.ModemReady);
+    shell.person.answers({}); // OpenRecordsets, in the unload
+    shell.screen->unload();
+    EXPECT_EQ(shell.settings.saved.size(), 12);
 }
 
 TEST(DoorHoursLookup, TakesTheDoorsHoursAndItsOwnForAnUnknownDoor)
 {
     TestDatabase database;
-    database.add(QStringLiteral("KEYTable"),
-                 QStringLiteral("KeyNummer,TimeInStart,TimeInStop,TimeOutStart,TimeOutStop"),
-                 {QStringLiteral("+47DOR"), QStringLiteral("08"), QStringLiteral("16"),
-                  QStringLiteral("00"), QStringLiteral("24")});
-    database.add(QStringLiteral("KEYTable"), QStringLiteral("KeyNummer,TimeInStart"),
-                 {QStringLiteral("+4790000002"), QStringLiteral("åtte")});
-    EXPECT_EQ(
-        doorHours(database.open(), QStringLiteral(" +47dor ")),
-        (DoorHours{.TimeInStart = 8, .TimeInStop = 16, .TimeOutStart = 0, .TimeOutStop = 24}));
-    EXPECT_EQ(
-        doorHours(database.open(), QStringLiteral("+4790000009")),
-        (DoorHours{.TimeInStart = 9, .TimeInStop = 22, .TimeOutStart = 18, .TimeOutStop = 22}));
-    EXPECT_THROW(doorHours(database.open(), QStringLiteral("+4790000002")), RuntimeFailure);
+    const QString columns = u"KeyNummer,TimeInStart,TimeInStop,TimeOutStart,TimeOutStop"_qs;
+    database.add(u"KEYTable"_qs, columns, {u"+47DOR"_qs, u"08"_qs, u"16"_qs, u"00"_qs, u"24"_qs});
+    database.add(u"KEYTable"_qs, columns,
+                 {u"+4790000002"_qs, u"åtte"_qs, u"16"_qs, u"00"_qs, u"24"_qs});
+    EXPECT_EQ(doorHours(database.open(), u" +47dor "_qs), (DoorHours{8, 16, 0, 24}));
+    EXPECT_EQ(doorHours(database.open(), u"+4790000009"_qs), (DoorHours{9, 22, 18, 22}));
+    EXPECT_THROW(doorHours(database.open(), u"+4790000002"_qs), RuntimeFailure);
 }

@@ -1,25 +1,17 @@
+#include "app/Shell.h"
 #include "app/frmLogin.h"
-#include "data/Connection.h"
-#include "data/Module1.h"
 #include "platform/RuntimeFailure.h"
-#include "support/Doubles.h"
-#include "support/TestDatabase.h"
 
 #include <QFile>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
 namespace {
 
-const QString kRefusal = QStringLiteral("Invalid Password, try again!");
-
-struct Login : testing::Test {
+struct Login : testing::Test, Desk {
     Login()
     {
-        settings.values[QStringLiteral("dbpath")] = database.path();
         screen.load();
         screen.show();
     }
@@ -33,135 +25,74 @@ struct Login : testing::Test {
         field("txtPassword").setText(password);
         QTest::keyClick(&field("txtPassword"), Qt::Key_Return);
     }
-
-    VirtualClock clock;
-    ScriptedOperator person{clock};
-    MemorySettings settings;
-    FakeHost host;
-    TestDatabase database;
     Module1 module;
     frmLogin screen{module, person, settings, host};
 };
 
 } // namespace
 
-TEST_F(Login, KnowsWhoSitsWhereAndAsksOnlyForThePassword)
+TEST_F(Login, KnowsWhoSitsWhereAsksOnlyForThePasswordAndAdmitsTheNameInAnyCase)
 {
     EXPECT_EQ(field("txtUserName").text(), host.user);
-    EXPECT_EQ(field("txtComputerName").text(), host.computer);
-    QTest::keyClicks(screen.focusWidget(), QStringLiteral("hemmelig"));
-    EXPECT_EQ(field("txtPassword").text(), QStringLiteral("hemmelig"));
-}
-
-TEST_F(Login, AdmitsTheNameInAnyCase)
-{
-    enter(QStringLiteral("HOVEDOPERATØR"), QStringLiteral("hemmelig"));
+    field("txtUserName").setText(u"HOVEDOPERATØR"_qs);
+    QTest::keyClicks(screen.focusWidget(), u"hemmelig"_qs);
+    QTest::keyClick(screen.focusWidget(), Qt::Key_Return);
     EXPECT_TRUE(screen.LoginSucceeded);
     EXPECT_FALSE(screen.isVisible());
-    EXPECT_EQ(module.SecurityLevel, QStringLiteral("6"));
-    EXPECT_EQ(module.LoginUser, QStringLiteral("HOVEDOPERATØR"));
+    EXPECT_EQ(module.SecurityLevel, u"6");
+    EXPECT_EQ(module.LoginUser, u"HOVEDOPERATØR");
     EXPECT_EQ(module.LoginComputer, host.computer);
 }
 
-TEST_F(Login, CancelLeavesWithoutSuccess)
-{
-    QTest::mouseClick(screen.findChild<QPushButton *>(QStringLiteral("cmdCancel")), Qt::LeftButton);
-    EXPECT_FALSE(screen.LoginSucceeded);
-    EXPECT_FALSE(screen.isVisible());
-}
-
-TEST_F(Login, AdmitsAnOperatorWhoWasAddedWhileItStood)
-{
-    person.answers(kRefusal);
-    enter(QStringLiteral("Ny"), QStringLiteral("x"));
-    database.add(QStringLiteral("Passwords"), QStringLiteral("USER_ID,Password,SecurityLevel"),
-                 {QStringLiteral("Ny"), QStringLiteral("x"), QStringLiteral("4")});
-    enter(QStringLiteral("Ny"), QStringLiteral("x"));
-    EXPECT_EQ(module.SecurityLevel, QStringLiteral("4"));
-}
-
-namespace {
-
-struct Refused {
-    const char *name;
-    const char *user;
-    const char *password;
-};
-struct LoginRefusal : Login, testing::WithParamInterface<Refused> {};
-
-} // namespace
-
 // The same words for all, so that the screen gives no hint of what was wrong.
-TEST_P(LoginRefusal, SaysTheSameAndOffersThePasswordForTyping)
+TEST_F(Login, RefusesEveryWrongEntryInTheSameWordsAndThenAdmitsAnOperatorAddedMeanwhile)
 {
-    person.answers(kRefusal);
-    enter(QString::fromUtf8(GetParam().user), QString::fromUtf8(GetParam().password));
-    EXPECT_EQ(person.titles, QStringList{QStringLiteral("Login")});
-    EXPECT_FALSE(screen.LoginSucceeded);
-    EXPECT_TRUE(screen.isVisible());
-    EXPECT_EQ(module.SecurityLevel, QString());
-    EXPECT_EQ(field("txtPassword").selectedText(), field("txtPassword").text());
-}
-INSTANTIATE_TEST_SUITE_P(Entries, LoginRefusal,
-                         testing::Values(Refused{"wrongPassword", "Hovedoperatør", "hemmelighet"},
-                                         Refused{"passwordInOtherCase", "Hovedoperatør",
-                                                 "Hemmelig"},
-                                         Refused{"emptyPassword", "Hovedoperatør", ""},
-                                         Refused{"unknownName", "Ingen", "hemmelig"},
-                                         Refused{"quoteInName", "' OR '1'='1", "hemmelig"},
-                                         Refused{"emptyName", "", ""}),
-                         [](const auto &tested) { return std::string(tested.param.name); });
-
-namespace {
-
-struct Unusable {
-    const char *name;
-    void (*spoil)(TestDatabase &database, const QString &path);
-};
-struct LoginDatabase : testing::TestWithParam<Unusable> {};
-
-void write(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(content);
-}
-
-} // namespace
-
-TEST_P(LoginDatabase, ThatCannotBeOpenedIsAFailureWithWords)
-{
-    TestDatabase database;
-    const QString path = database.filePath(QStringLiteral("annen.mdb"));
-    GetParam().spoil(database, path);
-    VirtualClock clock;
-    ScriptedOperator person(clock);
-    MemorySettings settings;
-    settings.values[QStringLiteral("dbpath")] = path;
-    FakeHost host;
-    Module1 module;
-    frmLogin screen(module, person, settings, host);
-    try {
-        screen.load();
-        FAIL() << "opened";
-    } catch (const RuntimeFailure &failure) {
-        EXPECT_FALSE(failure.description().isEmpty());
+    const std::pair<QString, QString> kWrong[] = {
+        {u"Hovedoperatør"_qs, u"hemmelighet"_qs},
+        {u"Hovedoperatør"_qs, u"Hemmelig"_qs},
+        {u"Hovedoperatør"_qs, {}},
+        {u"' OR '1'='1"_qs, u"hemmelig"_qs},
+        {{}, {}},
+        {u"Ny"_qs, u"hemmelig"_qs},
+    };
+    for (const auto &[name, password] : kWrong) {
+        SCOPED_TRACE(name.toStdString() + '/' + password.toStdString());
+        person.answers(u"Invalid Password, try again!"_qs);
+        enter(name, password);
+        EXPECT_EQ(person.titles.takeLast(), u"Login");
+        EXPECT_FALSE(screen.LoginSucceeded);
+        EXPECT_TRUE(screen.isVisible());
+        EXPECT_EQ(module.SecurityLevel, QString());
+        EXPECT_EQ(field("txtPassword").selectedText(), password);
     }
-    EXPECT_EQ(module.TempDatabasePath, database.filePath(QStringLiteral("annenTMP.mdb")));
-    EXPECT_EQ(module.BackupDatabasePath, database.filePath(QStringLiteral("annenBAK.mdb")));
+    database.add(u"Passwords"_qs, u"USER_ID,Password,SecurityLevel"_qs,
+                 {u"Ny"_qs, u"hemmelig"_qs, u"4"_qs});
+    enter(u"Ny"_qs, u"hemmelig"_qs);
+    EXPECT_EQ(module.SecurityLevel, u"4");
 }
-INSTANTIATE_TEST_SUITE_P(
-    Files, LoginDatabase,
-    testing::Values(
-        Unusable{"missing", [](TestDatabase &, const QString &) {}},
-        Unusable{"empty", [](TestDatabase &, const QString &path) { write(path, {}); }},
-        Unusable{"ofAnotherKind",
-                 [](TestDatabase &, const QString &path) { write(path, "Dette er et brev.\n"); }},
-        Unusable{"ofAnotherPassword",
-                 [](TestDatabase &database, const QString &path) {
-                     QFile::copy(database.path(), path);
-                     QFile file(path);
-                     ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-                     file.write(QByteArray(16, 'x')); // the salt that the key is made with
-                 }}),
-    [](const auto &tested) { return std::string(tested.param.name); });
+
+TEST(LoginDatabase, ThatCannotBeOpenedIsAFailureWithWords)
+{
+    Desk desk;
+    const QString path = desk.database.filePath(u"annen.mdb"_qs);
+    desk.settings.values[u"dbpath"_qs] = path;
+    QFile delivered(desk.database.path());
+    ASSERT_TRUE(delivered.open(QIODevice::ReadOnly));
+    // The file begins with the salt that the key is made with.
+    const QByteArray otherPassword = delivered.readAll().replace(0, 16, QByteArray(16, 'x'));
+    for (const QByteArray &content : {QByteArray(), QByteArray("Et brev.\n"), otherPassword}) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+        file.close();
+        Module1 module;
+        frmLogin screen(module, desk.person, desk.settings, desk.host);
+        try {
+            screen.load();
+            ADD_FAILURE() << "opened " << content.left(10).constData();
+        } catch (const RuntimeFailure &failure) {
+            EXPECT_FALSE(failure.description().isEmpty());
+        }
+        EXPECT_EQ(module.TempDatabasePath, desk.database.filePath(u"annenTMP.mdb"_qs));
+        EXPECT_EQ(module.BackupDatabasePath, desk.database.filePath(u"annenBAK.mdb"_qs));
+    }
+}

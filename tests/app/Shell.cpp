@@ -1,6 +1,17 @@
 #include "app/Shell.h"
 
-#include "data/Connection.h"
+void Desk::modemOn(const QString &port)
+{
+    settings.values[u"lastcomport"_qs] = port;
+    serial.onWrite = [this](const QByteArray &bytes) {
+        if (bytes.startsWith("AT+CPMS")) {
+            serial.feed("+CPMS: 0,20,0,20,0,20\r\n");
+        } else if (bytes.startsWith("AT+CGM") || bytes.startsWith("AT+GSN")) {
+            serial.feed("Eksempel\r\n");
+        }
+        serial.feed("OK\r\n");
+    };
+}
 
 Shell::Shell()
 {
@@ -9,45 +20,32 @@ Shell::Shell()
     module.LoginComputer = host.computer;
 }
 
-frmMain &Shell::load()
+void Shell::load()
 {
     screen = std::make_unique<frmMain>(clock, person, settings, host, serial, socket, module);
     screen->load();
-    return *screen;
 }
 
-frmMain &Shell::loadAndShow()
+void Shell::loadAndShow()
 {
     load();
     screen->show();
     clock.run(10ms);
-    return *screen;
 }
 
 void Shell::language(const QStringList &rows)
 {
     Connection &file = database.look();
-    file.run(QStringLiteral("DELETE FROM TBLLanguage"));
+    file.run(u"BEGIN"_qs); // a file's worth of single writes takes seconds
+    file.run(u"DELETE FROM TBLLanguage"_qs);
     for (int row = 0; row < rows.size(); ++row) {
-        file.run(QStringLiteral(
-                     "INSERT INTO TBLLanguage (ID, Norsk, Dansk, Svensk) VALUES (?, ?, ?, ?)"),
-                 {row + 1, rows[row], rows[row], rows[row]});
+        database.add(u"TBLLanguage"_qs, u"ID,Norsk,Dansk,Svensk"_qs,
+                     {row + 1, rows[row], rows[row], rows[row]});
     }
+    file.run(u"COMMIT"_qs);
 }
 
 QString Shell::modem(const QString &column)
 {
-    return database.single(QStringLiteral("SELECT %1 FROM Modem").arg(column));
-}
-
-void answerLikeAModem(FakeSerialPort &serial)
-{
-    serial.onWrite = [&serial](const QByteArray &bytes) {
-        if (bytes.startsWith("AT+CPMS")) {
-            serial.feed("+CPMS: 0,20,0,20,0,20\r\n");
-        } else if (bytes.startsWith("AT+CGM") || bytes.startsWith("AT+GSN")) {
-            serial.feed("Eksempel\r\n");
-        }
-        serial.feed("OK\r\n");
-    };
+    return database.single(u"SELECT %1 FROM Modem"_qs.arg(column));
 }

@@ -1,23 +1,39 @@
 #pragma once
 
 #include "app/frmMain.h"
+#include "data/Connection.h"
 #include "data/Module1.h"
 #include "support/Doubles.h"
 #include "support/FakeLines.h"
 #include "support/TestDatabase.h"
-#include "support/VirtualClock.h"
 
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 
-/// The main screen on a machine of doubles, behind a login of the given level.
-struct Shell {
+/// A machine of doubles, whose settings name a fresh database.
+struct Desk {
+    Desk() { settings.values[u"dbpath"_qs] = database.path(); }
+    /// The port of the settings, with a modem on it that says "OK" to everything.
+    void modemOn(const QString &port);
+
+    VirtualClock clock;
+    ScriptedOperator person{clock};
+    MemorySettings settings;
+    FakeHost host;
+    FakeSerialPort serial;
+    FakeTcpSocket socket{clock};
+    TestDatabase database;
+};
+
+/// The main screen on such a machine, behind a login of level "6".
+struct Shell : Desk {
     Shell();
 
     /// Makes the screen and loads it.
-    frmMain &load();
-    frmMain &loadAndShow();
+    void load();
+    void loadAndShow();
     /// Replaces the rows of TBLLanguage by these; each is one row's text in all three languages.
     void language(const QStringList &rows);
     /// What stands in the Modem row.
@@ -30,17 +46,8 @@ struct Shell {
         return *control;
     }
     QAction &entry(const char *name) { return find<QAction>(name); }
+    QString menu(const char *name) { return find<QMenu>(name).title(); }
 
-    VirtualClock clock;
-    ScriptedOperator person{clock};
-    MemorySettings settings;
-    FakeHost host;
-    FakeSerialPort serial;
-    FakeTcpSocket socket{clock};
-    TestDatabase database;
     Module1 module;
     std::unique_ptr<frmMain> screen;
 };
-
-/// Answers "OK" to every command, and the storage commands with their counts.
-void answerLikeAModem(FakeSerialPort &serial);
