@@ -12,12 +12,18 @@
 
 namespace {
 
-QWidget *openDialogue()
+QWidget *dialogue()
 {
     return QApplication::activeModalWidget();
 }
+QMessageBox *box()
+{
+    return qobject_cast<QMessageBox *>(dialogue());
+}
 
 struct Questions : testing::Test {
+    Answer ask(const QString &text) { return person.messageBox(text, {}, Buttons::OkCancel); }
+
     VirtualClock clock;
     QtOperator person{clock};
 };
@@ -26,96 +32,77 @@ struct Questions : testing::Test {
 
 TEST_F(Questions, TakeTextsAsTheyStand)
 {
-    const QString text = QStringLiteral("\r******\rModem <b>not</b> found!!!");
-    QString seen;
-    clock.after(100ms, [&] {
-        auto *box = qobject_cast<QMessageBox *>(openDialogue());
-        ASSERT_NE(box, nullptr);
-        EXPECT_EQ(box->textFormat(), Qt::PlainText);
-        seen = box->text();
-        QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton);
+    clock.after(100ms, [] {
+        EXPECT_EQ(box()->textFormat(), Qt::PlainText);
+        EXPECT_EQ(box()->text(), u"\n******\nModem <b>not</b> found!!!");
+        box()->button(QMessageBox::Ok)->click();
     });
-    EXPECT_EQ(person.messageBox(text, {}, Buttons::Ok), Answer::Ok);
-    EXPECT_EQ(seen, QStringLiteral("\n******\nModem <b>not</b> found!!!"));
+    EXPECT_EQ(ask(u"\r******\rModem <b>not</b> found!!!"_qs), Answer::Ok);
 }
 
-TEST_F(Questions, CountAClosedBoxAsCancel)
+TEST_F(Questions, FitTheScreenWithAnEndlessWordAndCountAsCancelledWhenClosed)
 {
-    clock.after(100ms, [] { openDialogue()->close(); });
-    EXPECT_EQ(person.messageBox(QStringLiteral("Slette?"), {}, Buttons::OkCancel), Answer::Cancel);
+    clock.after(100ms, [] {
+        EXPECT_LT(dialogue()->width(), 1000);
+        EXPECT_LT(dialogue()->height(), 700);
+        dialogue()->close();
+    });
+    EXPECT_EQ(ask(QString(100'000, u'9')), Answer::Cancel);
 }
 
 TEST_F(Questions, StandOneOverTheOther)
 {
-    Answer inner = Answer::Cancel;
     QStringList order;
     clock.after(100ms, [&] {
-        inner = person.messageBox(QStringLiteral("Indre"), {}, Buttons::OkCancel);
-        order.append(QStringLiteral("indre"));
+        EXPECT_EQ(ask(u"Indre"_qs), Answer::Ok);
+        order.append(u"indre"_qs);
     });
     const auto answer = [] {
-        auto *box = qobject_cast<QMessageBox *>(openDialogue());
-        const auto button = box->text() == u"Indre" ? QMessageBox::Ok : QMessageBox::Cancel;
-        QTest::mouseClick(box->button(button), Qt::LeftButton);
+        box()->button(box()->text() == u"Indre" ? QMessageBox::Ok : QMessageBox::Cancel)->click();
     };
     clock.after(200ms, answer);
     clock.after(300ms, answer);
-    EXPECT_EQ(person.messageBox(QStringLiteral("Ytre"), {}, Buttons::OkCancel), Answer::Cancel);
-    order.append(QStringLiteral("ytre"));
-    EXPECT_EQ(inner, Answer::Ok);
-    EXPECT_EQ(order, (QStringList{QStringLiteral("indre"), QStringLiteral("ytre")}));
+    EXPECT_EQ(ask(u"Ytre"_qs), Answer::Cancel);
+    order.append(u"ytre"_qs);
+    EXPECT_EQ(order, (QStringList{u"indre"_qs, u"ytre"_qs}));
 }
 
 TEST_F(Questions, VanishWhenTheProgramEnds)
 {
-    clock.after(100ms, [&] {
-        try {
-            person.messageBox(QStringLiteral("Indre"), {}, Buttons::Ok);
-            ADD_FAILURE() << "answered";
-        } catch (const ProgramEnds &) {
-        }
-    });
+    clock.after(100ms, [&] { EXPECT_THROW(ask(u"Indre"_qs), ProgramEnds); });
     clock.after(200ms, [&] { clock.end(); });
-    EXPECT_THROW(person.inputBox(QStringLiteral("Ytre"), {}, {}), ProgramEnds);
-    EXPECT_EQ(openDialogue(), nullptr);
+    EXPECT_THROW(person.inputBox(u"Ytre"_qs, {}, {}), ProgramEnds);
+    EXPECT_EQ(dialogue(), nullptr);
 }
 
-TEST_F(Questions, TellNoEmptyInputFromACancelledOne)
+TEST_F(Questions, OfferThePresetForTypingAndGiveNothingWhenCancelled)
 {
     clock.after(100ms, [] {
-        auto *field = openDialogue()->findChild<QLineEdit *>();
-        EXPECT_EQ(field->selectedText(), QStringLiteral("5"));
-        QTest::keyClicks(field, QStringLiteral("12"));
+        auto *field = dialogue()->findChild<QLineEdit *>();
+        EXPECT_EQ(field->selectedText(), u"5");
+        QTest::keyClicks(field, u"12"_qs);
         QTest::keyClick(field, Qt::Key_Return);
     });
-    EXPECT_EQ(
-        person.inputBox(QStringLiteral("Velg"), QStringLiteral("Com Port"), QStringLiteral("5")),
-        QStringLiteral("12"));
-    clock.after(100ms, [] { QTest::keyClick(openDialogue(), Qt::Key_Escape); });
-    EXPECT_EQ(person.inputBox(QStringLiteral("Velg"), {}, QStringLiteral("5")), QString());
-}
-
-TEST_F(Questions, FitTheScreenWithAnEndlessWord)
-{
-    clock.after(100ms, [] {
-        EXPECT_LT(openDialogue()->width(), 1000);
-        EXPECT_LT(openDialogue()->height(), 700);
-        openDialogue()->close();
-    });
-    person.messageBox(QString(100'000, u'9'), {}, Buttons::Ok);
+    EXPECT_EQ(person.inputBox(u"Velg"_qs, u"Com Port"_qs, u"5"_qs), u"12");
+    clock.after(100ms, [] { QTest::keyClick(dialogue(), Qt::Key_Escape); });
+    EXPECT_EQ(person.inputBox(u"Velg"_qs, {}, u"5"_qs), QString());
 }
 
 TEST_F(Questions, SpeakTheLanguageOfTheCountry)
 {
-    for (const auto &[code, caption] : {std::pair{u"45", u"Annuller"}, std::pair{u"46", u"Avbryt"},
-                                        std::pair{u"99", u"Avbryt"}}) {
-        person.setLanguage(QString::fromUtf16(code));
+
+    for (const auto &[code, cancel, failure] :
+         {std::tuple{u"45"_qs, u"Annuller"_qs, u"Teksten er ikke et tal"_qs},
+          {u"46"_qs, u"Avbryt"_qs, u"Texten är inget tal"_qs},
+          {u"99"_qs, u"Avbryt"_qs, u"Teksten er ikke et tall"_qs}}) {
+        person.setLanguage(code);
+        EXPECT_EQ(QCoreApplication::translate("Text", "Teksten er ikke et tall"), failure);
         QString seen;
         clock.after(100ms, [&] {
-            seen = qobject_cast<QMessageBox *>(openDialogue())->button(QMessageBox::Cancel)->text();
-            openDialogue()->close();
+            seen = box()->button(QMessageBox::Cancel)->text();
+            dialogue()->close();
         });
-        person.messageBox(QStringLiteral("?"), {}, Buttons::OkCancel);
-        EXPECT_EQ(seen, QString::fromUtf16(caption));
+        ask(u"?"_qs);
+        EXPECT_EQ(seen, cancel);
     }
 }
