@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/TelnetFilter.h"
 #include "platform/Clock.h"
+#include "platform/TelnetFilter.h"
 
 #include <QString>
 
