@@ -1,7 +1,5 @@
 #include "app/SecurityLevels.h"
 
-#include <iterator>
-
 namespace {
 
 constexpr auto no = LevelRule::Hidden;

@@ -25,7 +25,6 @@
 namespace {
 
 constexpr milliseconds kTimerCom = 1000ms;
-constexpr quint8 kLastPortInMenu = 4;
 constexpr int kLinesOfReceived = 16;
 constexpr int kUsersWidth = 620;
 constexpr int kModemWidth = 310;

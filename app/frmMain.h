@@ -8,6 +8,7 @@
 
 #include <QMainWindow>
 
+#include <array>
 #include <memory>
 
 class DoorPanel;
@@ -82,6 +83,7 @@ private:
     // frmMainView.cpp: what the recordsets and the modem side show
     void display();
     QString portWord() const;
+    std::array<QAction *, 7> portMenu() const;
     void setPanel(int number, const QString &text) override;
     void appendStatusBox(const QString &text) override;
     void setTerminal(const QString &text) override;
@@ -92,6 +94,8 @@ private:
     QString port() const override;
     void setHostName(const QString &text) override;
     void setPort(const QString &text) override;
+
+    static constexpr quint8 kLastPortInMenu = 4; ///< COM ports with an entry of their own
 
     Clock &clock_;
     Operator &operator_;

@@ -46,10 +46,8 @@ void frmMain::wireMenus()
 
 void frmMain::wirePortMenu()
 {
-    QAction *const ports[] = {ui_->mnuComPortComNone, ui_->mnuComPortCom1, ui_->mnuComPortCom2,
-                              ui_->mnuComPortCom3, ui_->mnuComPortCom4};
-    for (int port = 0; port < static_cast<int>(std::size(ports)); ++port) {
-        onClick(ports[port], this, [this, port] { link_.selection.mnuComPortCom(port); });
+    for (int port = 0; port <= kLastPortInMenu; ++port) {
+        onClick(portMenu()[port], this, [this, port] { link_.selection.mnuComPortCom(port); });
     }
     onClick(ui_->mnuComPortComOther, this, [this] { link_.selection.mnuComPortComOther(); });
     onClick(ui_->mnuComPortWinsock, this, [this] { link_.selection.mnuComPortWinsock(); });

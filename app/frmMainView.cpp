@@ -19,16 +19,21 @@ void frmMain::display()
     setPanel(1, modemPanelText(module_, modem, portWord(), hostName()));
 }
 
+/// In the order of PortMenuEntry.
+std::array<QAction *, 7> frmMain::portMenu() const
+{
+    return {ui_->mnuComPortComNone, ui_->mnuComPortCom1, ui_->mnuComPortCom2,
+            ui_->mnuComPortCom3,    ui_->mnuComPortCom4, ui_->mnuComPortComOther,
+            ui_->mnuComPortWinsock};
+}
+
 /// What the port menu calls the line.
 QString frmMain::portWord() const
 {
-    const QAction *const entries[] = {ui_->mnuComPortComNone, ui_->mnuComPortCom1,
-                                      ui_->mnuComPortCom2, ui_->mnuComPortCom3,
-                                      ui_->mnuComPortCom4};
     const quint8 port = module_.ActiveComPort;
-    const QAction *entry = port == kNetworkModem       ? ui_->mnuComPortWinsock
-                           : port < std::size(entries) ? entries[port]
-                                                       : ui_->mnuComPortComOther;
+    const QAction *entry = port == kNetworkModem     ? ui_->mnuComPortWinsock
+                           : port <= kLastPortInMenu ? portMenu()[port]
+                                                     : ui_->mnuComPortComOther;
     return entry->text().remove(u'&');
 }
 
@@ -58,17 +63,9 @@ void frmMain::showNetworkControls(const NetworkControls &controls)
 
 void frmMain::tickPort(PortMenuEntry entry)
 {
-    const std::pair<PortMenuEntry, QAction *> entries[] = {
-        {PortMenuEntry::ComNone, ui_->mnuComPortComNone},
-        {PortMenuEntry::Com1, ui_->mnuComPortCom1},
-        {PortMenuEntry::Com2, ui_->mnuComPortCom2},
-        {PortMenuEntry::Com3, ui_->mnuComPortCom3},
-        {PortMenuEntry::Com4, ui_->mnuComPortCom4},
-        {PortMenuEntry::ComOther, ui_->mnuComPortComOther},
-        {PortMenuEntry::Winsock, ui_->mnuComPortWinsock},
-    };
-    for (const auto &[meant, action] : entries) {
-        action->setChecked(meant == entry);
+    const auto entries = portMenu();
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        entries[i]->setChecked(i == static_cast<std::size_t>(entry));
     }
 }
 
