@@ -10,6 +10,7 @@ TEST(Unload, SavesAllTwelveInOrderAndComesUpWhereItWasLeft)
     shell.modemOn(u"3"_qs);
     shell.loadAndShow();
     ASSERT_TRUE(shell.module.ModemReady);
+    EXPECT_TRUE(shell.entry("mnuComPortCom3").isChecked());
     shell.screen->move(40, 20);
     shell.screen->resize(1300, 900);
     shell.module.KeySelect = u"+4790000001"_qs;
