@@ -1,18 +1,9 @@
-#include "data/Connection.h"
-
 #include "data/Criteria.h"
+#include "data/DataTest.h"
 #include "data/DatabasePaths.h"
 #include "data/FileUse.h"
-#include "platform/RuntimeFailure.h"
-#include "support/TestDatabase.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <QFile>
 #include <QProcess>
-
-using testing::HasSubstr;
 
 namespace {
 
@@ -37,49 +28,48 @@ QString sqlcipherSays(const QString &path, const QString &sql, const QString &pa
     return QString::fromUtf8(program.readAllStandardOutput() + program.readAllStandardError());
 }
 
-class ConnectionTest : public testing::Test {
-protected:
-    std::string openingOf(const QByteArray &content)
-    {
-        const QString path = database.filePath(u"annen.mdb"_qs);
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
-        file.close();
-        return failureOf([&] {
-            Connection::open(connectionString(path))->single(u"SELECT 1 FROM Passwords"_qs);
-        });
-    }
-    TestDatabase database;
+using ConnectionTest = DataTest;
+
+struct BadFile {
+    const char *name;
+    std::optional<QByteArray> content;
+    const char *words;
 };
 
-TEST_F(ConnectionTest, MissingFileIsNamedAndNotMade)
+class BadFiles : public DataTest, public testing::WithParamInterface<BadFile> {};
+
+TEST_P(BadFiles, AreRefusedInWords)
 {
-    const QString path = database.filePath(u"borte.mdb"_qs);
-    EXPECT_THAT(failureOf([&] { Connection::open(connectionString(path)); }),
-                HasSubstr("Finner ikke databasefilen"));
-    EXPECT_FALSE(QFile::exists(path));
-    EXPECT_THAT(failureOf([&] { Connection::open(connectionString(database.filePath({}))); }),
-                HasSubstr("Finner ikke"));
-    EXPECT_THAT(failureOf([] { Connection::open(connectionString({})); }),
-                HasSubstr("Finner ikke"));
+    const QString path = database.filePath(u"annen.mdb"_qs);
+    if (GetParam().content) {
+        write(path, *GetParam().content);
+    }
+    EXPECT_THAT(failureOf([&] {
+                    Connection::open(connectionString(path))->single(u"SELECT 1 FROM Passwords"_qs);
+                }),
+                HasSubstr(GetParam().words));
+    EXPECT_EQ(QFile::exists(path), GetParam().content.has_value());
 }
 
-TEST_F(ConnectionTest, ForeignFilesAreRefusedInWords)
-{
-    EXPECT_THAT(openingOf("Kjære leser, dette er et brev. " + QByteArray(5000, 'x')),
-                HasSubstr("ikke en database"));
-    EXPECT_THAT(openingOf("SQLite format 3\0" + QByteArray(8192, '\0')),
-                HasSubstr("ikke en database"));
-    EXPECT_THAT(openingOf({}), HasSubstr("no such table"));
-}
+INSTANTIATE_TEST_SUITE_P(
+    Contents, BadFiles,
+    testing::Values(BadFile{"Missing", {}, "Finner ikke databasefilen"},
+                    BadFile{"Letter", "Kjære leser" + QByteArray(5000, 'x'), "ikke en database"},
+                    BadFile{"Header", "SQLite format 3" + QByteArray(8192, '\0'),
+                            "ikke en database"},
+                    BadFile{"Empty", QByteArray(), "no such table"}),
+    caseName);
 
-TEST_F(ConnectionTest, AnotherPasswordIsRefused)
+TEST_F(ConnectionTest, FolderAndAnotherPasswordAreRefused)
 {
-    QString string = connectionString(database.path());
-    string.replace(u"kaLmir"_qs, u"KALMIR"_qs);
-    EXPECT_THAT(failureOf([&] { Connection::open(string); }), HasSubstr("annet passord"));
-    EXPECT_THAT(failureOf([&] { Connection::open(chosenString(database.path())); }),
-                HasSubstr("annet passord"));
+    const QString path = database.path();
+    QString string = connectionString(path);
+    for (const auto &[text, words] : {std::pair(connectionString({}), "Finner ikke"),
+                                      {connectionString(database.filePath({})), "Finner ikke"},
+                                      {string.replace(u"kaLmir"_qs, u"KALMIR"_qs), "annet passord"},
+                                      {chosenString(path), "annet passord"}}) {
+        EXPECT_THAT(failureOf([&, given = text] { Connection::open(given); }), HasSubstr(words));
+    }
 }
 
 TEST_F(ConnectionTest, FileHeldAloneByAnotherIsRefusedUntilItIsReleased)
@@ -102,17 +92,14 @@ TEST_F(ConnectionTest, LockedFileIsNamedSo)
 
 TEST_F(ConnectionTest, FailedWorkLeavesNothingBehind)
 {
-    Connection &connection = database.look();
-    EXPECT_THROW(connection.transaction([&] {
-        connection.run(u"DELETE FROM Passwords"_qs);
-        connection.transaction([&] { connection.run(u"DELETE FROM TBLLanguage"_qs); });
+    EXPECT_THROW(database.look().transaction([&] {
+        run(u"DELETE FROM Passwords"_qs);
+        database.look().transaction([&] { run(u"DELETE FROM TBLLanguage"_qs); });
         throw RuntimeFailure(u"halvveis"_qs);
     }),
                  RuntimeFailure);
     EXPECT_EQ(database.single(u"SELECT count(*) FROM Passwords"_qs), u"1");
     EXPECT_NE(database.single(u"SELECT count(*) FROM TBLLanguage"_qs), u"0");
-    connection.transaction([&] { connection.run(u"DELETE FROM Passwords"_qs); });
-    EXPECT_EQ(database.open()->single(u"SELECT count(*) FROM Passwords"_qs).toInt(), 0);
 }
 
 TEST_F(ConnectionTest, ReaderMayRunTheSameStatementAgain)
@@ -147,8 +134,7 @@ TEST_F(ConnectionTest, ClosedConnectionFailsForAllWhoHoldIt)
 
 TEST_F(ConnectionTest, OtherProgramReadsTheFileWithThePasswordOnly)
 {
-    database.add(u"Katalog"_qs, u"Bruker,Etternavn"_qs, {u"+4790000001 "_qs, u"ÆØÅ  "_qs});
-    database.add(u"Katalog"_qs, u"Bruker,Etternavn"_qs, {u"ærø "_qs, u"æøå"_qs});
+    addPerson(u"ærø "_qs, u"æøå  "_qs);
     const QString sql = u"SELECT USER_ID FROM Passwords; PRAGMA integrity_check;"_qs;
     EXPECT_EQ(sqlcipherSays(database.path(), sql, u"kaLmir"_qs), u"Hovedoperatør\nok\n");
     EXPECT_FALSE(sqlcipherSays(database.path(), sql, u"feil"_qs).contains(u"Hoved"));
@@ -171,14 +157,14 @@ struct Lookup {
     const char *index;
 };
 
-class Lookups : public ConnectionTest, public testing::WithParamInterface<Lookup> {};
+class Lookups : public DataTest, public testing::WithParamInterface<Lookup> {};
 
 TEST_P(Lookups, AreAnsweredByAnIndex)
 {
     QString plan;
     QString sql = GetParam().sql;
     sql.replace(u"?"_qs, u"'x'"_qs);
-    database.look().run(u"EXPLAIN QUERY PLAN "_qs + sql, {},
+    database.look().run(u"EXPLAIN QUERY PLAN SELECT 1 FROM "_qs + sql + u" LIMIT 1"_qs, {},
                         [&](const QVariantList &row) { plan += row[3].toString() + u'\n'; });
     EXPECT_THAT(plan.toStdString(), HasSubstr(GetParam().index));
     EXPECT_FALSE(plan.contains(u"SCAN")) << plan.toStdString();
@@ -187,62 +173,42 @@ TEST_P(Lookups, AreAnsweredByAnIndex)
 INSTANTIATE_TEST_SUITE_P(
     Criteria, Lookups,
     testing::Values(
-        Lookup{"OutboxFilter",
-               u"SELECT ID FROM SMS_Sent WHERE %1 OR %1 ORDER BY ID LIMIT 1"_qs.arg(
-                   equals(u"CMGS"_qs)),
-               "INDEX SMS_Sent_CMGS"},
-        Lookup{"ReportReference",
-               u"SELECT ID FROM SMS_Sent WHERE %1 AND %2 ORDER BY ID LIMIT 1"_qs.arg(
-                   differs(u"CMGS"_qs), equals(u"cmgs"_qs)),
-               "INDEX SMS_Sent_CMGS"},
-        Lookup{"UserForward",
-               u"SELECT 1 FROM TBLbrukere WHERE rowid >= 7 AND %1 ORDER BY rowid LIMIT 1"_qs.arg(
-                   equals(u"[KeyBruker]"_qs)),
-               "INDEX TBLbrukere_KeyBruker"},
-        Lookup{"CatalogueShortNumber",
-               u"SELECT 1 FROM Katalog WHERE %1 ORDER BY rowid LIMIT 1"_qs.arg(
-                   equals(u"Brukerkort"_qs)),
-               "INDEX Katalog_BrukerKort"},
+        Lookup{"Outbox", u"SMS_Sent WHERE %1 OR %1 ORDER BY ID"_qs.arg(equals(u"CMGS"_qs)),
+               "SMS_Sent_CMGS"},
+        Lookup{
+            "ReportReference",
+            u"SMS_Sent WHERE %1 AND %2 ORDER BY ID"_qs.arg(differs(u"CMGS"_qs), equals(u"cmgs"_qs)),
+            "SMS_Sent_CMGS"},
+        Lookup{
+            "UserForward",
+            u"TBLbrukere WHERE rowid >= 7 AND %1 ORDER BY rowid"_qs.arg(equals(u"[KeyBruker]"_qs)),
+            "TBLbrukere_KeyBruker"},
+        Lookup{"ShortNumber", u"Katalog WHERE %1 ORDER BY rowid"_qs.arg(equals(u"Brukerkort"_qs)),
+               "Katalog_BrukerKort"},
         Lookup{"LogStamp",
-               u"SELECT 1 FROM LOGGData WHERE %1 AND %2 ORDER BY rowid LIMIT 1"_qs.arg(
-                   equals(u"Dato"_qs), equals(u"KeyUser"_qs)),
-               "INDEX LOGGData_Dato"},
+               u"LOGGData WHERE %1 AND %2 ORDER BY rowid"_qs.arg(equals(u"Dato"_qs),
+                                                                 equals(u"KeyUser"_qs)),
+               "LOGGData_Dato"},
         Lookup{"GridOfADoor",
-               u"SELECT Bruker FROM brukere WHERE %1 AND Rad > 7 ORDER BY Rad LIMIT 1"_qs.arg(
-                   equals(u"KeyNummer"_qs)),
-               "INDEX TBLbrukere_KeyNummer"}),
-    [](const auto &lookup) { return lookup.param.name; });
+               u"brukere WHERE %1 AND Rad > 7 ORDER BY Rad"_qs.arg(equals(u"KeyNummer"_qs)),
+               "TBLbrukere_KeyNummer"}),
+    caseName);
 
-struct Paths {
-    const char *name;
-    QString path;
-    QString temp;
-    QString backup;
-};
-
-class DatabasePaths : public testing::TestWithParam<Paths> {};
-
-TEST_P(DatabasePaths, AreCutAndReadBack)
+TEST(DatabasePaths, AreCutAndReadBack)
 {
-    const QString path = GetParam().path;
-    EXPECT_EQ(tempDatabasePath(path), GetParam().temp);
-    EXPECT_EQ(backupDatabasePath(path), GetParam().backup);
-    for (const QString &string : {connectionString(path), compactionString(path)}) {
-        EXPECT_EQ(connectionParts(string).path, path);
-        EXPECT_EQ(connectionParts(string).password, u"kaLmir");
+    for (const auto &[path, stem] :
+         {std::pair(u"Dorvik02.mdb"_qs, u"Dorvik02"_qs),
+          {u"/data/hytte"_qs, u"/data/h"_qs},
+          {u"db"_qs, QString()},
+          {u"/a;b/x;Data Source=y.mdb"_qs, u"/a;b/x;Data Source=y"_qs}}) {
+        EXPECT_EQ(tempDatabasePath(path), stem + u"TMP.mdb"_qs);
+        EXPECT_EQ(backupDatabasePath(path), stem + u"BAK.mdb"_qs);
+        for (const QString &string :
+             {connectionString(path), compactionString(path), chosenString(path)}) {
+            EXPECT_EQ(connectionParts(string).path, path);
+        }
+        EXPECT_EQ(connectionParts(compactionString(path)).password, u"kaLmir");
     }
-    EXPECT_EQ(connectionParts(chosenString(path)).path, path);
 }
-
-INSTANTIATE_TEST_SUITE_P(Names, DatabasePaths,
-                         testing::Values(Paths{"Plain", u"Dorvik02.mdb"_qs, u"Dorvik02TMP.mdb"_qs,
-                                               u"Dorvik02BAK.mdb"_qs},
-                                         Paths{"NoEnding", u"/data/hytte"_qs, u"/data/hTMP.mdb"_qs,
-                                               u"/data/hBAK.mdb"_qs},
-                                         Paths{"Short", u"db"_qs, u"TMP.mdb"_qs, u"BAK.mdb"_qs},
-                                         Paths{"Semicolon", u"/a;b/x;Data Source=y.mdb"_qs,
-                                               u"/a;b/x;Data Source=yTMP.mdb"_qs,
-                                               u"/a;b/x;Data Source=yBAK.mdb"_qs}),
-                         [](const auto &paths) { return paths.param.name; });
 
 } // namespace

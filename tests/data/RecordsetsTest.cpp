@@ -1,20 +1,11 @@
 #include "data/Recordsets.h"
-
-#include "data/Connection.h"
-#include "data/FileUse.h"
+#include "data/DataTest.h"
 #include "data/Module1.h"
-#include "platform/RuntimeFailure.h"
 #include "support/Doubles.h"
-#include "support/TestDatabase.h"
-
-#include <gtest/gtest.h>
-
-#include <QFile>
 
 namespace {
 
-class RecordsetsTest : public testing::Test {
-protected:
+struct RecordsetsTest : DataTest {
     RecordsetsTest()
     {
         addDoor(u"+4790000001"_qs, u"Hovedport"_qs, u"5"_qs);
@@ -27,9 +18,7 @@ protected:
     {
         database.add(u"KEYTable"_qs, u"KeyNummer,KeyNavn,KeySikkerhet"_qs, {number, name, level});
     }
-    void addSent(const QString &CMGS) { database.add(u"SMS_Sent"_qs, u"CMGS"_qs, {CMGS}); }
 
-    TestDatabase database;
     VirtualClock clock;
     ScriptedOperator person{clock};
     Module1 module;
@@ -39,8 +28,8 @@ protected:
 
 TEST_F(RecordsetsTest, CurrentDoorIsShownWithItsUsers)
 {
-    database.add(u"TBLbrukere"_qs, u"KeyBruker,KeyNummer"_qs, {u"a"_qs, u"+4790000002"_qs});
-    database.add(u"TBLbrukere"_qs, u"KeyBruker,KeyNummer"_qs, {u"b"_qs, u"+4790000001"_qs});
+    addUser(u"a"_qs, u"+4790000002"_qs);
+    addUser(u"b"_qs, u"+4790000001"_qs);
     module.KeySelect = u"+4790000002"_qs;
     recordsets.OpenRecordsets();
     EXPECT_EQ(recordsets.doorNumber(), u"+4790000002");
@@ -68,17 +57,13 @@ TEST_F(RecordsetsTest, LevelsCompareAsText)
     addDoor(u"+4790000052"_qs, u"Femtito"_qs, u"52"_qs);
     module.SecurityLevel = u"5"_qs;
     recordsets.OpenRecordsets();
-    QStringList names;
-    for (const RecordsetRow &row : recordsets.rsKeyAllowed.rows()) {
-        names += row.values[1].toString();
-    }
-    EXPECT_EQ(names, QStringList({u"Hovedport"_qs, u"Ti"_qs}));
+    EXPECT_EQ(column(recordsets.rsKeyAllowed, 1), "Hovedport|Ti");
 }
 
 TEST_F(RecordsetsTest, EmptyTablesAreNoFailure)
 {
-    database.look().run(u"DELETE FROM KEYTable"_qs);
-    database.look().run(u"DELETE FROM Modem"_qs);
+    run(u"DELETE FROM KEYTable"_qs);
+    run(u"DELETE FROM Modem"_qs);
     recordsets.OpenRecordsets();
     EXPECT_EQ(displays, 1);
     EXPECT_EQ(recordsets.doorNumber(), QString());
@@ -88,11 +73,9 @@ TEST_F(RecordsetsTest, EmptyTablesAreNoFailure)
 
 TEST_F(RecordsetsTest, MessagesStandWhereTheirStateSays)
 {
-    for (const char *state : {"UNSENT", "17", "unsent ", "SLETTET", "ERROR"}) {
-        addSent(QString::fromUtf8(state));
-    }
-    database.add(u"SMS_Received"_qs, u"SMS_Text"_qs, {u"første"_qs});
-    database.add(u"SMS_Received"_qs, u"SMS_Text"_qs, {u"siste"_qs});
+    run(u"INSERT INTO SMS_Sent (CMGS) VALUES ('UNSENT'), ('17'), ('unsent '), ('SLETTET'),"
+        " ('ERROR')"_qs);
+    run(u"INSERT INTO SMS_Received (SMS_Text) VALUES ('første'), ('siste')"_qs);
     recordsets.OpenRecordsets();
     EXPECT_EQ(recordsets.rsSmsOutbox.recordCount(), 3);
     EXPECT_EQ(recordsets.rsSmsSentDone.recordCount(), 3);
@@ -110,9 +93,8 @@ TEST_F(RecordsetsTest, MessagesStandWhereTheirStateSays)
 
 TEST_F(RecordsetsTest, DoorsAreCountedForEachUserOnce)
 {
-    for (const char *user : {"+4791000001", "+4791000002", "+4791000001 "}) {
-        database.add(u"TBLbrukere"_qs, u"KeyBruker,KeyNummer"_qs,
-                     {QString::fromUtf8(user), u"+4790000001"_qs});
+    for (const auto &user : {u"+4791000001"_qs, u"+4791000002"_qs, u"+4791000001 "_qs}) {
+        addUser(user, u"+4790000001"_qs);
     }
     recordsets.OpenRecordsets();
     EXPECT_EQ(recordsets.rsKeyAntall.recordCount(), 2);
@@ -135,8 +117,7 @@ TEST_F(RecordsetsTest, RowOfAnotherPcIsThereAfterTheNextRefresh)
 TEST_F(RecordsetsTest, FailureIsShownAndStopsTheRefreshWhereItStands)
 {
     recordsets.OpenRecordsets();
-    database.look().run(u"ALTER TABLE Katalog RENAME TO Borte"_qs);
-    addSent(u"UNSENT"_qs);
+    run(u"ALTER TABLE Katalog RENAME TO Borte"_qs);
     person.answers(u"Katalog"_qs);
     recordsets.OpenRecordsets();
     EXPECT_FALSE(recordsets.rsKatalog.isOpen());
@@ -164,29 +145,29 @@ TEST_F(RecordsetsTest, MissingDatabaseIsShownAndLeavesNoConnection)
     EXPECT_FALSE(recordsets.rsKeyAll.isOpen());
 }
 
-class CompactionTest : public RecordsetsTest {
-protected:
+struct CompactionTest : RecordsetsTest {
     CompactionTest()
     {
-        database.look().transaction([&] {
-            for (int i = 0; i < 200; ++i) {
-                addSent(u"UNSENT"_qs);
-            }
-        });
-        database.look().run(u"DELETE FROM SMS_Sent WHERE ID > 2 AND ID <> 150"_qs);
-        database.look().run(u"DELETE FROM KEYTable WHERE KeyNavn = 'Hovedport'"_qs);
+        run(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 200)"
+            " INSERT INTO SMS_Sent (CMGS) SELECT 'UNSENT' FROM n"_qs);
+        run(u"DELETE FROM SMS_Sent WHERE ID > 2 AND ID <> 150"_qs);
+        run(u"DELETE FROM KEYTable WHERE KeyNavn = 'Hovedport'"_qs);
         database.look().close();
         recordsets.OpenRecordsets();
         recordsets.CompactRequested = true;
     }
-    qint64 sizeOf(const QString &path) { return QFile(path).size(); }
+    void fails(const QString &words)
+    {
+        person.answers(words);
+        recordsets.OpenDatabase();
+        EXPECT_TRUE(recordsets.CompactFailed);
+    }
+    static qint64 sizeOf(const QString &path) { return QFile(path).size(); }
 };
 
 TEST_F(CompactionTest, KeepsRowsNumbersPasswordAndBackup)
 {
-    QFile earlier(module.BackupDatabasePath);
-    ASSERT_TRUE(earlier.open(QIODevice::WriteOnly) && earlier.write("eldre") == 5);
-    earlier.close();
+    write(module.BackupDatabasePath, "eldre");
     const qint64 before = sizeOf(module.DatabasePath);
     recordsets.OpenDatabase();
     ASSERT_FALSE(recordsets.CompactFailed);
@@ -208,9 +189,7 @@ TEST_F(CompactionTest, KeepsRowsNumbersPasswordAndBackup)
 TEST_F(CompactionTest, FileHeldByAnotherStaysAsItIs)
 {
     const auto other = database.open();
-    person.answers(u"i bruk av et annet program"_qs);
-    recordsets.OpenDatabase();
-    EXPECT_TRUE(recordsets.CompactFailed);
+    fails(u"i bruk av et annet program"_qs);
     EXPECT_FALSE(QFile::exists(module.TempDatabasePath));
     recordsets.CompactRequested = false;
     recordsets.OpenDatabase();
@@ -221,12 +200,8 @@ TEST_F(CompactionTest, FileHeldByAnotherStaysAsItIs)
 
 TEST_F(CompactionTest, FileLeftByAnEarlierOneIsNotTouched)
 {
-    QFile left(module.TempDatabasePath);
-    ASSERT_TRUE(left.open(QIODevice::WriteOnly) && left.write("igjen") == 5);
-    left.close();
-    person.answers(module.TempDatabasePath);
-    recordsets.OpenDatabase();
-    EXPECT_TRUE(recordsets.CompactFailed);
+    write(module.TempDatabasePath, "igjen");
+    fails(module.TempDatabasePath);
     EXPECT_EQ(sizeOf(module.TempDatabasePath), 5);
     EXPECT_NO_THROW(database.open());
 }
@@ -238,38 +213,24 @@ TEST_F(CompactionTest, BrokenFileStaysAndNoHalfOneIsLeft)
     ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.seek(8192));
     file.write(QByteArray(int(file.size()) - 8192, 'x'));
     file.close();
-    person.answers({});
-    recordsets.OpenDatabase();
-    EXPECT_TRUE(recordsets.CompactFailed);
+    fails({});
     EXPECT_TRUE(QFile::exists(module.DatabasePath));
     EXPECT_FALSE(QFile::exists(module.TempDatabasePath));
 }
 
-struct Panel {
-    const char *name;
-    int port;
-    bool ready;
-    QString text;
-};
-
-class ModemPanelText : public RecordsetsTest, public testing::WithParamInterface<Panel> {};
-
-TEST_P(ModemPanelText, NamesThePlace)
+TEST_F(RecordsetsTest, ModemPanelNamesThePlaceOfAReadyLineOnly)
 {
-    database.look().run(u"UPDATE Modem SET ModemManufacturer = 'Acme', ModemName = 'M1'"_qs);
+    run(u"UPDATE Modem SET ModemManufacturer = 'Acme', ModemName = 'M1'"_qs);
     recordsets.OpenRecordsets();
-    module.ActiveComPort = static_cast<quint8>(GetParam().port);
-    module.ModemReady = GetParam().ready;
-    EXPECT_EQ(modemPanelText(module, recordsets.rsModem, u"ComPort"_qs, u"vert"_qs),
-              GetParam().text);
+    QString seen;
+    for (const auto &[port, ready] :
+         {std::pair(7, true), {7, false}, {255, true}, {255, false}, {0, true}}) {
+        module.ActiveComPort = static_cast<quint8>(port);
+        module.ModemReady = ready;
+        seen +=
+            modemPanelText(module, recordsets.rsModem, u"ComPort"_qs, u"vert"_qs).mid(11) + u' ';
+    }
+    EXPECT_EQ(seen, u"COM7 ComPort vert ComPort ComPort ");
 }
-
-INSTANTIATE_TEST_SUITE_P(Lines, ModemPanelText,
-                         testing::Values(Panel{"ComReady", 7, true, u"Acme M1 på COM7"_qs},
-                                         Panel{"ComNotReady", 7, false, u"Acme M1 på ComPort"_qs},
-                                         Panel{"NetReady", 255, true, u"Acme M1 på vert"_qs},
-                                         Panel{"NetNotReady", 255, false, u"Acme M1 på ComPort"_qs},
-                                         Panel{"NoLine", 0, true, u"Acme M1 på ComPort"_qs}),
-                         [](const auto &panel) { return panel.param.name; });
 
 } // namespace

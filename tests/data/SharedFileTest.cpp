@@ -1,19 +1,12 @@
-#include "data/Connection.h"
-#include "data/Recordset.h"
-#include "platform/RuntimeFailure.h"
-#include "support/TestDatabase.h"
-
-#include <gtest/gtest.h>
+#include "data/DataTest.h"
 
 namespace {
 
 /// Two PCs on one file, both on the same row.
-class SharedFileTest : public testing::Test {
-protected:
+struct SharedFileTest : DataTest {
     SharedFileTest()
     {
-        database.add(u"Katalog"_qs, u"Bruker,Etternavn,Fornavn"_qs,
-                     {u"+4790000001"_qs, u"Berg"_qs, {}});
+        addPerson(u"+4790000001"_qs, u"Berg"_qs);
         for (Recordset *set : {&ours, &theirs}) {
             set->open(database.open(), {.source = u"Katalog"_qs,
                                         .columns = {u"Bruker"_qs, u"Etternavn"_qs, u"Fornavn"_qs}});
@@ -27,7 +20,6 @@ protected:
     }
     QString stored() { return database.single(u"SELECT Etternavn FROM Katalog"_qs); }
 
-    TestDatabase database;
     Recordset ours;
     Recordset theirs;
 };
@@ -57,7 +49,7 @@ TEST_F(SharedFileTest, ChangeOfCaseBlanksOrAnotherColumnCountsAsChange)
 
 TEST_F(SharedFileTest, OnlyChangedColumnsAreWritten)
 {
-    database.look().run(u"UPDATE Katalog SET Poststed = 'Moss'"_qs);
+    run(u"UPDATE Katalog SET Poststed = 'Moss'"_qs);
     change(ours, u"Moe"_qs);
     EXPECT_EQ(database.single(u"SELECT Poststed FROM Katalog"_qs), u"Moss");
 }
@@ -80,8 +72,8 @@ TEST_F(SharedFileTest, SamePersonTwiceFails)
 
 TEST_F(SharedFileTest, SortedWalkPassesOverARowDeletedByAnother)
 {
-    database.add(u"Katalog"_qs, u"Bruker,Etternavn"_qs, {u"2"_qs, u"Dahl"_qs});
-    database.add(u"Katalog"_qs, u"Bruker,Etternavn"_qs, {u"3"_qs, u"Moe"_qs});
+    addPerson(u"2"_qs, u"Dahl"_qs);
+    addPerson(u"3"_qs, u"Moe"_qs);
     ours.sort(u"Etternavn"_qs);
     EXPECT_EQ(ours.text(u"Etternavn"_qs), u"Berg");
     theirs.findFirst(u"Bruker"_qs, u"2"_qs);
