@@ -1,29 +1,14 @@
 #include "ModemWorld.h"
 
-#include "data/Connection.h"
-
 #include <gtest/gtest.h>
 
 namespace {
 
-const QList<QByteArray> kDialogue = {
-    "AT",
-    "ATV1",
-    "AT",
-    "AT&F0",
-    "AT\\Q0",
-    "ATE0",
-    "AT+CPMS=\"MT\",\"MT\",\"MT\"",
-    "AT+CPMS=\"SM\",\"SM\",\"SM\"",
-    "AT+CLIP=1",
-    "AT+CMGF=1",
-    "AT+CSMP=17,167,0,0",
-    "AT+CNMI=1,1",
-    "AT&W",
-    "AT+CGMI",
-    "AT+CGMM",
-    "AT+GSN",
-};
+const QList<QByteArray> kDialogue =
+    QByteArray("AT ATV1 AT AT&F0 AT\\Q0 ATE0 AT+CPMS=\"MT\",\"MT\",\"MT\" "
+               "AT+CPMS=\"SM\",\"SM\",\"SM\" AT+CLIP=1 AT+CMGF=1 AT+CSMP=17,167,0,0 AT+CNMI=1,1 "
+               "AT&W AT+CGMI AT+CGMM AT+GSN")
+        .split(' ');
 
 const QString kNotFound =
     u"\r******\rModem not found!!!\rTry another COM-port and make sure modem is installed, "
@@ -44,45 +29,39 @@ struct Initialiser : testing::Test, ModemWorld {
     }
 };
 
-class OnLine : public Initialiser, public testing::WithParamInterface<bool> {};
-INSTANTIATE_TEST_SUITE_P(Lines, OnLine, testing::Bool(),
-                         [](const auto &each) { return each.param ? "Network" : "Com"; });
-
-TEST_P(OnLine, TakesTheModemIntoUse)
+TEST_F(Initialiser, TakesTheModemIntoUseOnEitherLine)
 {
-    open(GetParam());
-    int refreshes = 0;
-    recordsets.display = [&] { ++refreshes; };
-    link.initialiser.InitModem();
-    EXPECT_EQ(modem(GetParam()).commands, kDialogue);
-    EXPECT_TRUE(module.ModemReady);
-    EXPECT_FALSE(link.flags.ModemInitRunning);
-    EXPECT_TRUE(link.TimerCom->isEnabled());
-    EXPECT_EQ(link.TimerCom->interval(), 1000ms);
-    EXPECT_TRUE(link.pace.isRunning());
-    EXPECT_EQ(link.pace.interval(), 10000ms);
-    EXPECT_EQ(row(), u"350000000000017|Nordtone|NT-2|1|KONTOR-1"_qs);
-    EXPECT_FALSE(person.busy);
-    EXPECT_EQ(refreshes, 1);
+    for (const bool network : {false, true}) {
+        open(network);
+        person.busy = true;
+        setRow(u"None"_qs);
+        int refreshes = 0;
+        recordsets.display = [&] { ++refreshes; };
+        link.initialiser.InitModem();
+        EXPECT_EQ(modem(network).commands, kDialogue);
+        EXPECT_TRUE(module.ModemReady);
+        EXPECT_FALSE(link.flags.ModemInitRunning);
+        EXPECT_TRUE(link.TimerCom->isEnabled());
+        EXPECT_EQ(link.TimerCom->interval(), 1000ms);
+        EXPECT_TRUE(link.pace.isRunning());
+        EXPECT_EQ(link.pace.interval(), 10000ms);
+        EXPECT_EQ(row(), u"350000000000017|Nordtone|NT-2|1|KONTOR-1"_qs);
+        EXPECT_FALSE(person.busy);
+        EXPECT_EQ(refreshes, 1);
+        recordsets.display = {};
+    }
 }
 
-TEST_F(Initialiser, AsksForReportsWhenTheyAreWanted)
+TEST_F(Initialiser, AsksForReportsAndWaitsBetweenTheStepsAsModemsNeedIt)
 {
     openCom();
     module.SmsReportOn = true;
-    link.initialiser.InitModem();
-    EXPECT_EQ(comModem.commands.value(10), "AT+CSMP=49,167,0,0");
-    EXPECT_EQ(comModem.commands.value(11), "AT+CNMI=1,1,0,2,1");
-    EXPECT_TRUE(module.ModemReady);
-}
-
-TEST_F(Initialiser, WaitsBetweenTheStepsAsModemsNeedIt)
-{
-    openCom();
     // 16 answers of 20 ms; the pauses of the table; two storages whose first line comes in 200 ms.
     constexpr milliseconds kPauses =
         10ms + 10ms + 60ms + 2 * 50ms + (50ms + 50ms) + 2 * 250ms + 7 * 50ms + 50ms;
     EXPECT_EQ(timed([&] { link.initialiser.InitModem(); }), 12 * 20ms + kPauses);
+    EXPECT_EQ(comModem.commands.value(10), "AT+CSMP=49,167,0,0");
+    EXPECT_EQ(comModem.commands.value(11), "AT+CNMI=1,1,0,2,1");
 }
 
 TEST_F(Initialiser, KeepsTheStoredNamesOfAModemThatTellsNone)
@@ -90,45 +69,38 @@ TEST_F(Initialiser, KeepsTheStoredNamesOfAModemThatTellsNone)
     openCom();
     database.look().run(
         u"UPDATE Modem SET IMEICODE = '17', ModemManufacturer = 'M', ModemName = 'N'"_qs);
-    comModem.answers["AT+CGMI"] = "  \r\nOK\r\n";
-    comModem.answers["AT+CGMM"] = "  \r\nOK\r\n";
-    comModem.answers["AT+GSN"] = "  \r\nOK\r\n";
+    for (const char *question : {"AT+CGMI", "AT+CGMM", "AT+GSN"}) {
+        comModem.answers[question] = "  \r\nOK\r\n";
+    }
     link.initialiser.InitModem();
     EXPECT_EQ(row(), u"17|M|N|1|KONTOR-1"_qs);
 }
 
-TEST_F(Initialiser, GivesUpOnAMuteModemBehindFiveAttempts)
+TEST_F(Initialiser, GivesUpOnAMuteModemBehindFiveAttemptsAndReleasesWhatItHad)
 {
     openCom();
     comModem.isMute = true;
-    setRow(u"KONTOR-2"_qs);
-    const QString before = row();
-    person.answers(kNotFound);
-    const milliseconds attempt = 3 * 4 * 2050ms + 2 * 10ms;
-    EXPECT_EQ(timed([&] { link.initialiser.InitModem(); }), 5 * attempt);
-    EXPECT_EQ(person.texts, QStringList{kNotFound});
-    EXPECT_EQ(person.titles, QStringList{QString()});
-    EXPECT_EQ(comModem.commands,
-              (QList<QByteArray>{"AT", "ATV1", "AT", "AT", "ATV1", "AT", "AT", "ATV1", "AT", "AT",
-                                 "ATV1", "AT", "AT", "ATV1", "AT"}));
-    EXPECT_FALSE(module.ModemReady);
-    EXPECT_EQ(row(), before) << "the modem of another PC was released";
-    // On purpose: nothing reads the line until another initialisation gets through.
-    EXPECT_TRUE(link.flags.ModemInitRunning);
-    EXPECT_TRUE(person.busy);
-}
-
-TEST_F(Initialiser, ReleasesTheModemThatItHadWhenNoneIsFound)
-{
-    openCom();
-    comModem.isMute = true;
-    for (const bool owner : {true, false}) {
-        setRow(owner ? u"kontor-1"_qs : u"KONTOR-2"_qs);
-        module.ModemReady = !owner;
+    const struct {
+        QString owner;
+        bool wasReady;
+        bool released;
+    } kCases[] = {{u"KONTOR-2"_qs, false, false},
+                  {u"kontor-1"_qs, false, true},
+                  {u"KONTOR-2"_qs, true, true}};
+    for (const auto &each : kCases) {
+        setRow(each.owner);
+        module.ModemReady = each.wasReady;
+        const QString before = row();
+        comModem.commands.clear();
         person.answers(kNotFound);
-        link.initialiser.InitModem();
-        EXPECT_EQ(row(), u"0| | |0|None"_qs) << owner;
+        EXPECT_EQ(timed([&] { link.initialiser.InitModem(); }), 5 * (3 * 4 * 2050ms + 2 * 10ms));
+        EXPECT_EQ(person.texts.last(), kNotFound);
+        EXPECT_EQ(comModem.commands.join(' '), QByteArray(" AT ATV1 AT").repeated(5).mid(1));
         EXPECT_FALSE(module.ModemReady);
+        EXPECT_EQ(row(), each.released ? u"0| | |0|None"_qs : before);
+        // On purpose: nothing reads the line until another initialisation gets through.
+        EXPECT_TRUE(link.flags.ModemInitRunning);
+        EXPECT_TRUE(person.busy);
     }
 }
 
@@ -171,23 +143,21 @@ TEST_F(Initialiser, LosesOnlyTimeOnAModemThatRefusesOneStorage)
 
 TEST_F(Initialiser, StopsTheTimersWithoutALine)
 {
-    struct Case {
-        quint8 port;
-        bool wasReady;
-        QString row;
-    };
-    for (const Case &each :
-         {Case{0, true, u"0|No Modem| |0|?"_qs}, Case{3, true, u"0|No Modem| |0|?"_qs},
-          Case{255, true, u"0|No Modem| |0|?"_qs}, Case{0, false, u"?|?|NT-1|0|KONTOR-1"_qs}}) {
+    const QString released = u"0|No Modem| |0|?"_qs;
+    const std::tuple<quint8, bool, QString> kCases[] = {{0, true, released},
+                                                        {3, true, released},
+                                                        {255, true, released},
+                                                        {0, false, u"?|?|NT-1|0|KONTOR-1"_qs}};
+    for (const auto &[active, wasReady, expected] : kCases) {
         database.look().run(u"UPDATE Modem SET IMEICODE = '?', ModemManufacturer = '?'"_qs);
         setRow(u"KONTOR-1"_qs);
-        module.ActiveComPort = each.port;
-        module.ModemReady = each.wasReady;
+        module.ActiveComPort = active;
+        module.ModemReady = wasReady;
         link.TimerCom->setEnabled(true);
         link.flags.ModemInitRunning = true; // as a failed search leaves it
         person.busy = true;
         link.initialiser.InitModem();
-        EXPECT_EQ(row(), each.row) << int(each.port);
+        EXPECT_EQ(row(), expected) << int(active);
         EXPECT_FALSE(module.ModemReady);
         EXPECT_FALSE(link.TimerCom->isEnabled());
         EXPECT_FALSE(link.flags.ModemInitRunning);
@@ -198,8 +168,7 @@ TEST_F(Initialiser, StopsTheTimersWithoutALine)
 TEST_F(Initialiser, TakesASocketThatIsStillConnectingForALine)
 {
     socket.silent = true;
-    module.ActiveComPort = 255;
-    socket.connectTo(u"modem"_qs, 23);
+    openNetwork();
     person.answers(kNotFound);
     EXPECT_EQ(timed([&] { link.initialiser.InitModem(); }), 5 * (3 * 4 * 1010ms + 2 * 10ms));
 }
@@ -230,14 +199,6 @@ TEST_F(Initialiser, OutlivesASecondOneThatStartsInsideTheFirst)
     EXPECT_TRUE(inner);
     EXPECT_TRUE(module.ModemReady);
     EXPECT_FALSE(link.flags.ModemInitRunning);
-}
-
-TEST_F(Initialiser, PassesTheEndOfTheProgramOn)
-{
-    openCom();
-    clock.after(300ms, [&] { clock.end(); });
-    EXPECT_THROW(link.initialiser.InitModem(), ProgramEnds);
-    EXPECT_FALSE(module.ModemReady);
 }
 
 } // namespace

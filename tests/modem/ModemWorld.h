@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/Connection.h"
 #include "data/Module1.h"
 #include "data/Recordsets.h"
 #include "modem/ModemLink.h"
@@ -94,6 +95,11 @@ struct ModemBench {
         clock.run(1ms);
     }
     void open(bool network) { network ? openNetwork() : openCom(); }
+    void ready(bool network)
+    {
+        open(network);
+        module.ModemReady = true;
+    }
     ListedModem &modem(bool network) { return network ? networkModem : comModem; }
     void say(bool network, const QByteArray &bytes)
     {
@@ -127,9 +133,26 @@ struct ModemWorld : ModemBench {
         database.use(module);
         recordsets.OpenRecordsets();
     }
-    QString modemRow(const QString &column)
+    /// The rows of a query, columns joined by "|".
+    QStringList rows(const QString &sql)
     {
-        return database.single(u"SELECT "_qs + column + u" FROM Modem"_qs);
+        QStringList result;
+        database.look().run(sql, {}, [&](const QVariantList &values) {
+            QStringList row;
+            for (const QVariant &value : values) {
+                row += value.toString();
+            }
+            result += row.join(u'|');
+        });
+        return result;
+    }
+    /// A message that waits in the outbox, unless its state says otherwise.
+    void waits(const QString &text, int DatoLNG = 46357, const QString &CMGS = u"UNSENT"_qs,
+               const QString &TilNummer = u"+4790000001"_qs)
+    {
+        database.add(u"SMS_Sent"_qs, u"TilNummer,SMS_Text,DatoLNG,CMGS"_qs,
+                     {TilNummer, text, DatoLNG, CMGS});
+        recordsets.OpenRecordsets();
     }
 
     TestDatabase database;

@@ -20,10 +20,7 @@ TEST_F(Pace, SlowsDownByHalfAgainAndThenStraightToAMinute)
         pace.slowDown();
         EXPECT_EQ(pace.interval().count(), expected);
     }
-}
-
-TEST_F(Pace, RoundsHalvesToEvenAndGoesToAMinuteFromTwentyNineSeconds)
-{
+    // Halves go to the even number.
     for (const auto &[interval, slower] :
          {std::pair{3ms, 4ms}, std::pair{5ms, 8ms}, std::pair{28999ms, 43498ms},
           std::pair{29000ms, 60000ms}}) {
@@ -31,14 +28,6 @@ TEST_F(Pace, RoundsHalvesToEvenAndGoesToAMinuteFromTwentyNineSeconds)
         pace.slowDown();
         EXPECT_EQ(pace.interval(), slower);
     }
-}
-
-TEST_F(Pace, StandsOffAtTenSecondsAtFirst)
-{
-    EXPECT_FALSE(pace.isRunning());
-    EXPECT_EQ(pace.interval(), 10000ms);
-    clock.run(60s);
-    EXPECT_EQ(ticks, 0);
 }
 
 TEST_F(Pace, StartsTheCountAfreshWithTheSameInterval)
@@ -50,17 +39,6 @@ TEST_F(Pace, StartsTheCountAfreshWithTheSameInterval)
     EXPECT_EQ(ticks, 0);
     clock.run(1ms);
     EXPECT_EQ(ticks, 1);
-}
-
-TEST_F(Pace, LeavesTheThirtySecondsBetweenMessagesAlone)
-{
-    pace.restart(30000ms);
-    flags.QueuePending = true;
-    pace.hurry();
-    EXPECT_EQ(pace.interval(), 30000ms);
-    flags.QueuePending = false;
-    pace.hurry();
-    EXPECT_EQ(pace.interval(), 3000ms);
 }
 
 } // namespace
