@@ -1,107 +1,78 @@
 #include "users/FreeSms.h"
 #include "users/UsersWorld.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
-struct FreeSmsWorld : UsersWorld {
+struct FreeSmsTest : UsersWorld {
     FreeSms sms{module, recordsets, modem, person, clock};
 
-    void write(const QString &recipient, const QString &text)
+    void toUser(const UserEntry &user, const QString &text, milliseconds openFor = 0ms)
     {
-        person.types(u"Send SMS til :"_qs + recipient, text);
+        person.types(u"Send SMS til :"_qs + user.number, text, openFor);
         person.answers(text);
+        sms.toUser(user);
+    }
+    void toDoor(const QString &text)
+    {
+        person.types(u"Send SMS til :"_qs + kDoor, text);
+        person.answers(text);
+        sms.toDoor();
     }
 };
 
-const QString kLongUser = QStringLiteral("+47912345678901");
-
-TEST(FreeSms, UserGetsNamesAndTheDoorItsWholeNumber)
+TEST_F(FreeSmsTest, UserGetsNamesAndTheDoorItsWholeNumber)
 {
-    FreeSmsWorld world;
-    world.write(kLongUser, u"Kom kl. 8"_qs);
-    world.sms.toUser(world.guest(kLongUser));
-    world.write(kDoor, u"STATUS?"_qs);
-    world.sms.toDoor();
-    EXPECT_EQ(
-        world.rows(u"SELECT TilNummer, TilNummerKort, Etternavn, Fornavn, Dato, DatoLNG,"
+    toUser(guest(u"+47912345678901"_qs), u"Kom kl. 8"_qs);
+    toDoor(u"STATUS?"_qs);
+    EXPECT_EQ(rows(u"SELECT TilNummer, TilNummerKort, Etternavn, Fornavn, Dato, DatoLNG,"
                    " SMS_Text, CMGS FROM SMS_Sent ORDER BY ID"_qs),
-        (QStringList{u"+47912345678901|912345678|Ås|Kari|2026-12-01|46357|Kom kl. 8|UNSENT"_qs,
-                     u"+4790000001|90000001|Hovedport||2026-12-01|46357|STATUS?|UNSENT"_qs}));
-    EXPECT_EQ(world.person.titles, (QStringList{u"Send SMS"_qs, u"Send SMS"_qs}));
-    EXPECT_EQ(world.person.lastPrompt, u"Skriv meldingstekst"_qs);
-    EXPECT_EQ(world.person.lastPreset, QString());
+              "+47912345678901|912345678|Ås|Kari|2026-12-01|46357|Kom kl. 8|UNSENT;"
+              "+4790000001|90000001|Hovedport||2026-12-01|46357|STATUS?|UNSENT");
 }
 
-TEST(FreeSms, SameWordingIsTakenOverFromWhoeverWaitsForIt)
+TEST_F(FreeSmsTest, SameWordingIsTakenOverFromWhoeverWaitsForIt)
 {
-    FreeSmsWorld world;
-    world.write(kUser, u"Hei på deg"_qs);
-    world.sms.toUser(world.guest());
-    world.write(kDoor, u" HEI PÅ DEG "_qs);
-    world.sms.toDoor();
-    EXPECT_EQ(world.rows(u"SELECT TilNummer, SMS_Text FROM SMS_Sent"_qs),
-              QStringList{u"+4790000001|Hei på deg"_qs});
+    toUser(guest(), u"Hei på deg"_qs);
+    toDoor(u" HEI PÅ DEG "_qs);
+    EXPECT_EQ(queue(), "1|Hei på deg|2026-12-01");
 }
 
-TEST(FreeSms, CancelQueuesAnEmptyText)
+TEST_F(FreeSmsTest, CancelQueuesAnEmptyText)
 {
-    FreeSmsWorld world;
-    world.write(QString(), QString());
-    UserEntry nobody = world.guest(QString());
-    world.sms.toUser(nobody);
-    EXPECT_EQ(world.rows(u"SELECT TilNummer, SMS_Text, CMGS FROM SMS_Sent"_qs),
-              QStringList{u"||UNSENT"_qs});
+    toUser(guest(QString()), QString());
+    EXPECT_EQ(queue(), "||2026-12-01");
 }
 
-TEST(FreeSms, TextWithAQuoteIsQueuedInAnEmptyOutboxAndElseTurnsTheFirstRow)
+TEST_F(FreeSmsTest, TextWithAQuoteIsQueuedInAnEmptyOutboxAndElseTurnsTheFirstRow)
 {
-    FreeSmsWorld world;
-    world.write(kUser, u"Hent 'pakken'"_qs);
-    world.sms.toUser(world.guest());
-    world.refresh();
-    world.write(kDoor, u"It's open"_qs);
-    world.sms.toDoor();
-    EXPECT_EQ(world.rows(u"SELECT TilNummer, SMS_Text FROM SMS_Sent"_qs),
-              QStringList{u"+4790000001|Hent 'pakken'"_qs});
+    toUser(guest(), u"Hent 'pakken'"_qs);
+    refresh();
+    toDoor(u"It's open"_qs);
+    EXPECT_EQ(queue(), "1|Hent 'pakken'|2026-12-01");
 }
 
-TEST(FreeSms, CharactersOutsideTheProgramsSetAreStoredAsQuestionMarks)
+TEST_F(FreeSmsTest, CharactersOutsideTheProgramsSetAreStoredAsQuestionMarks)
 {
-    FreeSmsWorld world;
-    world.person.types(u"Send SMS til :"_qs, u"Ø \u0416 \U0001F600 €"_qs);
-    world.person.answers(u"Ø ? ? €"_qs);
-    world.sms.toUser(world.guest());
-    EXPECT_EQ(world.rows(u"SELECT SMS_Text FROM SMS_Sent"_qs), QStringList{u"Ø ? ? €"_qs});
+    person.types(u"Send SMS til :"_qs, u"Ø \u0416 \U0001F600 €"_qs);
+    person.answers(u"Ø ? ? €"_qs);
+    sms.toUser(guest());
+    EXPECT_EQ(queue(), "7|Ø ? ? €|2026-12-01");
 }
 
-TEST(FreeSms, NothingIsSentWhileTheOperatorWrites)
+TEST_F(FreeSmsTest, NothingIsSentWhileTheOperatorWrites)
 {
-    FreeSmsWorld world;
-    QList<bool> composing;
-    world.modem.pace.restart(60000ms);
-    world.clock.after(30s, [&] {
-        composing.append(world.modem.flags.ComposingSms);
-        EXPECT_EQ(world.modem.pace.interval(), 3000ms); // hurried before the dialogue
-        world.modem.pace.restart(60000ms);
+    modem.pace.restart(60000ms);
+    bool composing = false;
+    clock.after(30s, [&] {
+        composing = modem.flags.ComposingSms;
+        EXPECT_EQ(modem.pace.interval(), 3000ms); // hurried before the dialogue
+        modem.pace.restart(60000ms);
     });
-    world.person.types(u"Send SMS til :"_qs, u"Hei"_qs, 60s);
-    world.person.answers(u"Hei"_qs);
-    world.sms.toUser(world.guest());
-    EXPECT_EQ(composing, QList<bool>{true});
-    EXPECT_FALSE(world.modem.flags.ComposingSms);
-    EXPECT_EQ(world.modem.pace.interval(), 60000ms); // and not behind it
-}
-
-TEST(FreeSms, FailedWriteStillGivesTheModemBack)
-{
-    FreeSmsWorld world;
-    world.recordsets.rsSmsOutbox.close();
-    world.write(kUser, u"Hei"_qs);
-    world.sms.toUser(world.guest());
-    EXPECT_FALSE(world.modem.flags.ComposingSms);
-    EXPECT_EQ(world.queue(), QStringList());
+    recordsets.rsSmsOutbox.close(); // a failed write gives the modem back as well
+    toUser(guest(), u"Hei"_qs, 60s);
+    EXPECT_TRUE(composing);
+    EXPECT_FALSE(modem.flags.ComposingSms);
+    EXPECT_EQ(modem.pace.interval(), 60000ms); // and not behind it
 }
 
 } // namespace

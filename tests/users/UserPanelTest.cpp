@@ -1,5 +1,4 @@
 #include "users/UserPanel.h"
-#include "data/Connection.h"
 #include "users/DoorPanel.h"
 #include "users/UsersWorld.h"
 
@@ -16,16 +15,13 @@
 #include <QTest>
 #include <QVBoxLayout>
 
-#include <gtest/gtest.h>
-
 namespace {
 
 const QString kOnDoor = QStringLiteral("Bruker er allerede registrert!!");
-const QDate kToday(2026, 12, 1);
 
 /// Both panels in a window that has the focus, driven by keys and mouse.
-struct PanelWorld : UsersWorld {
-    PanelWorld()
+struct UserPanelTest : UsersWorld {
+    UserPanelTest()
     {
         auto *layout = new QVBoxLayout(&window);
         layout->addWidget(&doors);
@@ -36,18 +32,14 @@ struct PanelWorld : UsersWorld {
         window.show();
         QApplication::setActiveWindow(&window);
         panel.CLEAR_INPUT();
-        update();
+        refresh();
     }
-    ~PanelWorld()
+    ~UserPanelTest() override
     {
-        layout()->removeWidget(&doors);
-        layout()->removeWidget(&panel);
         doors.setParent(nullptr);
         panel.setParent(nullptr);
     }
-    QLayout *layout() { return window.layout(); }
-
-    void update()
+    void refresh() override
     {
         recordsets.OpenRecordsets();
         panel.VisBrukerTabell();
@@ -60,57 +52,64 @@ struct PanelWorld : UsersWorld {
     {
         return control<QLineEdit>(("Txtfields_" + std::to_string(index)).c_str());
     }
-    QString text(int index) { return field(index).text(); }
-    QLineEdit &saldo() { return control<QLineEdit>("Saldo"); }
-    QTableView &grid() { return control<QTableView>("DataGrid1"); }
-    QTabBar &tabs() { return control<QTabBar>("TabStrip1"); }
-    QDate from() { return control<QDateEdit>("DTPickerFrom").date(); }
-    QDate to() { return control<QDateEdit>("DTPickerTo").date(); }
-
+    /// What the fields from the first on hold.
+    std::string texts(int first, int last)
+    {
+        QStringList found;
+        for (int index = first; index <= last; ++index) {
+            found.append(field(index).text());
+        }
+        return found.join(u'|').toStdString();
+    }
+    /// The period's days in December.
+    std::string days()
+    {
+        return QStringLiteral("%1-%2")
+            .arg(control<QDateEdit>("DTPickerFrom").date().day())
+            .arg(control<QDateEdit>("DTPickerTo").date().day())
+            .toStdString();
+    }
+    QString label(const char *name) { return control<QLabel>(name).text(); }
     void click(const char *button) { QTest::mouseClick(&control<QWidget>(button), Qt::LeftButton); }
     void type(int index, const QString &text)
     {
         field(index).setFocus();
         field(index).selectAll();
         // QTest's own typing knows no letters beyond ASCII.
-        for (const QChar letter : text) {
-            QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, QString(letter));
-            QApplication::sendEvent(&field(index), &key);
-        }
+        QKeyEvent key(QEvent::KeyPress, 0, Qt::NoModifier, text);
+        QApplication::sendEvent(&field(index), &key);
     }
     void clickRow(int row)
     {
-        const QRect cell = grid().visualRect(grid().model()->index(row, 0));
-        QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, cell.center());
+        const QRect cell = table.visualRect(table.model()->index(row, 0));
+        QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, cell.center());
     }
     void clickTab(const QString &caption)
     {
-        for (int i = 0; i < tabs().count(); ++i) {
-            if (tabs().tabText(i) == caption) {
-                QTest::mouseClick(&tabs(), Qt::LeftButton, {}, tabs().tabRect(i).center());
-                return;
-            }
+        int tab = 0;
+        while (tab < tabs.count() && tabs.tabText(tab) != caption) {
+            ++tab;
         }
-        FAIL() << "No tab " << caption.toStdString();
+        ASSERT_LT(tab, tabs.count()) << caption.toStdString();
+        QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(tab).center());
     }
-    void clickHeading(int column)
-    {
-        QHeaderView &header = *grid().horizontalHeader();
-        const QPoint place(header.sectionViewportPosition(column) + 10, header.height() / 2);
-        QTest::mouseClick(header.viewport(), Qt::LeftButton, {}, place);
-    }
-    QStringList numbersShown()
+    /// Numbers in the table, by their last digits.
+    std::string numbersShown()
     {
         QStringList numbers;
-        for (int row = 0; row < grid().model()->rowCount(); ++row) {
-            numbers.append(grid().model()->index(row, 0).data().toString());
+        for (int row = 0; row < table.model()->rowCount(); ++row) {
+            numbers.append(table.model()->index(row, 0).data().toString().right(4));
         }
-        return numbers;
+        return numbers.join(u' ').toStdString();
     }
 
     QWidget window;
     DoorPanel doors{module, recordsets, modem, person, clock};
     UserPanel panel{module, recordsets, modem, users, person, clock, host};
+    QTableView &table = *panel.findChild<QTableView *>(u"DataGrid1"_qs);
+    QTabBar &tabs = *panel.findChild<QTabBar *>(u"TabStrip1"_qs);
+    QLineEdit &saldo = *panel.findChild<QLineEdit *>(u"Saldo"_qs);
+    QWidget &saldoArrows = *panel.findChild<QWidget *>(u"UpDown3"_qs);
 };
 
 QColor background(const QLineEdit &field)
@@ -118,319 +117,234 @@ QColor background(const QLineEdit &field)
     return field.palette().color(QPalette::Base);
 }
 
-TEST(UserPanel, RegistersWhatWasTypedStraightOntoTheDoor)
+TEST_F(UserPanelTest, NewUserStartsBehindThePrefixAndWaits)
 {
-    PanelWorld world;
-    world.type(0, kUser);
-    world.type(1, u"Kari"_qs);
-    world.type(2, u"Ås Ж"_qs);
-    EXPECT_EQ(world.text(3), u"NY"_qs);
-    EXPECT_EQ(world.text(4), u"Gjest"_qs);
-    world.click("CommandRegistrerBruker");
-    EXPECT_EQ(world.onDoors(), QStringList{u"+4790000001|+4791234567|1/12/2026|NY"_qs});
-    EXPECT_EQ(world.rows(u"SELECT Etternavn, Fornavn FROM Katalog"_qs),
-              QStringList{u"Ås ?|Kari"_qs});
-    EXPECT_EQ(world.text(0), QString());
-    EXPECT_EQ(world.text(5), u"9999"_qs);
-    EXPECT_EQ(world.tabs().count(), 3);
+    clickTab(u"Alle"_qs);
+    click("cmdNyBruker");
+    EXPECT_TRUE(field(0).hasFocus());
+    EXPECT_EQ(label("Label2"), u"True"_qs);
+    QTest::keyClicks(&field(0), u"91234567"_qs);
+    type(2, u"Ås Ж"_qs);
+    EXPECT_EQ(texts(0, 4), "+4791234567||Ås Ж|NY|Gjest");
+    click("CommandRegistrerBruker");
+    EXPECT_EQ(state(), " // 1|4567|1/12/2026|NY // ");
+    EXPECT_EQ(rows(u"SELECT Etternavn FROM Katalog"_qs), "Ås ?");
+    EXPECT_EQ(texts(0, 5), "|||||9999");
+    EXPECT_EQ(tabs.tabText(tabs.currentIndex()), u"Alle"_qs);
 }
 
-TEST(UserPanel, NewUserStartsBehindThePrefixAndWaits)
+TEST_F(UserPanelTest, NumberCheckAsksOnceThoughTheBoxTakesTheFocus)
 {
-    PanelWorld world;
-    world.clickTab(u"Alle"_qs);
-    world.click("cmdNyBruker");
-    EXPECT_TRUE(world.field(0).hasFocus());
-    EXPECT_EQ(world.control<QLabel>("Label2").text(), u"True"_qs);
-    QTest::keyClicks(&world.field(0), u"91234567"_qs);
-    EXPECT_EQ(world.text(0), kUser);
-    world.click("CommandRegistrerBruker");
-    EXPECT_EQ(world.waiting().size(), 1);
-    EXPECT_EQ(world.onDoors(), QStringList());
-    EXPECT_EQ(world.tabs().tabText(world.tabs().currentIndex()), u"Alle"_qs);
-}
-
-TEST(NumberCheck, AsksOnceThoughTheBoxTakesTheFocus)
-{
-    PanelWorld world;
-    world.addUser(kUser, u"Fast"_qs, u"Aktiv "_qs);
+    addUser(kUser, u"Fast"_qs);
     QWidget box;
     box.show();
-    world.clock.after(1s, [&] {
+    type(0, kUser);
+    QApplication::setActiveWindow(&box); // only borrows the focus
+    QApplication::setActiveWindow(&window);
+    EXPECT_EQ(person.texts.size(), 0);
+    clock.after(1s, [&] {
         QApplication::setActiveWindow(&box);
-        QApplication::setActiveWindow(&world.window);
+        QApplication::setActiveWindow(&window);
     });
-    world.person.answers(kOnDoor, Answer::Cancel, 2s);
-    world.type(0, kUser);
-    QTest::keyClick(&world.field(0), Qt::Key_Tab);
-    EXPECT_EQ(world.window.focusWidget(), &world.field(1));
-    EXPECT_EQ(world.person.texts.size(), 1);
-    EXPECT_EQ(world.text(1), u"Ola"_qs);
-    EXPECT_EQ(world.text(3), u"Aktiv "_qs);
-    EXPECT_EQ(world.text(4), u"Fast"_qs);
-    EXPECT_EQ(world.from(), QDate(2026, 12, 5));
+    person.answers(kOnDoor, Answer::Cancel, 2s);
+    QTest::keyClick(&field(0), Qt::Key_Tab);
+    EXPECT_EQ(window.focusWidget(), &field(1));
+    EXPECT_EQ(person.texts.size(), 1);
+    EXPECT_EQ(texts(1, 4), "Ola|Berg|Aktiv |Fast");
+    EXPECT_EQ(days(), "5-31");
 }
 
-TEST(NumberCheck, AnotherWindowOnlyBorrowsTheFocus)
+TEST_F(UserPanelTest, NumberCheckRunsBeforeAClickIntoTheGridIsHandled)
 {
-    PanelWorld world;
-    world.addUser(kUser, u"Fast"_qs, u"Aktiv "_qs);
-    world.type(0, kUser);
-    QWidget other;
-    other.show();
-    QApplication::setActiveWindow(&other);
-    EXPECT_EQ(world.person.texts, QStringList());
+    addUser(kUser, u"Fast"_qs);
+    addUser(kOtherUser, u"Fast"_qs, u"Slett"_qs);
+    clickTab(u"Alle"_qs);
+    type(0, kUser);
+    person.answers(kOnDoor, Answer::Ok);
+    clickRow(0);
+    EXPECT_EQ(person.texts.size(), 1);
+    EXPECT_EQ(texts(0, 3), "+4790009000|Ola|Berg|Slett");
 }
 
-TEST(NumberCheck, RunsBeforeAClickIntoTheGridIsHandled)
+TEST_F(UserPanelTest, EscapeEmptiesTheTextsInTheNumberFieldOnly)
 {
-    PanelWorld world;
-    world.addUser(kUser, u"Fast"_qs, u"Aktiv "_qs);
-    world.addUser(u"+4790009000"_qs, u"Fast"_qs, u"Slett"_qs);
-    world.clickTab(u"Alle"_qs);
-    world.type(0, kUser);
-    world.person.answers(kOnDoor, Answer::Ok);
-    world.clickRow(0);
-    EXPECT_EQ(world.person.texts.size(), 1);
-    EXPECT_EQ(world.text(0), u"+4790009000"_qs);
-    EXPECT_EQ(world.text(3), u"Slett"_qs);
+    type(2, u"Ås"_qs);
+    QTest::keyClick(&field(2), Qt::Key_Escape);
+    EXPECT_EQ(texts(2, 2), "Ås");
+    saldo.setText(u"4"_qs);
+    field(0).setFocus();
+    QTest::keyClick(&field(0), Qt::Key_Escape);
+    EXPECT_EQ(texts(0, 4), "||||");
+    EXPECT_EQ(saldo.text(), u"4"_qs);
 }
 
-TEST(UserPanel, EscapeEmptiesTheTextsInTheNumberFieldOnly)
+TEST_F(UserPanelTest, SaldoTurnsTheFormAndBack)
 {
-    PanelWorld world;
-    world.type(2, u"Ås"_qs);
-    QTest::keyClick(&world.field(2), Qt::Key_Escape);
-    EXPECT_EQ(world.text(2), u"Ås"_qs);
-    world.saldo().setText(u"4"_qs);
-    world.field(0).setFocus();
-    QTest::keyClick(&world.field(0), Qt::Key_Escape);
-    EXPECT_EQ(world.text(2), QString());
-    EXPECT_EQ(world.text(4), QString());
-    EXPECT_EQ(world.saldo().text(), u"4"_qs);
+    const auto form = [&] {
+        QString open;
+        for (const char *name : {"FraTid", "TilTid", "DTPickerFrom", "DTPickerTo"}) {
+            const QWidget &part = control<QWidget>(name);
+            open += part.isVisible() && part.isEnabled() ? u'+' : u'-';
+        }
+        return QStringList{saldo.text(), open, field(4).text(), label("KontoLBL"),
+                           background(saldo).name()}
+            .join(u' ')
+            .toStdString();
+    };
+    QTest::keyClick(&saldoArrows, Qt::Key_Down);
+    EXPECT_EQ(saldo.text(), u"0"_qs);
+    QTest::keyClick(&saldoArrows, Qt::Key_Up);
+    EXPECT_EQ(form(), "1 ---- Saldo Antall #ffffff");
+    control<QDateEdit>("DTPickerTo").setDate(QDate(2027, 1, 1));
+    QTest::keyClick(&saldoArrows, Qt::Key_Down);
+    EXPECT_EQ(form(), "0 ++++ Gjest Konto #808080");
+    EXPECT_EQ(days(), "1-3");
+
+    saldo.setText(u"5"_qs);
+    saldo.setText(u"mye"_qs); // leaves the form, and the stepper says why it stands
+    person.answers(u"ikke et tall"_qs);
+    QTest::keyClick(&saldoArrows, Qt::Key_Up);
+    EXPECT_EQ(form(), "mye ---- Saldo Antall #ffffff");
 }
 
-TEST(Saldo, TurnsTheFormAndBack)
+TEST_F(UserPanelTest, OneClickFillsTheFormAndTheArrowsGoOn)
 {
-    PanelWorld world;
-    auto &arrows = world.control<QWidget>("UpDown3");
-    QTest::keyClick(&arrows, Qt::Key_Down);
-    EXPECT_EQ(world.saldo().text(), u"0"_qs);
-    QTest::keyClick(&arrows, Qt::Key_Up);
-    EXPECT_EQ(world.saldo().text(), u"1"_qs);
-    EXPECT_EQ(background(world.saldo()), QColor(Qt::white));
-    EXPECT_FALSE(world.control<QWidget>("FraTid").isVisible());
-    EXPECT_FALSE(world.control<QWidget>("TilTid").isVisible());
-    EXPECT_FALSE(world.control<QWidget>("DTPickerFrom").isEnabled());
-    EXPECT_FALSE(world.control<QWidget>("DTPickerTo").isEnabled());
-    EXPECT_EQ(world.text(4), u"Saldo"_qs);
-    EXPECT_EQ(world.control<QLabel>("KontoLBL").text(), u"Antall"_qs);
+    addUser(u"+4790009001"_qs, u"Fast"_qs);
+    addUser(u"+4790009002"_qs, u"Gjest"_qs, u"Slett"_qs);
+    run(u"UPDATE TBLbrukere SET [Gyldig fra] = NULL, [Gyldig til] = 'aldri',"
+        " TilTid = '' WHERE KeyBruker = '+4790009002'"_qs);
+    clickTab(u"Alle"_qs);
+    QTest::keyClick(&tabs, Qt::Key_Tab);
+    EXPECT_EQ(texts(0, 0), ""); // the focus alone brings no row, Enter does
+    QTest::keyClick(&table, Qt::Key_Return);
+    EXPECT_EQ(texts(0, 5), "+4790009001|Ola|Berg|Aktiv |Fast|9999");
+    clickRow(0);
+    EXPECT_EQ(texts(0, 5), "+4790009001|Ola|Berg|Aktiv |Fast|9999");
+    EXPECT_EQ(days(), "5-31");
+    EXPECT_EQ(control<QComboBox>("FraTid").currentText(), u"08"_qs);
+    QTest::keyClick(&table, Qt::Key_Down);
+    EXPECT_EQ(texts(0, 5), "+4790009002|Ola|Berg|Slett|Gjest|9999");
+    EXPECT_EQ(days(), "5-31"); // empty and unreadable columns leave what stood there
+    EXPECT_EQ(control<QComboBox>("TilTid").currentText(), u"16"_qs);
 
-    world.control<QDateEdit>("DTPickerTo").setDate(QDate(2027, 1, 1));
-    QTest::keyClick(&arrows, Qt::Key_Down);
-    EXPECT_EQ(background(world.saldo()), QColor(0x80, 0x80, 0x80));
-    EXPECT_TRUE(world.control<QWidget>("FraTid").isVisible());
-    EXPECT_TRUE(world.control<QWidget>("DTPickerTo").isEnabled());
-    EXPECT_EQ(world.to(), kToday.addDays(2));
-    EXPECT_EQ(world.text(4), u"Gjest"_qs);
-    EXPECT_EQ(world.control<QLabel>("KontoLBL").text(), u"Konto"_qs);
+    QTest::mouseDClick(table.viewport(), Qt::LeftButton, {},
+                       table.visualRect(table.currentIndex()).center());
+    QTest::keyClick(&table, Qt::Key_Up);
+    EXPECT_EQ(texts(0, 0), "+4790009002");
 }
 
-TEST(Saldo, TextThatIsNoNumberLeavesTheFormAndTellsTheStepper)
+TEST_F(UserPanelTest, RowOfAWaitingPeriodBringsItsIdAndTheMode)
 {
-    PanelWorld world;
-    world.saldo().setText(u"5"_qs);
-    world.saldo().setText(u"mye"_qs);
-    EXPECT_EQ(world.text(4), u"Saldo"_qs);
-    world.person.answers(u"ikke et tall"_qs);
-    QTest::keyClick(&world.control<QWidget>("UpDown3"), Qt::Key_Up);
-    EXPECT_EQ(world.saldo().text(), u"mye"_qs);
+    addWaiting(kUser, u"9/12/2026"_qs);
+    clickRow(0);
+    EXPECT_EQ(label("Label2"), u"True"_qs);
+    EXPECT_EQ(field(5).text(), database.single(u"SELECT ID FROM NYEbrukere"_qs));
+    click("CommandSlettBruker");
+    EXPECT_EQ(state(), " //  // ");
+    EXPECT_EQ(texts(5, 5), "9999");
 }
 
-TEST(DataGrid1, OneClickFillsTheFormAndTheArrowsGoOn)
+TEST_F(UserPanelTest, PeriodBehindABalanceLosesItsAccountAndLastDay)
 {
-    PanelWorld world;
-    world.addUser(u"+4790009001"_qs, u"Fast"_qs, u"Aktiv "_qs);
-    world.addUser(u"+4790009002"_qs, u"Gjest"_qs, u"Slett"_qs);
-    world.clickTab(u"Alle"_qs);
-    world.clickRow(0);
-    EXPECT_EQ(world.text(0), u"+4790009001"_qs);
-    EXPECT_EQ(world.text(1), u"Ola"_qs);
-    EXPECT_EQ(world.text(2), u"Berg"_qs);
-    EXPECT_EQ(world.text(4), u"Fast"_qs);
-    EXPECT_EQ(world.text(5), u"9999"_qs);
-    EXPECT_EQ(world.from(), QDate(2026, 12, 5));
-    EXPECT_EQ(world.to(), QDate(2026, 12, 31));
-    EXPECT_EQ(world.control<QComboBox>("FraTid").currentText(), u"08"_qs);
-    QTest::keyClick(&world.grid(), Qt::Key_Down);
-    EXPECT_EQ(world.text(0), u"+4790009002"_qs);
-
-    QTest::mouseDClick(world.grid().viewport(), Qt::LeftButton, {},
-                       world.grid().visualRect(world.grid().currentIndex()).center());
-    QTest::keyClick(&world.grid(), Qt::Key_Up);
-    EXPECT_EQ(world.text(0), u"+4790009002"_qs);
+    addUser(u"+4790009001"_qs, u"Saldo"_qs, u"Aktiv "_qs, kDoor, u"5"_qs);
+    addUser(u"+4790009002"_qs, u"Fast"_qs);
+    addUser(u"+4790009003"_qs, u"Fast"_qs);
+    clickTab(u"Alle"_qs);
+    std::string seen;
+    for (const int row : {0, 1, 2}) { // the last makes no change of the balance
+        clickRow(row);
+        seen += texts(4, 4) + ' ' + days() + ';';
+    }
+    EXPECT_EQ(seen, "Saldo 5-31;Gjest 5-3;Fast 5-31;");
 }
 
-TEST(DataGrid1, WaitingPeriodBringsItsIdAndTheMode)
+TEST_F(UserPanelTest, HeadingSortsAndEmptiesTheForm)
 {
-    PanelWorld world;
-    world.addWaiting(kUser, u"9/12/2026"_qs);
-    world.panel.VisBrukerTabell();
-    world.clickRow(0);
-    EXPECT_EQ(world.control<QLabel>("Label2").text(), u"True"_qs);
-    EXPECT_EQ(world.text(5), world.database.single(u"SELECT ID FROM NYEbrukere"_qs));
-    world.click("CommandSlettBruker");
-    EXPECT_EQ(world.waiting(), QStringList());
-    EXPECT_EQ(world.text(5), u"9999"_qs);
+    addUser(u"+4790009001"_qs, u"Vakt"_qs);
+    addUser(u"+4790009002"_qs, u"Annen"_qs);
+    clickTab(u"Alle"_qs);
+    clickRow(0);
+    type(2, u"Lund"_qs);
+    const QHeaderView &header = *table.horizontalHeader();
+    QTest::mouseClick(header.viewport(), Qt::LeftButton, {},
+                      {header.sectionViewportPosition(7) + 10, header.height() / 2});
+    EXPECT_EQ(numbersShown(), "9002 9001");
+    EXPECT_EQ(texts(0, 0), "");
+    EXPECT_EQ(rows(u"SELECT Etternavn FROM Katalog"_qs), "Lund;Berg"); // the field was left
+    clickRow(0);
+    EXPECT_EQ(texts(0, 0), "+4790009002");
 }
 
-TEST(DataGrid1, PeriodBehindABalanceLosesItsAccountAndLastDay)
+TEST_F(UserPanelTest, TabDecidesTheModeAndTheRows)
 {
-    PanelWorld world;
-    world.addUser(u"+4790009001"_qs, u"Saldo"_qs, u"Aktiv "_qs, kDoor, u"5"_qs);
-    world.addUser(u"+4790009002"_qs, u"Fast"_qs, u"Aktiv "_qs);
-    world.addUser(u"+4790009003"_qs, u"Fast"_qs, u"Aktiv "_qs);
-    world.clickTab(u"Alle"_qs);
-    world.clickRow(0);
-    EXPECT_EQ(world.text(4), u"Saldo"_qs);
-    world.clickRow(1);
-    EXPECT_EQ(world.text(4), u"Gjest"_qs);
-    EXPECT_EQ(world.to(), kToday.addDays(2));
-    world.clickRow(2); // no change of the balance, so the row's own values stay
-    EXPECT_EQ(world.text(4), u"Fast"_qs);
-    EXPECT_EQ(world.to(), QDate(2026, 12, 31));
+    addUser(kUser, u"Fast & fri"_qs);
+    clickTab(u"Fast && fri"_qs);
+    EXPECT_EQ(module.GridFilter, u"Fast & fri"_qs);
+    EXPECT_EQ(numbersShown(), "4567");
+    EXPECT_EQ(label("Label2"), u"False"_qs);
+
+    run(u"DELETE FROM TBLbrukere"_qs); // the tab vanishes
+    EXPECT_EQ(tabs.count(), 2);
+    EXPECT_EQ(module.GridFilter, u"Fast & fri"_qs);
+    EXPECT_EQ(numbersShown(), "");
+    clickTab(u"Nye"_qs); // looks selected already
+    EXPECT_EQ(module.GridFilter, u"Nye"_qs);
+    EXPECT_EQ(label("Label2"), u"True"_qs);
 }
 
-TEST(DataGrid1, EmptyOrUnreadableColumnsLeaveWhatStoodThere)
+TEST_F(UserPanelTest, StatusUnlocksAboveLevelFourUntilItIsLeft)
 {
-    PanelWorld world;
-    world.addUser(u"+4790009001"_qs, u"Fast"_qs, u"Aktiv "_qs);
-    world.addUser(u"+4790009002"_qs, u"Fast"_qs, u"Aktiv "_qs);
-    world.database.look().run(u"UPDATE TBLbrukere SET [Gyldig fra] = NULL, [Gyldig til] = 'aldri',"
-                              " TilTid = '' WHERE KeyBruker = '+4790009002'"_qs);
-    world.clickTab(u"Alle"_qs);
-    world.clickRow(0);
-    world.clickRow(1);
-    EXPECT_EQ(world.text(0), u"+4790009002"_qs);
-    EXPECT_EQ(world.from(), QDate(2026, 12, 5));
-    EXPECT_EQ(world.to(), QDate(2026, 12, 31));
-    EXPECT_EQ(world.control<QComboBox>("TilTid").currentText(), u"16"_qs);
-}
-
-TEST(DataGrid1, HeadingSortsAndEmptiesTheForm)
-{
-    PanelWorld world;
-    world.addUser(u"+4790009001"_qs, u"Vakt"_qs, u"Aktiv "_qs);
-    world.addUser(u"+4790009002"_qs, u"Annen"_qs, u"Aktiv "_qs);
-    world.clickTab(u"Alle"_qs);
-    world.clickRow(0);
-    world.type(2, u"Lund"_qs);
-    world.clickHeading(7);
-    EXPECT_EQ(world.numbersShown(), (QStringList{u"+4790009002"_qs, u"+4790009001"_qs}));
-    EXPECT_EQ(world.text(0), QString());
-    EXPECT_EQ(world.rows(u"SELECT Etternavn FROM Katalog"_qs),
-              (QStringList{u"Lund"_qs, u"Berg"_qs})); // the field was left
-    world.clickRow(0);
-    EXPECT_EQ(world.text(0), u"+4790009002"_qs);
-}
-
-TEST(TabStrip1, DecidesTheModeAndTheRows)
-{
-    PanelWorld world;
-    world.addUser(kUser, u"Fast & fri"_qs, u"Aktiv "_qs);
-    world.panel.VisBrukerTabell();
-    world.clickTab(u"Fast && fri"_qs);
-    EXPECT_EQ(world.module.GridFilter, u"Fast & fri"_qs);
-    EXPECT_EQ(world.numbersShown(), QStringList{kUser});
-    EXPECT_EQ(world.control<QLabel>("Label2").text(), u"False"_qs);
-    world.clickTab(u"Nye"_qs);
-    EXPECT_EQ(world.control<QLabel>("Label2").text(), u"True"_qs);
-}
-
-TEST(TabStrip1, TabThatVanishedLeavesAnEmptyGrid)
-{
-    PanelWorld world;
-    world.addUser(kUser, u"Vakt"_qs, u"Aktiv "_qs);
-    world.panel.VisBrukerTabell();
-    world.clickTab(u"Vakt"_qs);
-    world.database.look().run(u"DELETE FROM TBLbrukere"_qs);
-    world.update();
-    EXPECT_EQ(world.tabs().count(), 2);
-    EXPECT_EQ(world.module.GridFilter, u"Vakt"_qs);
-    EXPECT_EQ(world.grid().model()->rowCount(), 0);
-    world.clickTab(u"Nye"_qs); // looks selected already
-    EXPECT_EQ(world.module.GridFilter, u"Nye"_qs);
-}
-
-TEST(StatusField, UnlocksAboveLevelFourUntilItIsLeft)
-{
-    PanelWorld world;
-    QLineEdit &status = world.field(3);
+    QLineEdit &status = field(3);
     for (const auto &[level, unlocks] : {std::pair(u"4"_qs, false), {u"5"_qs, true}, {{}, false}}) {
-        world.module.SecurityLevel = level;
+        module.SecurityLevel = level;
         QTest::mouseDClick(&status, Qt::LeftButton);
         EXPECT_EQ(status.isReadOnly(), !unlocks);
-        EXPECT_EQ(background(status),
-                  unlocks ? QColor(0xFF, 0xFF, 0x80) : QColor(0xC0, 0xFF, 0xFF));
-        world.field(4).setFocus();
+        EXPECT_EQ(background(status).name(), unlocks ? u"#ffff80" : u"#c0ffff");
+        field(4).setFocus();
         EXPECT_TRUE(status.isReadOnly());
-        EXPECT_EQ(background(status), QColor(0xC0, 0xFF, 0xFF));
+        EXPECT_EQ(background(status).name(), u"#c0ffff");
         EXPECT_EQ(status.palette().color(QPalette::Text), QColor(Qt::black));
     }
 }
 
-TEST(DTPickerFrom, DrawsALastDayAlongThatWouldLieBefore)
+TEST_F(UserPanelTest, FirstDayDrawsALastDayAlongThatWouldLieBefore)
 {
-    PanelWorld world;
-    auto &picker = world.control<QDateEdit>("DTPickerFrom");
+    auto &picker = control<QDateEdit>("DTPickerFrom");
     picker.setDate(QDate(2026, 12, 3));
-    EXPECT_EQ(world.to(), QDate(2026, 12, 3));
+    EXPECT_EQ(days(), "3-3");
     picker.setDate(QDate(2026, 12, 4));
-    EXPECT_EQ(world.to(), QDate(2026, 12, 6));
-    world.control<QDateEdit>("DTPickerTo").setDate(QDate(2026, 12, 1));
-    EXPECT_EQ(world.from(), QDate(2026, 12, 4));
+    EXPECT_EQ(days(), "4-6");
+    control<QDateEdit>("DTPickerTo").setDate(QDate(2026, 12, 1));
+    EXPECT_EQ(days(), "4-1");
 }
 
-TEST(CommandSlettBruker, UnknownNumberOnlyEmptiesTheForm)
+TEST_F(UserPanelTest, StepperTakesTheWholeScreenToTheNextDoor)
 {
-    PanelWorld world;
-    world.addUser(kUser, u"Fast"_qs, u"Aktiv "_qs);
-    world.field(0).setText(u"+4790009000"_qs);
-    world.click("CommandSlettBruker");
-    EXPECT_EQ(world.text(0), QString());
-    EXPECT_EQ(world.onDoors().size(), 1);
+    addUser(kUser, u"Fast"_qs, u"Aktiv "_qs, kOtherDoor);
+    clickTab(u"Alle"_qs);
+    field(2).setText(u"Ås"_qs);
+    QTest::keyClick(&control<QWidget>("UpDown1"), Qt::Key_Up);
+    EXPECT_EQ(module.KeySelect, kOtherDoor);
+    EXPECT_EQ(control<QLineEdit>("KeyTXT_0").text(), kOtherDoor);
+    EXPECT_EQ(control<QLineEdit>("KeyTXT_1").text(), u"Garasje"_qs);
+    EXPECT_EQ(numbersShown(), "4567");
+    EXPECT_EQ(texts(2, 2), "");
 }
 
-TEST(DoorPanel, StepperTakesTheWholeScreenToTheNextDoor)
+TEST_F(UserPanelTest, ShowsWhatItCanWithoutADatabase)
 {
-    PanelWorld world;
-    world.addUser(kUser, u"Fast"_qs, u"Aktiv "_qs, kOtherDoor);
-    world.clickTab(u"Alle"_qs);
-    world.field(2).setText(u"Ås"_qs);
-    QTest::keyClick(&world.control<QWidget>("UpDown1"), Qt::Key_Up);
-    EXPECT_EQ(world.module.KeySelect, kOtherDoor);
-    EXPECT_EQ(world.control<QLineEdit>("KeyTXT_0").text(), kOtherDoor);
-    EXPECT_EQ(world.control<QLineEdit>("KeyTXT_1").text(), u"Garasje"_qs);
-    EXPECT_EQ(world.numbersShown(), QStringList{kUser});
-    EXPECT_EQ(world.text(2), QString());
+    module.DatabaseConnection.reset();
+    panel.VisBrukerTabell();
+    person.answers(u"Ingen database er åpen"_qs); // from OpenRecordsets
+    type(0, kUser);
+    type(1, u"Kari"_qs);
+    EXPECT_EQ(tabs.tabText(0), u"Nye"_qs);
+    EXPECT_EQ(texts(0, 0), "+4791234567");
 }
 
-TEST(UserPanel, ShowsWhatItCanWithoutADatabase)
+TEST_F(UserPanelTest, TabKeyWalksThroughTheFormAsItIsLaidOut)
 {
-    PanelWorld world;
-    world.module.DatabaseConnection.reset();
-    world.panel.VisBrukerTabell();
-    world.person.answers(u"Ingen database er åpen"_qs); // from OpenRecordsets
-    world.type(0, kUser);
-    world.type(1, u"Kari"_qs);
-    EXPECT_EQ(world.tabs().tabText(0), u"Nye"_qs);
-    EXPECT_EQ(world.text(0), kUser);
-}
-
-TEST(UserPanel, TabWalksThroughTheFormAsItIsLaidOut)
-{
-    PanelWorld world;
-    world.field(0).setFocus();
+    field(0).setFocus();
     QStringList walk;
     for (int step = 0; step < 21; ++step) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
@@ -443,25 +357,6 @@ TEST(UserPanel, TabWalksThroughTheFormAsItIsLaidOut)
               "Txtfields_1 Txtfields_2 Txtfields_3 DTPickerFrom DTPickerTo FraTid TilTid "
               "Txtfields_4 Saldo UpDown3 cmdNyBruker CommandRegistrerBruker CommandSlettBruker "
               "CommandSendSMS TabStrip1 DataGrid1");
-}
-
-TEST(DataGrid1, EnterStandsForTheClickOfTheKeyboard)
-{
-    PanelWorld world;
-    world.addUser(kUser, u"Fast"_qs, u"Aktiv "_qs);
-    world.clickTab(u"Alle"_qs);
-    QTest::keyClick(&world.tabs(), Qt::Key_Tab);
-    EXPECT_EQ(world.text(0), QString()); // the focus alone brings no row
-    QTest::keyClick(&world.grid(), Qt::Key_Return);
-    EXPECT_EQ(world.text(0), kUser);
-}
-
-TEST(UserPanel, FitsBesideTheRightHandColumn)
-{
-    PanelWorld world;
-    EXPECT_LE(world.doors.minimumSizeHint().width(), 670);
-    EXPECT_LE(world.panel.minimumSizeHint().width(), 670);
-    EXPECT_LE(world.doors.minimumSizeHint().height() + world.panel.minimumSizeHint().height(), 520);
 }
 
 } // namespace

@@ -5,29 +5,19 @@
 UsersWorld::UsersWorld()
 {
     database.use(module);
-    for (const auto &[number, name] : {std::pair(kDoor, u"Hovedport"), {kOtherDoor, u"Garasje"}}) {
-        database.add(u"KEYTable"_qs, u"KeyNummer,KeyNavn,KeySikkerhet"_qs,
-                     {number, QString::fromUtf16(name), u"1"_qs});
+    for (const auto &[number, name] :
+         {std::pair(kDoor, u"Hovedport"_qs), {kOtherDoor, u"Garasje"_qs}}) {
+        database.add(u"KEYTable"_qs, u"KeyNummer,KeyNavn,KeySikkerhet"_qs, {number, name, u"1"_qs});
     }
     module.GridFilter = module.texts.nye;
     standOn(kDoor);
 }
 
-UserEntry UsersWorld::guest(const QString &number) const
+UserEntry UsersWorld::guest(const QString &number)
 {
-    UserEntry entry;
-    entry.number = number;
-    entry.fornavn = u"Kari"_qs;
-    entry.etternavn = u"Ås"_qs;
-    entry.status = u"NY"_qs;
-    entry.konto = u"Gjest"_qs;
-    entry.id = u"9999"_qs;
-    entry.from = QDate(2026, 12, 1);
-    entry.to = QDate(2026, 12, 3);
-    entry.fraTid = u"00"_qs;
-    entry.tilTid = u"24"_qs;
-    entry.saldo = u"0"_qs;
-    return entry;
+    return {number,     u"Kari"_qs,         u"Ås"_qs,           u"NY"_qs, u"Gjest"_qs,
+            u"9999"_qs, QDate(2026, 12, 1), QDate(2026, 12, 3), u"00"_qs, u"24"_qs,
+            u"0"_qs};
 }
 
 void UsersWorld::addUser(const QString &number, const QString &konto, const QString &status,
@@ -55,6 +45,17 @@ void UsersWorld::addWaiting(const QString &number, const QString &from, const QS
     refresh();
 }
 
+void UsersWorld::run(const QString &sql)
+{
+    database.look().run(sql);
+    refresh();
+}
+
+void UsersWorld::forbid(const QString &statement)
+{
+    run(u"CREATE TRIGGER held BEFORE %1 BEGIN SELECT RAISE(ABORT, 'held'); END"_qs.arg(statement));
+}
+
 void UsersWorld::refresh()
 {
     recordsets.OpenRecordsets();
@@ -67,31 +68,27 @@ void UsersWorld::standOn(const QString &door)
     refresh();
 }
 
-QStringList UsersWorld::rows(const QString &sql)
+std::string UsersWorld::rows(const QString &sql)
 {
     QStringList found;
     database.look().run(sql, {}, [&](const QVariantList &row) {
-        QStringList values;
-        for (const QVariant &value : row) {
-            values.append(value.toString());
-        }
-        found.append(values.join(u'|'));
+        found.append(QVariant(row).toStringList().join(u'|'));
     });
-    return found;
+    return found.join(u';').toStdString();
 }
 
-QStringList UsersWorld::queue()
+std::string UsersWorld::state()
 {
-    return rows(u"SELECT TilNummer, SMS_Text, Etternavn, Dato, CMGS FROM SMS_Sent ORDER BY ID"_qs);
+    return rows(u"SELECT substr(KeyNummer, -1), substr(KeyBruker, -4), [Gyldig fra], Status"
+                " FROM TBLbrukere ORDER BY Rad"_qs) +
+           " // " +
+           rows(u"SELECT substr(KeyNummer, -1), substr(Bruker, -4), [Gyldig fra], Status"
+                " FROM NYEbrukere ORDER BY ID"_qs) +
+           " // " + queue();
 }
 
-QStringList UsersWorld::waiting()
+std::string UsersWorld::queue()
 {
-    return rows(u"SELECT KeyNummer, Bruker, [Gyldig fra], Status FROM NYEbrukere ORDER BY ID"_qs);
-}
-
-QStringList UsersWorld::onDoors()
-{
-    return rows(
-        u"SELECT KeyNummer, KeyBruker, [Gyldig fra], Status FROM TBLbrukere ORDER BY Rad"_qs);
+    return rows(u"SELECT substr(TilNummer, -1), SMS_Text, Dato FROM SMS_Sent"
+                " WHERE CMGS = 'UNSENT' ORDER BY ID"_qs);
 }
