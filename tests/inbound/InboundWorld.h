@@ -1,70 +1,128 @@
 #pragma once
 
-#include "data/Module1.h"
-#include "data/Recordsets.h"
 #include "inbound/MessageReader.h"
-#include "modem/ModemLink.h"
-#include "support/Doubles.h"
-#include "support/FakeLines.h"
-#include "support/TestDatabase.h"
+#include "modem/ModemWorld.h"
 
 #include <map>
 
-/// The inbound side on a real database, with a modem on COM1 that holds messages in its store,
-/// lists them and deletes them. Two doors stand in KEYTable: kDoor, "Hovedport", and kBackDoor,
-/// which has no name.
-class InboundWorld {
-public:
+/// The inbound side with a modem on COM1 that holds messages in its store, lists them and deletes
+/// them. Two doors stand in KEYTable: kDoor, "Hovedport", and kBackDoor, which has no name.
+struct InboundWorld : ModemWorld {
     static constexpr const char *kDoor = "+4790000001";
     static constexpr const char *kBackDoor = "+4790000002";
 
-    InboundWorld();
+    InboundWorld()
+    {
+        for (const auto &[number, name] :
+             {std::pair{kDoor, u"Hovedport"_qs}, {kBackDoor, u""_qs}}) {
+            database.add(u"KEYTable"_qs, u"KeyNummer,KeyNavn,KeySikkerhet"_qs,
+                         {QString::fromLatin1(number), name, u"4"_qs});
+        }
+        ready(false);
+        port.onWrite = [this](const QByteArray &bytes) { answer(bytes.trimmed()); };
+        recordsets.OpenRecordsets();
+        link.watcher.StartNyBruker = [] {};
+        link.watcher.Read_SMS_MessageTEXT = [this] { reader.Read_SMS_MessageTEXT(); };
+        link.TimerCom->setEnabled(true);
+    }
 
     /// All but the doors goes, for the next case of a table: a world of its own for each would
     /// mean to derive the database's key as often.
-    void empty();
-    void person(const QString &number, const QString &Etternavn, const QString &Fornavn);
+    void empty()
+    {
+        for (const char *const table : {"TBLbrukere", "Katalog", "SMS_Received"}) {
+            database.look().run(u"DELETE FROM "_qs + QLatin1String(table));
+        }
+        recordsets.OpenRecordsets();
+        store.clear();
+        commands.clear();
+        module.RefreshPending = false;
+        module.SenderNumber = u"+4798765432"_qs;
+    }
+    void inCatalogue(const QString &number, const QString &Etternavn, const QString &Fornavn)
+    {
+        database.add(u"Katalog"_qs, u"Bruker,BrukerKort,Etternavn,Fornavn"_qs,
+                     {number, number.mid(3), Etternavn, Fornavn});
+        recordsets.OpenRecordsets();
+    }
     /// A row of TBLbrukere with the account "Gjest", balance 5 and the state "Registrerer".
-    void user(const QString &number, const QString &door);
+    void user(const QString &number, const QString &door)
+    {
+        database.add(
+            u"TBLbrukere"_qs,
+            u"KeyBruker,KeyNummer,Gyldig fra,FraTid,Gyldig til,TilTid,Konto,Saldo,Status"_qs,
+            {number, door, u"1/1/2026"_qs, u"06"_qs, u"2/1/2026"_qs, u"18"_qs, u"Gjest"_qs, u"5"_qs,
+             u"Registrerer"_qs});
+        recordsets.OpenRecordsets();
+    }
 
     /// Puts a message into the modem's store, as raw bytes of the line.
-    void receives(int index, const QByteArray &sender, const QByteArray &body);
-    /// Any other record, as it stands in a listing.
-    void holds(int index, const QByteArray &record) { store[index] = record; }
+    void receives(int index, const QByteArray &sender, const QByteArray &body)
+    {
+        store[index] = "+CMGL: " + QByteArray::number(index) + ",\"REC UNREAD\",\"" + sender +
+                       "\",,\"26/12/01,12:34:56+04\"\r\n" + body + "\r\n";
+    }
     /// The modem lists its store once, as asked or not, and what it brings is dealt with.
-    void lists();
-    /// One message from the door, read and dealt with.
-    void doorSays(const QByteArray &body, const QByteArray &door = kDoor);
+    void lists()
+    {
+        answer("AT+CMGL=ALL");
+        clock.run(1500ms);
+    }
+    void doorSays(const QByteArray &body, const QByteArray &door = kDoor)
+    {
+        receives(7, door, body);
+        lists();
+    }
 
     /// The rows of a query, columns joined by "|", for comparing and printing.
-    std::vector<std::string> rows(const QString &sql);
-    /// KeyBruker|KeyNummer|Status|Gyldig fra|FraTid|Gyldig til|TilTid|Konto|Saldo
-    std::vector<std::string> users();
-    /// Bruker|BrukerKort|Etternavn|Fornavn
-    std::vector<std::string> persons();
-    /// FraNummer|FraNummerKort|Etternavn|Fornavn|Dato|SMS_Text
-    std::vector<std::string> filed();
-    /// Commands that the modem was given, without "AT+CMGL=ALL".
-    QByteArrayList commands;
+    std::vector<std::string> rows(const QString &sql)
+    {
+        std::vector<std::string> result;
+        for (const QString &row : ModemWorld::rows(sql)) {
+            result.push_back(row.toStdString());
+        }
+        return result;
+    }
+    std::vector<std::string> users()
+    {
+        return rows(u"SELECT KeyBruker, KeyNummer, Status, [Gyldig fra], FraTid, [Gyldig til], "
+                    "TilTid, Konto, Saldo FROM TBLbrukere ORDER BY rowid"_qs);
+    }
+    std::vector<std::string> persons()
+    {
+        return rows(u"SELECT Bruker, BrukerKort, Etternavn, Fornavn FROM Katalog "
+                    "ORDER BY rowid"_qs);
+    }
+    std::vector<std::string> filed()
+    {
+        return rows(u"SELECT FraNummer, FraNummerKort, Etternavn, Fornavn, Dato, SMS_Text "
+                    "FROM SMS_Received ORDER BY rowid"_qs);
+    }
 
+    void answer(const QByteArray &command)
+    {
+        if (command == "AT+CMGL=ALL") {
+            for (const auto &[index, record] : store) {
+                port.feed("\r\n" + record);
+            }
+            port.feed(endsListing ? "\r\nOK\r\n" : "");
+            return;
+        }
+        commands += command;
+        if (refusedDeletes > 0) {
+            --refusedDeletes;
+            port.feed("\r\nERROR\r\n");
+        } else {
+            store.erase(command.mid(8).toInt());
+            port.feed("\r\nOK\r\n");
+        }
+    }
+
+    QByteArrayList commands; ///< without "AT+CMGL=ALL"
     std::map<int, QByteArray> store;
     int refusedDeletes = 0;      ///< so many deletions are answered by "ERROR"
     bool endsListing = true;     ///< "OK" stands behind a listing
     std::function<void()> shown; ///< runs inside VisBrukerTabell
-
-    VirtualClock clock;
-    FakeHost host;
-    ScriptedOperator operator_{clock};
-    RecordingView view;
-    TestDatabase database;
-    FakeSerialPort port;
-    FakeTcpSocket socket{clock};
-    Module1 module;
-    Recordsets recordsets{module, operator_};
-    ModemLink link{clock, host, operator_, port, socket, view, module, recordsets};
     MessageReader reader{
         link, module, recordsets, view, clock, host, [this] { shown ? shown() : void(); }};
-
-private:
-    void answer(const QByteArray &command);
 };

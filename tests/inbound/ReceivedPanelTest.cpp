@@ -42,47 +42,38 @@ protected:
     ReceivedPanel panel{recordsets, person};
 };
 
-TEST_F(ReceivedPanelTest, ArrowsGoRoundPastEitherEndWithABeep)
+TEST_F(ReceivedPanelTest, ArrowsGoRoundAndTheStepperStopsAtEitherEndWithABeep)
 {
     fill(3);
-    EXPECT_EQ(shownId(), u"3"_qs);
-    click(u"ArrowRight"_qs);
-    EXPECT_EQ(shownId(), u"1"_qs);
-    EXPECT_EQ(person.beeps, 1);
-    click(u"ArrowLeft"_qs);
-    EXPECT_EQ(shownId(), u"3"_qs);
-    EXPECT_EQ(person.beeps, 2);
-    click(u"ArrowLeft"_qs);
-    EXPECT_EQ(shownId(), u"2"_qs);
-    EXPECT_EQ(panel.messageOnScreen(), 2);
-    EXPECT_EQ(person.beeps, 2);
-}
-
-TEST_F(ReceivedPanelTest, StepperStopsAtEitherEndWithABeep)
-{
-    fill(2);
     auto *const stepper = find<UpDown>(u"UpDown2"_qs);
-    emit stepper->up();
-    EXPECT_EQ(shownId(), u"2"_qs);
-    EXPECT_EQ(person.beeps, 1);
-    emit stepper->down();
-    EXPECT_EQ(shownId(), u"1"_qs);
-    EXPECT_EQ(person.beeps, 1);
-    emit stepper->down();
-    EXPECT_EQ(shownId(), u"1"_qs);
-    EXPECT_EQ(person.beeps, 2);
-    EXPECT_EQ(panel.messageOnScreen(), 1);
+    const auto left = [&] { click(u"ArrowLeft"_qs); };
+    const auto right = [&] { click(u"ArrowRight"_qs); };
+    const auto up = [&] { emit stepper->up(); };
+    const auto down = [&] { emit stepper->down(); };
+    const struct {
+        std::function<void()> step;
+        int shown;
+        int beeps;
+    } kSteps[] = {{right, 1, 1}, {left, 3, 2}, {left, 2, 2}, {up, 3, 2},
+                  {up, 3, 3},    {down, 2, 3}, {down, 1, 3}, {down, 1, 4}};
+    for (const auto &[step, shown, beeps] : kSteps) {
+        step();
+        EXPECT_EQ(shownId(), QString::number(shown));
+        EXPECT_EQ(panel.messageOnScreen(), shown);
+        EXPECT_EQ(person.beeps, beeps);
+    }
 }
 
-TEST_F(ReceivedPanelTest, NoMessagesNoBeep)
+TEST_F(ReceivedPanelTest, StepsNowhereWithoutMessagesOrADatabase)
 {
+    person.answers(u"Tabellen er ikke åpnet"_qs);
+    click(u"ArrowLeft"_qs);
     fill(0);
     click(u"ArrowLeft"_qs);
-    click(u"ArrowRight"_qs);
-    emit find<UpDown>(u"UpDown2"_qs)->up();
     emit find<UpDown>(u"UpDown2"_qs)->down();
     EXPECT_EQ(person.beeps, 0);
     EXPECT_EQ(shownId(), QString());
+    EXPECT_EQ(person.texts.size(), 1);
 }
 
 TEST_F(ReceivedPanelTest, PhoneShowsTheFieldsInItsOwnOrder)
@@ -90,33 +81,6 @@ TEST_F(ReceivedPanelTest, PhoneShowsTheFieldsInItsOwnOrder)
     fill(1);
     EXPECT_EQ(find<QPlainTextEdit>(u"PhoneDisplay"_qs)->toPlainText(),
               u"Nummer: 1\nFra  : +4790000001\nNavn: Port 1\n26/12/01,12:34:56\n\nMelding 1"_qs);
-}
-
-TEST_F(ReceivedPanelTest, PhoneIsSeenOnlyWithTheModemOn)
-{
-    for (const bool on : {true, false}) {
-        panel.setModemOn(on);
-        EXPECT_EQ(!find<QWidget>(u"PhoneDisplay"_qs)->isHidden(), on);
-        EXPECT_EQ(!find<QWidget>(u"PhoneOn"_qs)->isHidden(), on);
-        EXPECT_EQ(find<QWidget>(u"PhoneOff"_qs)->isHidden(), on);
-    }
-}
-
-TEST_F(ReceivedPanelTest, MessagesCannotBeTypedOver)
-{
-    for (const char *const index : {"0", "1", "2", "4"}) {
-        const auto *const field = find<QLineEdit>(u"SMSRectxt_"_qs + QLatin1String(index));
-        EXPECT_TRUE(field->isReadOnly()) << index;
-    }
-    EXPECT_TRUE(find<QPlainTextEdit>(u"SMSRectxt_3"_qs)->isReadOnly());
-    EXPECT_TRUE(find<QPlainTextEdit>(u"PhoneDisplay"_qs)->isReadOnly());
-}
-
-TEST_F(ReceivedPanelTest, WithoutADatabaseAStepTellsTheFailure)
-{
-    person.answers(u"Tabellen er ikke åpnet"_qs);
-    click(u"ArrowLeft"_qs);
-    EXPECT_EQ(person.texts.size(), 1);
 }
 
 } // namespace
