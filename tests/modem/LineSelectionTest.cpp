@@ -94,21 +94,14 @@ TEST_F(Selection, ConnectsToTheNetworkModemThatIsTyped)
     EXPECT_FALSE(person.busy);
 }
 
-TEST_F(Selection, LeavesTheGroupInViewWhenTheAddressIsNotGiven)
+TEST_F(Selection, GoesBackWhenTheAddressOrTheConnectionIsNotWanted)
 {
-    for (const QStringList &typed : {QStringList{{}}, QStringList{u"10.0.0.7"_qs, {}}}) {
-        for (const QString &answer : typed) {
-            person.types(u"Nettverksmodem"_qs, answer);
-        }
-        link.selection.mnuComPortWinsock();
-        EXPECT_TRUE(view.controls.groupVisible);
-        EXPECT_EQ(module.ActiveComPort, 0);
-        EXPECT_EQ(view.host, u"127.0.0.1"_qs);
-    }
-}
-
-TEST_F(Selection, AsksAtTheStartOnTheNetworkModem)
-{
+    person.types(u"Nettverksmodem"_qs, u"10.0.0.7"_qs);
+    person.types(u"Nettverksmodem"_qs, {});
+    link.selection.mnuComPortWinsock();
+    EXPECT_TRUE(view.controls.groupVisible);
+    EXPECT_EQ(module.ActiveComPort, 0);
+    EXPECT_EQ(view.host, u"127.0.0.1"_qs);
     module.ActiveComPort = 255;
     person.answers(u"Kobler til: 127.0.0.1 Port 23"_qs, Answer::Cancel);
     link.selection.SelectModemLine();
@@ -117,6 +110,8 @@ TEST_F(Selection, AsksAtTheStartOnTheNetworkModem)
     // On purpose: the address and the busy pointer stay as the question left them.
     EXPECT_EQ(seen(), "group terminal connect:ve disconnect:-- commands");
     EXPECT_TRUE(person.busy);
+    link.selection.ComShowCom();
+    EXPECT_FALSE(view.controls.terminalVisible);
 }
 
 TEST_F(Selection, RefusesWhatIsNoTcpPort)
@@ -180,23 +175,6 @@ TEST_F(Selection, KeepsTheModemReadyWhenTheFarSideClosesAndNotWhenItRefuses)
     EXPECT_FALSE(module.ModemReady);
     EXPECT_FALSE(link.flags.ModemInitRunning);
     EXPECT_EQ(seen(), "connect:ve disconnect:-- address");
-}
-
-TEST_F(Selection, ShowsAndHidesTheTerminalWithAndWithoutTheGroup)
-{
-    for (const quint8 line : {quint8{1}, kNetworkModem}) {
-        const bool network = line == kNetworkModem;
-        module.ActiveComPort = line;
-        if (network) {
-            person.answers(u"Kobler til"_qs);
-        }
-        link.selection.SelectModemLine();
-        for (const bool shown : {!network, network}) {
-            link.selection.ComShowCom();
-            EXPECT_EQ(view.controls.terminalVisible, shown);
-            EXPECT_EQ(view.controls.groupVisible, network);
-        }
-    }
 }
 
 TEST_F(Selection, EndsEveryHandlerInSilenceWithTheProgram)

@@ -64,18 +64,6 @@ TEST_F(Initialiser, AsksForReportsAndWaitsBetweenTheStepsAsModemsNeedIt)
     EXPECT_EQ(comModem.commands.value(11), "AT+CNMI=1,1,0,2,1");
 }
 
-TEST_F(Initialiser, KeepsTheStoredNamesOfAModemThatTellsNone)
-{
-    openCom();
-    database.look().run(
-        u"UPDATE Modem SET IMEICODE = '17', ModemManufacturer = 'M', ModemName = 'N'"_qs);
-    for (const char *question : {"AT+CGMI", "AT+CGMM", "AT+GSN"}) {
-        comModem.answers[question] = "  \r\nOK\r\n";
-    }
-    link.initialiser.InitModem();
-    EXPECT_EQ(row(), u"17|M|N|1|KONTOR-1"_qs);
-}
-
 TEST_F(Initialiser, GivesUpOnAMuteModemBehindFiveAttemptsAndReleasesWhatItHad)
 {
     openCom();
@@ -144,10 +132,8 @@ TEST_F(Initialiser, LosesOnlyTimeOnAModemThatRefusesOneStorage)
 TEST_F(Initialiser, StopsTheTimersWithoutALine)
 {
     const QString released = u"0|No Modem| |0|?"_qs;
-    const std::tuple<quint8, bool, QString> kCases[] = {{0, true, released},
-                                                        {3, true, released},
-                                                        {255, true, released},
-                                                        {0, false, u"?|?|NT-1|0|KONTOR-1"_qs}};
+    const std::tuple<quint8, bool, QString> kCases[] = {
+        {0, true, released}, {255, true, released}, {0, false, u"?|?|NT-1|0|KONTOR-1"_qs}};
     for (const auto &[active, wasReady, expected] : kCases) {
         database.look().run(u"UPDATE Modem SET IMEICODE = '?', ModemManufacturer = '?'"_qs);
         setRow(u"KONTOR-1"_qs);

@@ -80,15 +80,6 @@ TEST_P(OnBothLines, HoldsOnlySoMuchOfALineWithoutAnEnd)
     EXPECT_EQ(link.line.ReadModemLine(), u"OK"_qs);
 }
 
-TEST_P(OnBothLines, TellsWhetherATickMayTakeALine)
-{
-    EXPECT_FALSE(link.line.hasLine());
-    say(network, "+CMTI");
-    EXPECT_EQ(link.line.hasLine(), !network) << "the network wants the line's end";
-    say(network, "\r");
-    EXPECT_TRUE(link.line.hasLine());
-}
-
 TEST_P(OnBothLines, WaitsForOkThroughAHundredLines)
 {
     for (const auto &[noise, end, result] : {std::tuple{0, "ok\r", true},

@@ -123,25 +123,6 @@ TEST_F(Watcher, KeepsALineWholeThatComesOverSeveralTicks)
     EXPECT_EQ(link.response.text(), u"+CMTI: \"SM\",1"_qs);
 }
 
-TEST_F(Watcher, ShowsOneBoxForALineThatKeepsFailing)
-{
-    link.TimerCom->setEnabled(true);
-    link.watcher.Read_SMS_MessageTEXT = [] {};
-    person.answers(u"The port is gone"_qs, Answer::Ok, 10s);
-    clock.after(500ms, [&] { port.unplug(); });
-    // A port that fails on every look, as a driver that hangs would.
-    for (const milliseconds again : {2s, 4s}) {
-        clock.after(again, [&] {
-            port.plugIn();
-            openCom();
-            port.unplug();
-        });
-    }
-    clock.run(12s);
-    EXPECT_EQ(person.texts.size(), 1);
-    EXPECT_TRUE(link.TimerCom->isEnabled());
-}
-
 TEST_F(Watcher, FeedsSendsAndAsksForTheListingOnATick)
 {
     int refreshes = 0;

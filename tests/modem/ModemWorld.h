@@ -83,18 +83,18 @@ struct ModemBench {
         socket.onWrite = [this](const QByteArray &bytes) { networkModem.hears(bytes); };
     }
 
-    void openCom()
+    void open(bool network)
     {
-        module.ActiveComPort = 1;
-        port.open(u"COM1"_qs);
+        module.ActiveComPort = network ? 255 : 1;
+        if (network) {
+            socket.connectTo(u"modem"_qs, 23);
+            clock.run(1ms);
+        } else {
+            port.open(u"COM1"_qs);
+        }
     }
-    void openNetwork()
-    {
-        module.ActiveComPort = 255;
-        socket.connectTo(u"modem"_qs, 23);
-        clock.run(1ms);
-    }
-    void open(bool network) { network ? openNetwork() : openCom(); }
+    void openCom() { open(false); }
+    void openNetwork() { open(true); }
     void ready(bool network)
     {
         open(network);

@@ -100,7 +100,7 @@ TEST_F(Queue, TellsInTheRowWhatBecameOfIt)
     }
 }
 
-TEST_F(Queue, SendsTheEarliestDayFirstAndADayInTheOrderOfTheTable)
+TEST_F(Queue, SendsTheEarliestDayFirstInTheOrderOfTheTableAndThenSlowsDown)
 {
     waits(u"late"_qs, 46360);
     waits(u"withdrawn"_qs, 46300, u"SLETTET"_qs);
@@ -111,20 +111,13 @@ TEST_F(Queue, SendsTheEarliestDayFirstAndADayInTheOrderOfTheTable)
         recordsets.OpenRecordsets();
     }
     EXPECT_EQ(comModem.texts, (QList<QByteArray>{"first of the day", "second of the day", "late"}));
+    EXPECT_TRUE(link.flags.QueuePending);
+    link.pace.restart(4500ms);
     link.queue.SendQueuedSms();
     EXPECT_EQ(comModem.texts.size(), 3);
-}
-
-TEST_F(Queue, SlowsDownAndEndsTheSpellWhenNothingWaits)
-{
-    link.flags.QueuePending = true;
-    waits(u"done"_qs, 46357, u"17:OK"_qs);
-    link.queue.SendQueuedSms();
     EXPECT_FALSE(link.flags.QueuePending);
     EXPECT_FALSE(link.flags.QueueRunning);
     EXPECT_EQ(link.pace.interval(), 6750ms);
-    EXPECT_EQ(port.written, QByteArray());
-    EXPECT_TRUE(link.TimerCom->isEnabled());
 }
 
 TEST_F(Queue, MarksTheUserOfTheDoorAlone)
