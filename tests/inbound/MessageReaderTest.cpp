@@ -208,18 +208,6 @@ TEST(MessageReader, PortThatGoesInTheMiddleLeavesTheLinkReady)
     EXPECT_FALSE(world.link.flags.ReadingMessages);
 }
 
-TEST(MessageReader, WithoutADatabaseTheMessageIsStillDeleted)
-{
-    InboundWorld world;
-    world.recordsets.rsSmsReceived.close();
-    world.recordsets.rsKatalog.close();
-    world.recordsets.rsBrukereAll.close();
-    world.doorSays("Hovedport\n91234567 er lagt til");
-    EXPECT_THAT(world.filed(), IsEmpty());
-    EXPECT_THAT(world.users(), IsEmpty());
-    EXPECT_TRUE(world.store.empty());
-}
-
 TEST(MessageReader, RefusedRowDoesNotRideAlongWithTheNext)
 {
     InboundWorld world;

@@ -151,14 +151,6 @@ TEST_F(Initialiser, StopsTheTimersWithoutALine)
     }
 }
 
-TEST_F(Initialiser, TakesASocketThatIsStillConnectingForALine)
-{
-    socket.silent = true;
-    openNetwork();
-    person.answers(kNotFound);
-    EXPECT_EQ(timed([&] { link.initialiser.InitModem(); }), 5 * (3 * 4 * 1010ms + 2 * 10ms));
-}
-
 TEST_F(Initialiser, ShowsWhatBreaksInsideAndLeavesTheModemAsItWas)
 {
     for (const bool wasReady : {false, true}) {
