@@ -12,8 +12,15 @@
 
 using testing::HasSubstr;
 
-/// The name of a row in a table of cases.
-inline constexpr auto caseName = [](const auto &row) { return std::string(row.param.name); };
+inline std::string failureOf(const std::function<void()> &work)
+{
+    try {
+        work();
+    } catch (const RuntimeFailure &failure) {
+        return failure.description().toStdString();
+    }
+    return "no failure";
+}
 
 struct DataTest : testing::Test {
     void addPerson(const QString &Bruker, const QString &Etternavn)

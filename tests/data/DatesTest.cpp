@@ -29,15 +29,4 @@ TEST(Dates, AreReadInTheSystemsOrderFirst)
     }
 }
 
-TEST(Dates, FormsOfTheTables)
-{
-    const QDate day(2026, 2, 3);
-    EXPECT_EQ(dayText(day), u"3/2/2026");
-    EXPECT_EQ(commandDate(day), u"260203");
-    EXPECT_EQ(storedDate(day), u"2026-02-03");
-    EXPECT_EQ(dayNumber(QDate(1900, 1, 1)), 2);
-    EXPECT_EQ(dayNumber(day), 46056);
-    EXPECT_EQ(readStoredDay(dayText(day)), day);
-}
-
 } // namespace

@@ -2,7 +2,6 @@
 
 #include "data/DataTest.h"
 #include "data/LanguageRows.h"
-#include "data/ScreenTexts.h"
 
 #include <QMap>
 #include <QSet>
@@ -40,20 +39,6 @@ TEST_F(LanguageTableTest, DeliveredTextsStandAtAllPositionsOfTheMainScreen)
     for (const char *country : {"47", "46", "45"}) {
         const auto texts = read(QString::fromUtf8(country)).keys();
         EXPECT_EQ(QSet<int>(texts.begin(), texts.end()), positions) << country;
-    }
-}
-
-TEST_F(LanguageTableTest, DefaultsOfTheMessagesAreWhatTheTableSaysInNorwegian)
-{
-    ScreenTexts given;
-    const auto texts = read(u"47"_qs);
-    for (auto text = texts.begin(); text != texts.end(); ++text) {
-        applyWord(given, static_cast<quint8>(text.key()), text.value());
-    }
-    const ScreenTexts designed;
-    for (const auto text : {&ScreenTexts::compactQuestion, &ScreenTexts::brukerVenter,
-                            &ScreenTexts::sjekkNummer, &ScreenTexts::minstElleve}) {
-        EXPECT_EQ(given.*text, designed.*text);
     }
 }
 

@@ -26,38 +26,22 @@ struct RecordsetsTest : DataTest {
     int displays = 0;
 };
 
-TEST_F(RecordsetsTest, CurrentDoorIsShownWithItsUsers)
+TEST_F(RecordsetsTest, CurrentDoorIsShownWithItsUsersElseTheFirst)
 {
     addUser(u"a"_qs, u"+4790000002"_qs);
     addUser(u"b"_qs, u"+4790000001"_qs);
     module.KeySelect = u"+4790000002"_qs;
     recordsets.OpenRecordsets();
-    EXPECT_EQ(recordsets.doorNumber(), u"+4790000002");
     EXPECT_EQ(recordsets.doorName(), u"Garasje");
     EXPECT_EQ(recordsets.rsBrukereKey.recordCount(), 1);
     EXPECT_EQ(recordsets.rsBrukereKey.text(u"KeyBruker"_qs), u"a");
-    EXPECT_EQ(displays, 1);
-    recordsets.rsKeyAllowed.moveFirst();
-    EXPECT_EQ(recordsets.doorName(), u"Hovedport");
-}
-
-TEST_F(RecordsetsTest, DoorAboveTheLevelLeavesTheSetAtItsEndAndShowsTheFirst)
-{
-    module.KeySelect = u"+4790000003"_qs;
+    addDoor(u"+4790000010"_qs, u"Ti"_qs, u"10"_qs); // levels compare as text
+    module.KeySelect = u"+4790000003"_qs;           // above the level
     recordsets.OpenRecordsets();
+    EXPECT_EQ(column(recordsets.rsKeyAllowed, 1), "Hovedport|Garasje|Ti");
     EXPECT_TRUE(recordsets.rsKeyAllowed.eof());
-    EXPECT_EQ(recordsets.doorNumber(), u"+4790000001");
     EXPECT_EQ(recordsets.doorName(), u"Hovedport");
-    EXPECT_EQ(recordsets.rsKeyAll.recordCount(), 3);
-}
-
-TEST_F(RecordsetsTest, LevelsCompareAsText)
-{
-    addDoor(u"+4790000010"_qs, u"Ti"_qs, u"10"_qs);
-    addDoor(u"+4790000052"_qs, u"Femtito"_qs, u"52"_qs);
-    module.SecurityLevel = u"5"_qs;
-    recordsets.OpenRecordsets();
-    EXPECT_EQ(column(recordsets.rsKeyAllowed, 1), "Hovedport|Ti");
+    EXPECT_EQ(displays, 2);
 }
 
 TEST_F(RecordsetsTest, EmptyTablesAreNoFailure)
@@ -100,18 +84,6 @@ TEST_F(RecordsetsTest, DoorsAreCountedForEachUserOnce)
     EXPECT_EQ(recordsets.rsKeyAntall.recordCount(), 2);
     ASSERT_TRUE(recordsets.rsKeyAntall.findFirst(u"KeyBruker"_qs, u"+4791000001"_qs));
     EXPECT_EQ(recordsets.rsKeyAntall.text(u"KEY_Antall"_qs), u"2");
-    EXPECT_EQ(database.single(u"SELECT antallavkeynummer FROM brukertillatelser"
-                              " WHERE Bruker = '+4791000001'"_qs),
-              u"2");
-}
-
-TEST_F(RecordsetsTest, RowOfAnotherPcIsThereAfterTheNextRefresh)
-{
-    recordsets.OpenRecordsets();
-    database.open()->run(u"UPDATE Modem SET ModemOwner = 'PC2', ModemStatus = -1"_qs);
-    recordsets.OpenRecordsets();
-    EXPECT_EQ(recordsets.rsModem.text(u"ModemOwner"_qs), u"PC2");
-    EXPECT_TRUE(recordsets.rsModem.value(u"ModemStatus"_qs).toBool());
 }
 
 TEST_F(RecordsetsTest, FailureIsShownAndStopsTheRefreshWhereItStands)
@@ -122,15 +94,10 @@ TEST_F(RecordsetsTest, FailureIsShownAndStopsTheRefreshWhereItStands)
     recordsets.OpenRecordsets();
     EXPECT_FALSE(recordsets.rsKatalog.isOpen());
     EXPECT_TRUE(recordsets.rsBrukereKey.isOpen());
-    EXPECT_EQ(displays, 1);
-}
-
-TEST_F(RecordsetsTest, QuoteInTheStoredDoorFailsInWords)
-{
     module.KeySelect = u"x' OR '1'='1"_qs;
     person.answers(u"apostrof"_qs);
     recordsets.OpenRecordsets();
-    EXPECT_EQ(displays, 0);
+    EXPECT_EQ(displays, 1);
 }
 
 TEST_F(RecordsetsTest, MissingDatabaseIsShownAndLeavesNoConnection)
@@ -193,9 +160,7 @@ TEST_F(CompactionTest, FileHeldByAnotherStaysAsItIs)
     EXPECT_FALSE(QFile::exists(module.TempDatabasePath));
     recordsets.CompactRequested = false;
     recordsets.OpenDatabase();
-    recordsets.OpenRecordsets();
     EXPECT_FALSE(recordsets.CompactFailed);
-    EXPECT_EQ(recordsets.rsSmsOutbox.recordCount(), 3);
 }
 
 TEST_F(CompactionTest, FileLeftByAnEarlierOneIsNotTouched)

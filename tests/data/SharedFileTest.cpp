@@ -90,7 +90,7 @@ TEST_F(SharedFileTest, LockedFileKeepsTheTypedValuesForTheNextTry)
     ours.open(impatient, {.source = u"Katalog"_qs, .columns = {u"Etternavn"_qs}});
     ours.setValue(u"Etternavn"_qs, u"Moe"_qs);
     busy->run(u"BEGIN EXCLUSIVE"_qs);
-    EXPECT_THROW(ours.update(), RuntimeFailure);
+    EXPECT_THAT(failureOf([&] { ours.update(); }), HasSubstr("låst av et annet program"));
     busy->run(u"COMMIT"_qs);
     ours.update();
     EXPECT_EQ(stored(), u"Moe");

@@ -4,7 +4,7 @@ namespace {
 
 using SlettBruker = UsersWorld;
 
-TEST_F(SlettBruker, WaitingPeriodGoesInSilence)
+TEST_F(SlettBruker, WaitingPeriodGoesInSilenceButFromNumber9999OnTheUserGoes)
 {
     addUser(kUser, u"Gjest"_qs);
     addWaiting(kUser, u"6/12/2026"_qs);
@@ -12,11 +12,6 @@ TEST_F(SlettBruker, WaitingPeriodGoesInSilence)
     entry.id = database.single(u"SELECT ID FROM NYEbrukere"_qs);
     EXPECT_TRUE(users.SlettBruker(entry));
     EXPECT_EQ(state(), "1|4567|5/12/2026|Aktiv  //  // ");
-}
-
-TEST_F(SlettBruker, PeriodNumberedFrom9999OnIsTakenForTheUserOnTheDoor)
-{
-    addUser(kUser, u"Gjest"_qs);
     addWaiting(kUser, u"6/12/2026"_qs);
     run(u"UPDATE NYEbrukere SET ID = 9999"_qs);
     users.SlettBruker(guest());

@@ -16,9 +16,6 @@ inline const QString kOtherDoor = QStringLiteral("+4790000002");
 inline const QString kUser = QStringLiteral("+4791234567");
 inline const QString kOtherUser = QStringLiteral("+4790009000");
 
-/// The name of a row in a table of cases.
-inline constexpr auto caseName = [](const auto &row) { return std::string(row.param.name); };
-
 /// The users' side without a screen: a database with two doors, standing on the first. It is
 /// 1 December 2026.
 struct UsersWorld : testing::Test {
