@@ -38,6 +38,7 @@ TEST_F(SharedFileTest, ChangedRowIsNeitherOverwrittenNorDeleted)
 
 TEST_F(SharedFileTest, ChangeOfCaseBlanksOrAnotherColumnCountsAsChange)
 {
+    run(u"UPDATE Katalog SET Poststed = 'Moss'"_qs); // which neither set reads
     change(theirs, u"BERG "_qs);
     EXPECT_THROW(change(ours, u"Moe"_qs), RuntimeFailure);
     change(theirs, u"Berg"_qs);
@@ -45,12 +46,6 @@ TEST_F(SharedFileTest, ChangeOfCaseBlanksOrAnotherColumnCountsAsChange)
     theirs.setValue(u"Fornavn"_qs, QString());
     theirs.update();
     EXPECT_THROW(change(ours, u"Moe"_qs), RuntimeFailure);
-}
-
-TEST_F(SharedFileTest, OnlyChangedColumnsAreWritten)
-{
-    run(u"UPDATE Katalog SET Poststed = 'Moss'"_qs);
-    change(ours, u"Moe"_qs);
     EXPECT_EQ(database.single(u"SELECT Poststed FROM Katalog"_qs), u"Moss");
 }
 
@@ -62,16 +57,9 @@ TEST_F(SharedFileTest, DeletedRowIsNeitherChangedNorDeletedAgain)
     EXPECT_TRUE(ours.isEmpty());
 }
 
-TEST_F(SharedFileTest, SamePersonTwiceFails)
-{
-    ours.addNew();
-    ours.setValue(u"Bruker"_qs, u"+4790000001 "_qs);
-    EXPECT_THROW(ours.update(), RuntimeFailure);
-    EXPECT_EQ(theirs.recordCount(), 1);
-}
-
 TEST_F(SharedFileTest, SortedWalkPassesOverARowDeletedByAnother)
 {
+    EXPECT_THROW(addPerson(u"+4790000001 "_qs, {}), RuntimeFailure); // the same person
     addPerson(u"2"_qs, u"Dahl"_qs);
     addPerson(u"3"_qs, u"Moe"_qs);
     ours.sort(u"Etternavn"_qs);

@@ -1,7 +1,6 @@
 #include "users/Commands.h"
 #include "platform/RuntimeFailure.h"
 #include "users/Balance.h"
-#include "users/Numbers.h"
 #include "users/UsersWorld.h"
 
 namespace {
@@ -30,6 +29,8 @@ TEST(RegisterCommand, IsBuiltFromTheEntry)
              {"I 91234567*1", kUser, u"1"_qs, QDate(), QDate(), {}, {}},
              {"I 912345678*5", u"+479123456789012"_qs, u"5"_qs}, // the tenth digit is lost
              {"i 791234567*5", u"004791234567"_qs, u"5"_qs},     // two zeros are no plus
+             {"I 4712345*5", u"12+4712345"_qs, u"5"_qs},
+             {"I *5", u"+47"_qs, u"5"_qs},
              {"I 91234567>2612017:30<261203",
               kUser,
               u"0"_qs,
@@ -49,14 +50,6 @@ TEST(DeleteCommand, NamesAllDigitsWhereRegisteringNamesNine)
     EXPECT_EQ(deleteCommand(u"+46701234567"_qs, u"47"_qs), u"u 701234567"_qs);
     EXPECT_EQ(deleteCommand(u"+479123456789012"_qs, u"47"_qs), u"U 9123456789012"_qs);
     EXPECT_EQ(bareRegisterCommand(u"+46701234567"_qs, u"46"_qs), u"I 701234567"_qs);
-}
-
-TEST(Numbers, HomeIsWherePlusAndCodeStandAnywhere)
-{
-    EXPECT_TRUE(isHomeNumber(u"12+4712345"_qs, u"47"_qs));
-    EXPECT_FALSE(isHomeNumber(u"4791234567"_qs, u"47"_qs));
-    EXPECT_EQ(shortNumber(u"+47"_qs), QString());
-    EXPECT_EQ(numberToEnd(u"+4"_qs), QString());
 }
 
 TEST(Balance, StepsWithoutAnUpperLimitAndNotBelowZero)
