@@ -103,6 +103,17 @@ TEST_F(ConnectionTest, OtherProgramReadsTheFileWithThePasswordOnly)
     EXPECT_FALSE(sqlcipherSays(database.path(), sql, u"feil"_qs).contains(u"Hoved"));
 }
 
+TEST_F(ConnectionTest, NothingReadableStandsInTheFile)
+{
+    QFile file(database.path());
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray content = file.readAll();
+    ASSERT_GT(content.size(), 10'000);
+    for (const char *word : {"SQLite", "CREATE", "KEYTable", "Hovedoperat", "hemmelig", "kaLmir"}) {
+        EXPECT_FALSE(content.contains(word)) << word;
+    }
+}
+
 TEST_F(ConnectionTest, LookupsAreAnsweredByAnIndex)
 {
     const QString state = equals(u"CMGS"_qs);

@@ -169,3 +169,42 @@ TEST(World, ClosingInTheMiddleOfASubmissionEndsAtOnceAndKeepsTheMessage)
     EXPECT_EQ(world.value(u"SELECT CMGS FROM SMS_Sent"_qs), u"UNSENT");
     EXPECT_EQ(world.value(u"SELECT ModemOwner FROM Modem"_qs), u"KONTOR-1");
 }
+
+TEST(World, ReferencesStartAgainBehindTheLast)
+{
+    World world({.reports = true});
+    world.modem.setNextReference(255);
+    world.registerUser(u"+4791000001"_qs);
+    world.registerUser(u"+4791000002"_qs);
+    ASSERT_TRUE(world.runUntilStatus(u"+4791000002"_qs, u"Aktiv "_qs));
+    EXPECT_EQ(world.rows(u"SELECT CMGS FROM SMS_Sent ORDER BY ID"_qs),
+              (QStringList{u"255"_qs, u"0"_qs}));
+}
+
+TEST(World, ButtonsOfTheNetworkModemWorkTheLine)
+{
+    World world({.line = World::Line::Tcp});
+    const auto enabled = [&](const char *name) { return world.control<QWidget>(name).isEnabled(); };
+    EXPECT_FALSE(enabled("txtHostName"));
+
+    const auto count = world.Winsock1.written.count("AT\r");
+    world.click("Command2");
+    EXPECT_EQ(world.Winsock1.written.count("AT\r"), count + 1);
+    world.click("Command3");
+    EXPECT_EQ(world.Winsock1.written.count("AT+CGMM"), 2);
+
+    auto &terminal = world.control<QWidget>("rtfTerminalScreen");
+    const bool wasVisible = terminal.isVisible();
+    world.click("ComShowCom");
+    EXPECT_NE(terminal.isVisible(), wasVisible);
+
+    world.click("cmdDisconnect");
+    EXPECT_FALSE(world.application().module().ModemReady);
+    EXPECT_EQ(world.value(u"SELECT ModemManufacturer || ModemStatus FROM Modem"_qs), u"No Modem0");
+    EXPECT_TRUE(enabled("txtHostName"));
+    EXPECT_FALSE(enabled("Command2"));
+
+    world.person.answers(u"Kobler til: "_qs);
+    world.click("cmdConnect");
+    EXPECT_TRUE(world.application().module().ModemReady);
+}
