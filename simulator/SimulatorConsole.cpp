@@ -98,14 +98,14 @@ SimulatorConsole::SimulatorConsole(Clock &clock, const QString &modemNumber,
     });
 }
 
-void SimulatorConsole::addDoor(const QString &specification)
+void SimulatorConsole::addDoor(const QString &description)
 {
-    const QStringList parts = specification.split(u':');
+    const QStringList parts = description.split(u':');
     const auto words = parts.size() >= 3 ? language(parts[2]) : std::nullopt;
     const bool brief = parts.size() == 4 && parts[3] == u"brief";
     if (!words || parts[0].isEmpty() || (parts.size() > 3 && !brief)) {
         throw RuntimeFailure(
-            QStringLiteral("A door is NUMBER:NAME:no, :da or :sv, not %1").arg(specification));
+            QStringLiteral("A door is NUMBER:NAME:no, :da or :sv, not %1").arg(description));
     }
     const auto isTaken = [&](const auto &door) { return door->number() == parts[0]; };
     if (parts[0] == modem_.ownNumber() || std::ranges::any_of(doors_, isTaken)) {
@@ -117,17 +117,17 @@ void SimulatorConsole::addDoor(const QString &specification)
     }
 }
 
-void SimulatorConsole::addUser(const QString &specification)
+void SimulatorConsole::addUser(const QString &description)
 {
-    const QString number = specification.section(u':', 1);
+    const QString number = description.section(u':', 1);
     for (const auto &door : doors_) {
-        if (door->number() == specification.section(u':', 0, 0) && !number.isEmpty()) {
+        if (door->number() == description.section(u':', 0, 0) && !number.isEmpty()) {
             door->seedUser(number, {DoorPeriod{QDate(2000, 1, 1), 0, kNoEnd, 24}});
             return;
         }
     }
     throw RuntimeFailure(QStringLiteral("A user is DOOR:NUMBER with the number of a door, not %1")
-                             .arg(specification));
+                             .arg(description));
 }
 
 void SimulatorConsole::setAnswerDelay(milliseconds delay)

@@ -18,10 +18,10 @@ public:
 
     /// NUMBER:NAME:LANGUAGE, with no, da or sv, and perhaps ":brief" for short answers.
     /// @throws RuntimeFailure when it is none, or the number is taken.
-    void addDoor(const QString &specification);
+    void addDoor(const QString &description);
     /// DOOR:NUMBER, a user without an end that the door knows already.
     /// @throws RuntimeFailure when there is no such door, or no number.
-    void addUser(const QString &specification);
+    void addUser(const QString &description);
     void setAnswerDelay(milliseconds delay);
 
     /// One command of the person at the simulator, as help lists them; a mistake is told in print.
