@@ -126,8 +126,8 @@ void SimulatorConsole::addUser(const QString &description)
             return;
         }
     }
-    throw RuntimeFailure(QStringLiteral("A user is DOOR:NUMBER with the number of a door, not %1")
-                             .arg(description));
+    throw RuntimeFailure(
+        QStringLiteral("A user is DOOR:NUMBER with the number of a door, not %1").arg(description));
 }
 
 void SimulatorConsole::setAnswerDelay(milliseconds delay)
