@@ -79,6 +79,9 @@ void ReceivedPanel::showCurrent(const Recordset &rsSmsReceived)
     ui_->SMSRectxt_2->setText(value(u"Dato"_qs));
     ui_->SMSRectxt_3->setPlainText(value(u"SMS_Text"_qs));
     ui_->SMSRectxt_4->setText(value(u"Etternavn"_qs));
+    for (QLineEdit *field : findChildren<QLineEdit *>()) {
+        field->setCursorPosition(0); // a long value shows its start
+    }
 }
 
 void ReceivedPanel::setModemOn(bool on)

@@ -61,6 +61,9 @@ void ModemPanel::display(const Recordset &rsModem)
     ui_->Modemdata_2->setText(text(u"ModemManufacturer"_qs));
     ui_->Modemdata_3->setText(text(u"ModemOwner"_qs));
     ui_->Modemdata_4->setText(text(u"IMEICODE"_qs));
+    for (QLineEdit *field : findChildren<QLineEdit *>()) {
+        field->setCursorPosition(0); // a long value shows its start
+    }
     setModemOn(on);
 }
 
