@@ -239,4 +239,23 @@
         <translation>Systemkaldet fejlede</translation>
     </message>
 </context>
+<context>
+    <name>frmLogin</name>
+    <message>
+        <source>&amp;Bruker:</source>
+        <translation>&amp;Bruger:</translation>
+    </message>
+    <message>
+        <source>&amp;Passord:</source>
+        <translation>&amp;Adgangskode:</translation>
+    </message>
+    <message>
+        <source>&amp;Maskin:</source>
+        <translation>&amp;Maskine:</translation>
+    </message>
+    <message>
+        <source>Avbryt</source>
+        <translation>Annuller</translation>
+    </message>
+</context>
 </TS>

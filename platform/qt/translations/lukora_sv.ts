@@ -239,4 +239,23 @@
         <translation>Systemanropet misslyckades</translation>
     </message>
 </context>
+<context>
+    <name>frmLogin</name>
+    <message>
+        <source>&amp;Bruker:</source>
+        <translation>A&amp;nvändare:</translation>
+    </message>
+    <message>
+        <source>&amp;Passord:</source>
+        <translation>&amp;Lösenord:</translation>
+    </message>
+    <message>
+        <source>&amp;Maskin:</source>
+        <translation>&amp;Dator:</translation>
+    </message>
+    <message>
+        <source>Avbryt</source>
+        <translation>Avbryt</translation>
+    </message>
+</context>
 </TS>
