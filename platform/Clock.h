@@ -22,10 +22,27 @@ struct ProgramEnds {};
 class Timer {
 public:
     virtual ~Timer() = default;
-    virtual void setInterval(milliseconds interval) = 0;
-    virtual milliseconds interval() const = 0;
-    virtual void setEnabled(bool enabled) = 0;
-    virtual bool isEnabled() const = 0;
+    void setInterval(milliseconds interval)
+    {
+        interval_ = interval;
+        startCount(isRunning());
+    }
+    milliseconds interval() const { return interval_; }
+    void setEnabled(bool enabled)
+    {
+        enabled_ = enabled;
+        startCount(isRunning());
+    }
+    bool isEnabled() const { return enabled_; }
+
+protected:
+    bool isRunning() const { return enabled_ && interval_ > milliseconds::zero(); }
+    /// Drops the count that is under way, if there is one, and starts another when running.
+    virtual void startCount(bool running) = 0;
+
+private:
+    milliseconds interval_{0};
+    bool enabled_ = false;
 };
 
 /// All time that the program knows: dates, time-outs, waits and timers.

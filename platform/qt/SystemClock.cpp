@@ -20,44 +20,29 @@ public:
     {
     }
 
-    void setInterval(milliseconds interval) override
-    {
-        interval_ = interval;
-        arm();
-    }
-    milliseconds interval() const override { return interval_; }
-    void setEnabled(bool enabled) override
-    {
-        enabled_ = enabled;
-        arm();
-    }
-    bool isEnabled() const override { return enabled_; }
-
 protected:
     void timerEvent(QTimerEvent *event) override
     {
         if (event->timerId() != id_ || clock_.hasEnded()) {
             return;
         }
-        arm();
+        startCount(isRunning());
         tick_();
     }
 
 private:
-    void arm()
+    void startCount(bool running) override
     {
         if (id_ != 0) {
             killTimer(std::exchange(id_, 0));
         }
-        if (enabled_ && interval_ > 0ms) {
-            id_ = startTimer(interval_);
+        if (running) {
+            id_ = startTimer(interval());
         }
     }
 
     std::function<void()> tick_;
     const SystemClock &clock_;
-    milliseconds interval_{0};
-    bool enabled_ = false;
     int id_ = 0;
 };
 

@@ -21,19 +21,6 @@ public:
     }
     ~VirtualTimer() override { disarm(); }
 
-    void setInterval(milliseconds interval) override
-    {
-        interval_ = interval;
-        arm();
-    }
-    milliseconds interval() const override { return interval_; }
-    void setEnabled(bool enabled) override
-    {
-        enabled_ = enabled;
-        arm();
-    }
-    bool isEnabled() const override { return enabled_; }
-
 private:
     void disarm()
     {
@@ -42,13 +29,13 @@ private:
             armed_ = false;
         }
     }
-    void arm()
+    void startCount(bool running) override
     {
         disarm();
-        if (enabled_ && interval_ > 0ms) {
-            entry_ = clock_.schedule(clock_.elapsed() + interval_, [this] {
+        if (running) {
+            entry_ = clock_.schedule(clock_.elapsed() + interval(), [this] {
                 armed_ = false;
-                arm();
+                startCount(isRunning());
                 tick_();
             });
             armed_ = true;
@@ -57,8 +44,6 @@ private:
 
     VirtualClock &clock_;
     std::function<void()> tick_;
-    milliseconds interval_{0};
-    bool enabled_ = false;
     bool armed_ = false;
     VirtualClock::Entry entry_;
 };
