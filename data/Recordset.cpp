@@ -78,13 +78,13 @@ struct Recordset::Private {
         return step;
     }
 
-    bool find(Step step, const QStringList &columns, const QStringList &values)
+    bool find(Step step, const QStringList &columns, const QVariantList &values)
     {
         QStringList criteria;
-        for (qsizetype i = 0; i < columns.size(); ++i) {
-            criteria += equals(reader.query().columns[reader.columnIndex(columns[i])]);
-            step.values += criterionValue(values[i]);
+        for (const QString &column : columns) {
+            criteria += equals(reader.query().columns[reader.columnIndex(column)]);
         }
+        step.values = values;
         step.criterion = criteria.join(QStringLiteral(" AND "));
         goTo(step, Place::Behind);
         return place == Place::OnRow;
@@ -279,18 +279,31 @@ bool Recordset::find(const QString &column, const QString &value)
         set.drop();
         return false;
     }
-    return set.find(set.from(Private::Step::Forward, true), {column}, {value});
+    return set.find(set.from(Private::Step::Forward, true), {column}, {criterionValue(value)});
 }
 
 bool Recordset::findFirst(const QString &column, const QString &value)
 {
-    return opened().find({}, {column}, {value});
+    return opened().find({}, {column}, {criterionValue(value)});
 }
 
 bool Recordset::findFirst(const QString &column, const QString &value, const QString &secondColumn,
                           const QString &secondValue)
 {
-    return opened().find({}, {column, secondColumn}, {value, secondValue});
+    return opened().find({}, {column, secondColumn},
+                         {criterionValue(value), criterionValue(secondValue)});
+}
+
+bool Recordset::findFirst(const QString &column, const QString &value,
+                          const std::vector<std::pair<QString, QString>> &compared)
+{
+    QStringList columns{column};
+    QVariantList values{criterionValue(value)};
+    for (const auto &[comparedColumn, comparedValue] : compared) {
+        columns += comparedColumn;
+        values += comparedValue;
+    }
+    return opened().find({}, columns, values);
 }
 
 QString Recordset::text(const QString &column) const

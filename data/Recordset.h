@@ -6,6 +6,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 class Connection;
@@ -82,6 +83,10 @@ public:
     /// From the first row on, the row where both columns match: the search over all doors.
     bool findFirst(const QString &column, const QString &value, const QString &secondColumn,
                    const QString &secondValue);
+    /// The same, but the further values are compared with each hit and no criteria themselves: they
+    /// keep their leading blanks, and may hold a single quote.
+    bool findFirst(const QString &column, const QString &value,
+                   const std::vector<std::pair<QString, QString>> &compared);
 
     /// The current row's value as text; empty for a column without a value.
     QString text(const QString &column) const;
