@@ -114,24 +114,6 @@ void readBalance(Interpretation &record, Report &report)
     report.AccountWord = u"Saldo"_qs;
 }
 
-/// The person's full number as the catalogue has it; a new person is added. The blank between
-/// number and phrase goes into a new row with the number.
-QString catalogKey(Interpretation &record, const QString &ReplyNumber)
-{
-    Recordset &persons = record.recordsets.rsKatalog;
-    QString CatalogKey;
-    if (record.findPerson(ReplyNumber)) {
-        record.rule.step([&] { CatalogKey = persons.text(u"Bruker"_qs); });
-    } else {
-        CatalogKey = record.module.dialPrefix() + ReplyNumber;
-        record.add(persons, {{u"Bruker", CatalogKey},
-                             {u"BrukerKort", ReplyNumber},
-                             {u"Etternavn", u"?"_qs},
-                             {u"Fornavn", u"?"_qs}});
-    }
-    return CatalogKey;
-}
-
 void writeUser(Interpretation &record, const Report &report, const QString &CatalogKey)
 {
     Recordset &users = record.recordsets.rsBrukereAll;
@@ -179,6 +161,6 @@ void readUserAdded(Interpretation &record)
     readMark(record, report);
     readPeriod(record, report);
     readBalance(record, report);
-    const QString CatalogKey = catalogKey(record, report.ReplyNumber);
-    writeUser(record, report, CatalogKey);
+    // The blank between number and phrase goes into the rows of a new person with the number.
+    writeUser(record, report, record.catalogKey(report.ReplyNumber));
 }

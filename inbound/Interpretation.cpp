@@ -3,17 +3,22 @@
 #include "data/Module1.h"
 #include "data/Recordsets.h"
 #include "inbound/MessageRecord.h"
+#include "modem/CharacterTables.h"
 #include "modem/ModemResponse.h"
 #include "platform/Text.h"
 
+#include <algorithm>
+
 Interpretation::Interpretation(Module1 &module_, Recordsets &recordsets_, ModemResponse &response,
-                               ErrorRule &rule_, const QDate &today_, const QString &dateFormat_)
+                               const CharacterTables &tables, ErrorRule &rule_, const QDate &today_,
+                               const QString &dateFormat_)
     : module(module_),
       recordsets(recordsets_),
       rule(rule_),
       today(today_),
       dateFormat(dateFormat_),
-      response_(response)
+      response_(response),
+      tables_(tables)
 {
 }
 
@@ -25,6 +30,13 @@ QString Interpretation::text() const
 void Interpretation::setText(const QString &text)
 {
     response_.setText(text);
+}
+
+QChar Interpretation::ownCharacter(QChar raw)
+{
+    QChar character = raw;
+    rule.step([&] { character = windows1252Character(tables_.in(raw.unicode())); });
+    return character;
 }
 
 void Interpretation::add(Recordset &rows,
@@ -40,9 +52,24 @@ void Interpretation::change(Recordset &rows,
                             std::initializer_list<std::pair<const char16_t *, QString>> values)
 {
     for (const auto &[column, value] : values) {
-        rule.step([&] { rows.setValue(QString::fromUtf16(column), value); });
+        rule.step([&] {
+            // Doors repeat themselves, and every write waits for the disk.
+            const QString name = QString::fromUtf16(column);
+            if (rows.value(name) != QVariant(value)) {
+                rows.setValue(name, value);
+            }
+        });
     }
     rule.step([&] { rows.update(); });
+}
+
+void Interpretation::takeName(QString &target, const Recordset &rows, const QString &column)
+{
+    rule.step([&] {
+        if (const QString name = rows.text(column); !name.isEmpty()) {
+            target = name;
+        }
+    });
 }
 
 bool Interpretation::findPerson(const QString &shortForm)
@@ -52,21 +79,37 @@ bool Interpretation::findPerson(const QString &shortForm)
     return rule.found([&] { return persons.findFirst(u"BrukerKort"_qs, shortForm); });
 }
 
+QString Interpretation::catalogKey(const QString &shortForm)
+{
+    Recordset &persons = recordsets.rsKatalog;
+    QString CatalogKey;
+    if (findPerson(shortForm)) {
+        rule.step([&] { CatalogKey = persons.text(u"Bruker"_qs); });
+    } else {
+        CatalogKey = module.dialPrefix() + shortForm;
+        add(persons, {{u"Bruker", CatalogKey},
+                      {u"BrukerKort", shortForm},
+                      {u"Etternavn", u"?"_qs},
+                      {u"Fornavn", u"?"_qs}});
+    }
+    return CatalogKey;
+}
+
 bool Interpretation::findUserOnDoor(const QString &fullNumber)
 {
     Recordset &users = recordsets.rsBrukereAll;
-    const QString column = u"KeyBruker"_qs;
     rule.step([&] { users.requery(); });
     return rule.found([&] {
-        for (bool hit = users.findFirst(column, fullNumber); hit;
-             hit = users.find(column, fullNumber)) {
-            if (same(users.text(u"KeyNummer"_qs), module.SenderNumber)) {
-                return true;
-            }
-            users.moveNext();
-        }
-        return false;
+        return users.findFirst(u"KeyBruker"_qs, fullNumber,
+                               {{u"KeyNummer"_qs, module.SenderNumber}});
     });
+}
+
+bool Interpretation::findDoor()
+{
+    Recordset &doors = recordsets.rsKeyAll;
+    rule.step([&] { doors.requery(); });
+    return rule.found([&] { return doors.findFirst(u"KeyNummer"_qs, module.SenderNumber); });
 }
 
 int phrasePosition(const QString &text, std::span<const QStringView> phrases)
@@ -82,4 +125,15 @@ QString numberBefore(const QString &text, int phrase)
 {
     const int lineFeed = inStr(phrase - 13, text, QStringLiteral("\n"));
     return withoutCountry(mid(text, lineFeed + 1, phrase - 1 - lineFeed));
+}
+
+QString starredNumber(const QString &text)
+{
+    constexpr int kShortest = 8;
+    const auto isDigit = [](QChar character) { return character >= u'0' && character <= u'9'; };
+    const QString behind = mid(text, inStr(text, u"*"_qs) + 1, kShortest + 1);
+    const auto digits = std::find_if_not(behind.begin(), behind.end(), isDigit) - behind.begin();
+    const QString number = left(behind, static_cast<int>(digits));
+    const bool valid = digits >= kShortest && number.count(u'0') < digits;
+    return valid ? number : QString();
 }

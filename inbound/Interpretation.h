@@ -10,6 +10,7 @@
 #include <span>
 #include <utility>
 
+class CharacterTables;
 class ModemResponse;
 class Recordset;
 class Recordsets;
@@ -23,23 +24,34 @@ struct Module1;
 class Interpretation {
 public:
     Interpretation(Module1 &module, Recordsets &recordsets, ModemResponse &response,
-                   ErrorRule &rule, const QDate &today, const QString &dateFormat);
+                   const CharacterTables &tables, ErrorRule &rule, const QDate &today,
+                   const QString &dateFormat);
 
     /// The working text lives in ModemResponse, and each change of it is an event to the watcher:
     /// a remainder with "OK", "ERROR" or "+CMTI" acts as the modem's own line would.
     QString text() const;
     void setText(const QString &text);
+    /// A character of the working text in the program's own set. The modem's alphabet ends at 127;
+    /// what lies above is of our own set already.
+    QChar ownCharacter(QChar raw);
 
     /// Adds a row; each value is a step of its own, so the row is written with those that went in.
     void add(Recordset &rows, std::initializer_list<std::pair<const char16_t *, QString>> values);
-    /// Writes values of the current row, in the same way.
+    /// Writes those values of the current row that are others now, in the same way.
     void change(Recordset &rows,
                 std::initializer_list<std::pair<const char16_t *, QString>> values);
 
+    /// A column of the current row takes the place of this value, unless it is empty.
+    void takeName(QString &target, const Recordset &rows, const QString &column);
     /// Puts rsKatalog, read anew, on the person with this short number.
     bool findPerson(const QString &shortForm);
+    /// The full number of the person with this short one, as the catalogue has it; a new person is
+    /// added without a name.
+    QString catalogKey(const QString &shortForm);
     /// Puts rsBrukereAll, read anew, on the sending door's row of this full number.
     bool findUserOnDoor(const QString &fullNumber);
+    /// Puts rsKeyAll, read anew, on the sending door.
+    bool findDoor();
 
     Module1 &module;
     Recordsets &recordsets;
@@ -52,6 +64,7 @@ public:
 
 private:
     ModemResponse &response_;
+    const CharacterTables &tables_;
 };
 
 /// Sum of the positions of all phrases: with one of them in the text, its position. With two it
@@ -63,3 +76,7 @@ int phrasePosition(const QString &text, std::span<const QStringView> phrases);
 /// whole text before the phrase. A leading "+" and country code are cut off.
 /// @throws RuntimeFailure when the phrase stands before position 14, or the line feed behind it.
 QString numberBefore(const QString &text, int phrase);
+
+/// The number behind the first "*": eight digits, and a ninth if there is one; empty for anything
+/// else and for a number of zeros alone. What follows it doesn't count, a tenth digit neither.
+QString starredNumber(const QString &text);

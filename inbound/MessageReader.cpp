@@ -20,7 +20,8 @@ constexpr int kDeleteAttempts = 3;
 Interpretation interpretation(ModemLink &link, Module1 &module, Recordsets &recordsets,
                               ErrorRule &rule, const Clock &clock, const Host &host)
 {
-    return {module, recordsets, link.response, rule, clock.now().date(), host.dateFormat()};
+    return {module, recordsets,         link.response,    link.tables,
+            rule,   clock.now().date(), host.dateFormat()};
 }
 
 } // namespace
@@ -73,8 +74,8 @@ void MessageReader::readReceivedMessage(Interpretation &record)
     module_.RefreshPending = true;
     rule_.step([&] { stamp = stampOf(header); });
     rule_.step([&] { record.setText(ownCharacters(readBody())); });
-    const QString body = filedBody(record.text());
-    const auto [Etternavn, Fornavn] = senderName();
+    const QString body = filedBody(record);
+    const auto [Etternavn, Fornavn] = senderName(record);
 
     Recordset &messages = recordsets_.rsSmsReceived;
     record.add(messages, {{u"FraNummer", module_.SenderNumber},
@@ -104,8 +105,9 @@ QString MessageReader::readBody()
     return next.isEmpty() ? QString() : line;
 }
 
-QString MessageReader::filedBody(const QString &text)
+QString MessageReader::filedBody(Interpretation &record)
 {
+    const QString text = record.text();
     // The length is held in a byte: a longer text is filed without any of it. The families still
     // read the whole.
     quint8 length = 0;
@@ -116,34 +118,24 @@ QString MessageReader::filedBody(const QString &text)
             body += u"\r\n"_qs;
             continue;
         }
-        // The modem's alphabet ends at 127. What lies above is of our own set already.
-        QChar character = text[i];
-        rule_.step([&] { character = windows1252Character(link_.tables.in(character.unicode())); });
-        body += character;
+        body += record.ownCharacter(text[i]);
     }
     return body;
 }
 
-std::pair<QString, QString> MessageReader::senderName()
+std::pair<QString, QString> MessageReader::senderName(Interpretation &record)
 {
     QString Etternavn = u"?"_qs;
     QString Fornavn = u"?"_qs;
-    const auto take = [&](QString &target, const Recordset &rows, const QString &column) {
-        rule_.step([&] {
-            if (const QString name = rows.text(column); !name.isEmpty()) {
-                target = name;
-            }
-        });
-    };
     const QString &sender = module_.SenderNumber;
     const Recordset &persons = recordsets_.rsKatalog;
     if (rule_.found([&] { return recordsets_.rsKatalog.findFirst(u"Bruker"_qs, sender); })) {
-        take(Etternavn, persons, u"Etternavn"_qs);
-        take(Fornavn, persons, u"Fornavn"_qs);
+        record.takeName(Etternavn, persons, u"Etternavn"_qs);
+        record.takeName(Fornavn, persons, u"Fornavn"_qs);
     }
     if (Etternavn == u"?" && Fornavn == u"?" &&
         rule_.found([&] { return recordsets_.rsKeyAll.findFirst(u"KeyNummer"_qs, sender); })) {
-        take(Etternavn, recordsets_.rsKeyAll, u"KeyNavn"_qs);
+        record.takeName(Etternavn, recordsets_.rsKeyAll, u"KeyNavn"_qs);
         Fornavn = u" "_qs;
     }
     return {Etternavn, Fornavn};

@@ -35,9 +35,9 @@ private:
     void readReceivedMessage(Interpretation &record);
     /// Empty for a message without text.
     QString readBody();
-    QString filedBody(const QString &text);
+    QString filedBody(Interpretation &record);
     /// Etternavn and Fornavn: of the catalogue, else the door's name and a blank, else "?" twice.
-    std::pair<QString, QString> senderName();
+    std::pair<QString, QString> senderName(Interpretation &record);
     void runFamilies(Interpretation &record, bool received);
     void deleteFromModem();
 
