@@ -291,6 +291,17 @@ qint64 Connection::lastInsertRowId() const
 
 void Connection::transaction(const std::function<void()> &work)
 {
+    // Immediate: to read first and ask for the write lock later may fail without a wait.
+    between(QStringLiteral("BEGIN IMMEDIATE"), work);
+}
+
+void Connection::readTogether(const std::function<void()> &work)
+{
+    between(QStringLiteral("BEGIN"), work);
+}
+
+void Connection::between(const QString &begin, const std::function<void()> &work)
+{
     if (sqlite3_get_autocommit(d->opened()) == 0) {
         work();
         return;
@@ -304,8 +315,7 @@ void Connection::transaction(const std::function<void()> &work)
             }
         }
     };
-    // Immediate: to read first and ask for the write lock later may fail without a wait.
-    run(QStringLiteral("BEGIN IMMEDIATE"));
+    run(begin);
     const Rollback unlessCommitted{*d};
     work();
     run(QStringLiteral("COMMIT"));

@@ -47,9 +47,13 @@ public:
     /// Runs the work in one transaction, rolled back when it throws. Inside another one it is a
     /// part of that.
     void transaction(const std::function<void()> &work);
+    /// Runs reads that see one state of the file, and take its lock once for all of them. The work
+    /// must not wait for anything: others cannot write meanwhile.
+    void readTogether(const std::function<void()> &work);
 
 private:
     struct Private;
     explicit Connection(std::unique_ptr<Private> p);
+    void between(const QString &begin, const std::function<void()> &work);
     std::unique_ptr<Private> d;
 };

@@ -6,10 +6,13 @@
 #include "data/DatabasePaths.h"
 #include "data/Module1.h"
 #include "platform/Rules.h"
+#include "platform/RuntimeFailure.h"
+
+#include <QCoreApplication>
 
 namespace {
 
-QStringList words(const char *names)
+QStringList named(const char *names)
 {
     return QString::fromUtf8(names).split(u',');
 }
@@ -22,7 +25,7 @@ const char *const kSentColumns = "ID,TilNummer,TilNummerKort,Etternavn,Fornavn,D
 Query allDoors()
 {
     return {.source = QStringLiteral("KEYTable"),
-            .columns = words("KeyNummer,KeyNavn,KeySikkerhet,Bygning,Admin,Admin1,Admin2,Admin3,"
+            .columns = named("KeyNummer,KeyNavn,KeySikkerhet,Bygning,Admin,Admin1,Admin2,Admin3,"
                              "Admin4,Admin5,Eget_Nummer,Beskrivelse,Alarmstatus,KeyStatus,"
                              "Pulslengde")};
 }
@@ -31,14 +34,14 @@ Query allowedDoors(const QString &SecurityLevel)
 {
     // The level is compared as text, with a blank behind it: with "5" a door of "10" is shown.
     return {.source = QStringLiteral("KEYTable"),
-            .columns = words("KeyNummer,KeyNavn,KeySikkerhet"),
+            .columns = named("KeyNummer,KeyNavn,KeySikkerhet"),
             .filter = QStringLiteral("KeySikkerhet <= ?"),
             .values = {filterValue(SecurityLevel) + u' '}};
 }
 
 Query users()
 {
-    return {.source = QStringLiteral("TBLbrukere"), .columns = words(kUserColumns)};
+    return {.source = QStringLiteral("TBLbrukere"), .columns = named(kUserColumns)};
 }
 
 Query usersOf(const QString &door)
@@ -52,7 +55,7 @@ Query usersOf(const QString &door)
 Query newUsers()
 {
     return {.source = QStringLiteral("NYEbrukere"),
-            .columns = words("Bruker,Etternavn,Fornavn,Gyldig fra,FraTid,Gyldig til,TilTid,Konto,"
+            .columns = named("Bruker,Etternavn,Fornavn,Gyldig fra,FraTid,Gyldig til,TilTid,Konto,"
                              "Saldo,Status,KeyNummer,ID"),
             .sort = QStringLiteral("Gyldig fra")};
 }
@@ -60,7 +63,7 @@ Query newUsers()
 Query sentDone()
 {
     return {.source = QStringLiteral("SMS_Sent"),
-            .columns = words(kSentColumns),
+            .columns = named(kSentColumns),
             .filter = differs(QStringLiteral("CMGS")),
             .values = {QStringLiteral("UNSENT")}};
 }
@@ -69,7 +72,7 @@ Query outbox()
 {
     const QString state = equals(QStringLiteral("CMGS"));
     return {.source = QStringLiteral("SMS_Sent"),
-            .columns = words(kSentColumns),
+            .columns = named(kSentColumns),
             .filter = state + QStringLiteral(" OR ") + state,
             .values = {QStringLiteral("UNSENT"), QStringLiteral("SLETTET")}};
 }
@@ -85,7 +88,7 @@ Query doorsPerUser()
                 " FROM TBLbrukere AS u WHERE NOT EXISTS (SELECT 1 FROM TBLbrukere AS e"
                 "  WHERE upper(rtrim(e.KeyBruker)) = upper(rtrim(u.KeyBruker))"
                 "  AND e.Rad < u.Rad))"),
-            .columns = words("KeyBruker,KEY_Antall"),
+            .columns = named("KeyBruker,KEY_Antall"),
             .key = QStringLiteral("Rad")};
 }
 
@@ -118,11 +121,26 @@ void Recordsets::compact()
     compactDatabase(module_.DatabasePath, module_.TempDatabasePath, module_.BackupDatabasePath);
 }
 
+void Recordsets::atOnce(const std::function<void()> &work)
+{
+    opened().transaction(work);
+}
+
+Connection &Recordsets::opened() const
+{
+    if (!module_.DatabaseConnection) {
+        throw RuntimeFailure(QCoreApplication::translate("Recordset", "Ingen database er åpen"));
+    }
+    return *module_.DatabaseConnection;
+}
+
 void Recordsets::OpenRecordsets()
 {
     shown(operator_, {}, [this] {
-        openDoors();
-        openUsersAndMessages();
+        opened().readTogether([this] {
+            openDoors();
+            openUsersAndMessages();
+        });
         if (display) {
             display();
         }
@@ -154,17 +172,17 @@ void Recordsets::openUsersAndMessages()
     rsNyeBrukere.open(connection, newUsers());
     rsBrukereKey.open(connection, usersOf(doorNumber()));
     rsKatalog.open(connection, {.source = QStringLiteral("Katalog"),
-                                .columns = words("Bruker,Etternavn,Fornavn,BrukerKort")});
+                                .columns = named("Bruker,Etternavn,Fornavn,BrukerKort")});
     rsSmsReceived.open(connection, {.source = QStringLiteral("SMS_Received"),
-                                    .columns = words("ID,FraNummer,FraNummerKort,Etternavn,"
+                                    .columns = named("ID,FraNummer,FraNummerKort,Etternavn,"
                                                      "Fornavn,Dato,SMS_Text")});
     rsSmsSentDone.open(connection, sentDone());
     rsSmsOutbox.open(connection, outbox());
     rsKeyAntall.open(connection, doorsPerUser());
     rsLoggData.open(connection, {.source = QStringLiteral("LOGGData"),
-                                 .columns = words("KeyNummer,KeyUser,Fornavn,Etternavn,Dato")});
+                                 .columns = named("KeyNummer,KeyUser,Fornavn,Etternavn,Dato")});
     rsModem.open(connection, {.source = QStringLiteral("Modem"),
-                              .columns = words("IMEICODE,ModemManufacturer,ModemName,ModemOwner,"
+                              .columns = named("IMEICODE,ModemManufacturer,ModemName,ModemOwner,"
                                                "ModemStatus")});
     rsSmsReceived.sort(QStringLiteral("ID"));
     rsSmsReceived.moveLast();

@@ -4,6 +4,7 @@
 
 #include <functional>
 
+class Connection;
 class Operator;
 struct Module1;
 
@@ -20,6 +21,12 @@ public:
     /// A failure shows its description; a set whose query failed stays unopened, and the rest of
     /// the refresh doesn't run.
     void OpenRecordsets();
+
+    /// Runs the work in one transaction: what it writes is on disk when this returns, or nothing
+    /// of it is.
+    /// @throws RuntimeFailure without an open database, when others hold the file for over 5 s,
+    /// and with whatever the work throws.
+    void atOnce(const std::function<void()> &work);
 
     bool CompactRequested = false;
     bool CompactFailed = false;
@@ -52,6 +59,7 @@ public:
 
 private:
     void compact();
+    Connection &opened() const;
     void openDoors();
     void openUsersAndMessages();
 

@@ -50,22 +50,32 @@ void MessageReader::Read_SMS_MessageTEXT()
     // An index of 0 is no place in the modem's store.
     const bool received = module_.MessageIndex != 0 && isReceivedMessage(link_.response.text());
     auto record = interpretation(link_, module_, recordsets_, rule_, clock_, host_);
+    QString stamp;
     if (received) {
-        readReceivedMessage(record);
+        stamp = readReceivedMessage(record);
     }
-    runFamilies(record, received);
+    // All that a message changes, or nothing: a file that cannot be had leaves it in the modem,
+    // and a power cut doesn't leave half of it. One that refuses a single row loses that row.
+    const bool stored = rule_.step([&] {
+        recordsets_.atOnce([&] {
+            if (received) {
+                file(record, stamp);
+            }
+            runFamilies(record, received);
+        });
+    });
 
     view_.setPanel(2, u"Klar for innkommende SMS"_qs); // in every language
     rule_.step([&] { recordsets_.OpenRecordsets(); });
     rule_.step([&] { VisBrukerTabell_(); });
-    deleteFromModem();
+    deleteFromModem(stored);
 
     link_.TimerCom->setEnabled(true);
     link_.flags.ReadingMessages = false;
     link_.pace.restart(3000ms);
 }
 
-void MessageReader::readReceivedMessage(Interpretation &record)
+QString MessageReader::readReceivedMessage(Interpretation &record)
 {
     const QString header = ownCharacters(record.text());
     QString stamp;
@@ -74,6 +84,11 @@ void MessageReader::readReceivedMessage(Interpretation &record)
     module_.RefreshPending = true;
     rule_.step([&] { stamp = stampOf(header); });
     rule_.step([&] { record.setText(ownCharacters(readBody())); });
+    return stamp;
+}
+
+void MessageReader::file(Interpretation &record, const QString &stamp)
+{
     const QString body = filedBody(record);
     const auto [Etternavn, Fornavn] = senderName(record);
 
@@ -151,10 +166,11 @@ void MessageReader::runFamilies(Interpretation &record, bool received)
     }
 }
 
-void MessageReader::deleteFromModem()
+void MessageReader::deleteFromModem(bool stored)
 {
     const auto answersOk = [&] { return rule_.test([&] { return link_.line.WaitForModemOK(); }); };
-    if (!listingEnded_ && !answersOk()) {
+    const bool listed = listingEnded_ || answersOk();
+    if (!listed || !stored) {
         return; // the record stays in the modem, to be read again
     }
     for (int attempt = 0; attempt < kDeleteAttempts; ++attempt) {

@@ -32,14 +32,17 @@ public:
     void Read_SMS_MessageTEXT();
 
 private:
-    void readReceivedMessage(Interpretation &record);
+    /// Its stamp; the text stands in the record behind it.
+    QString readReceivedMessage(Interpretation &record);
+    void file(Interpretation &record, const QString &stamp);
     /// Empty for a message without text.
     QString readBody();
     QString filedBody(Interpretation &record);
     /// Etternavn and Fornavn: of the catalogue, else the door's name and a blank, else "?" twice.
     std::pair<QString, QString> senderName(Interpretation &record);
     void runFamilies(Interpretation &record, bool received);
-    void deleteFromModem();
+    /// Reads over the rest of the listing first.
+    void deleteFromModem(bool stored);
 
     ModemLink &link_;
     Module1 &module_;

@@ -1,16 +1,12 @@
 #include "users/UserOperations.h"
 
-#include "data/Connection.h"
 #include "data/Dates.h"
 #include "data/Module1.h"
 #include "data/Recordsets.h"
 #include "platform/Host.h"
-#include "platform/RuntimeFailure.h"
 #include "platform/Text.h"
 #include "users/Commands.h"
 #include "users/StoredDays.h"
-
-#include <QCoreApplication>
 
 // The transfer of a waiting period onto its door, on the tick of TimerSEND_SMS.
 
@@ -83,7 +79,8 @@ void UserOperations::changePlaces()
     Recordset &present = recordsets_.rsBrukereAll;
     const QVariant Etternavn = waiting.value(QStringLiteral("Etternavn"));
     const QVariant Fornavn = waiting.value(QStringLiteral("Fornavn"));
-    atOnce([&] {
+    // A failure between deleting in one table and writing into the other would lose the period.
+    recordsets_.atOnce([&] {
         waiting.addNew();
         waiting.setValue(QStringLiteral("KeyNummer"), present.value(QStringLiteral("KeyNummer")));
         waiting.setValue(QStringLiteral("Bruker"), present.value(QStringLiteral("KeyBruker")));
@@ -112,7 +109,7 @@ void UserOperations::moveOntoDoor()
     user.tilTid = waiting.text(QStringLiteral("TilTid"));
     user.saldo = waiting.text(QStringLiteral("Saldo"));
 
-    atOnce([&] {
+    recordsets_.atOnce([&] {
         waiting.remove();
         if (findOnDoor(user.number, door)) {
             present.setValue(QStringLiteral("Status"), Status);
@@ -134,17 +131,6 @@ void UserOperations::moveOntoDoor()
     user.from = regionalDay(GyldigFra, host_.dateFormat());
     user.to = regionalDay(GyldigTil, host_.dateFormat());
     queueCommand(door, nameOfDoor(door), registerCommand(user, module_.CountryCode), user.from);
-}
-
-/// Deletes a row in one table and writes it into another, both or none: a failure between the two
-/// loses no period.
-void UserOperations::atOnce(const std::function<void()> &work)
-{
-    if (!module_.DatabaseConnection) {
-        throw RuntimeFailure(
-            QCoreApplication::translate("UserOperations", "Databasen er ikke åpen"));
-    }
-    module_.DatabaseConnection->transaction(work);
 }
 
 QString UserOperations::nameOfDoor(const QString &door)

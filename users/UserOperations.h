@@ -48,7 +48,6 @@ private:
     bool findOnDoor(const QString &number, const QString &door);
     void changePlaces();
     void moveOntoDoor();
-    void atOnce(const std::function<void()> &work);
     QString nameOfDoor(const QString &door);
 
     void deleteWaitingPeriod(const QString &id);

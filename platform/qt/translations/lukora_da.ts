@@ -9,13 +9,6 @@
     </message>
 </context>
 <context>
-    <name>UserOperations</name>
-    <message>
-        <source>Databasen er ikke åpen</source>
-        <translation>Databasen er ikke åben</translation>
-    </message>
-</context>
-<context>
     <name>StoredDays</name>
     <message>
         <source>Teksten er ikke en dato: %1</source>
