@@ -35,6 +35,49 @@ QString periodWords(const DoorUser &user)
              period.to.toString(Qt::ISODate), QString::number(period.toHour));
 }
 
+QString settingWords(const DoorSettings &settings)
+{
+    QStringList assistants;
+    for (const QString &number : settings.assistants) {
+        assistants += number.isEmpty() ? QStringLiteral("-") : number;
+    }
+    return QStringLiteral("administrator %1, assistants %2, mode %3, alarm V%4, pulse %5 s")
+        .arg(settings.administrator.isEmpty() ? QStringLiteral("-") : settings.administrator,
+             assistants.join(u' '), settings.mode)
+        .arg(settings.alarmFunction)
+        .arg(settings.pulse);
+}
+
+/// What stands behind a door's language: its type, or how it answers.
+bool takeKind(const QString &word, DoorType &type, DoorUnit::Answers &answers)
+{
+    static const QStringList types{QStringLiteral("310"), QStringLiteral("mk"),
+                                   QStringLiteral("argon")};
+    if (word == u"brief") {
+        answers = DoorUnit::Answers::Brief;
+    } else if (types.contains(word)) {
+        type = static_cast<DoorType>(types.indexOf(word));
+    } else {
+        return false;
+    }
+    return true;
+}
+
+QStringView callWords(DoorCall call)
+{
+    switch (call) {
+    case DoorCall::Opened:
+        return u"opens";
+    case DoorCall::Unknown:
+        return u"does not know the number";
+    case DoorCall::OutsidePeriod:
+        return u"stays closed at this time";
+    case DoorCall::NoBalance:
+        return u"stays closed: the balance is used up";
+    }
+    Q_UNREACHABLE();
+}
+
 std::optional<DoorLanguage> language(const QString &word)
 {
     if (word == u"no") {
@@ -87,7 +130,7 @@ const SimulatorConsole::Fault SimulatorConsole::kFaults[] = {
 
 SimulatorConsole::SimulatorConsole(Clock &clock, const QString &modemNumber,
                                    std::function<void(const QString &)> print)
-    : print_(std::move(print)), network_(clock), modem_(clock, network_, modemNumber)
+    : clock_(clock), print_(std::move(print)), network_(clock), modem_(clock, network_, modemNumber)
 {
     network_.setObserver([this](const SmsMessage &message, bool delivered) {
         QString text = fromGsm(message.text);
@@ -102,32 +145,33 @@ void SimulatorConsole::addDoor(const QString &description)
 {
     const QStringList parts = description.split(u':');
     const auto words = parts.size() >= 3 ? language(parts[2]) : std::nullopt;
-    const bool brief = parts.size() == 4 && parts[3] == u"brief";
-    if (!words || parts[0].isEmpty() || (parts.size() > 3 && !brief)) {
+    DoorType type = DoorType::Type310;
+    DoorUnit::Answers answers = DoorUnit::Answers::Full;
+    const auto takes = [&](const QString &word) { return takeKind(word, type, answers); };
+    if (!words || parts[0].isEmpty() || !std::ranges::all_of(parts.mid(3), takes)) {
         throw RuntimeFailure(
-            QStringLiteral("A door is NUMBER:NAME:no, :da or :sv, not %1").arg(description));
+            QStringLiteral("A door is NUMBER:NAME:no, :da or :sv, perhaps with :310, :mk or :argon "
+                           "and :brief behind it, not %1")
+                .arg(description));
     }
-    const auto isTaken = [&](const auto &door) { return door->number() == parts[0]; };
-    if (parts[0] == modem_.ownNumber() || std::ranges::any_of(doors_, isTaken)) {
+    if (parts[0] == modem_.ownNumber() || door(parts[0]) != nullptr) {
         throw RuntimeFailure(QStringLiteral("The number %1 is taken").arg(parts[0]));
     }
     doors_.push_back(std::make_unique<DoorUnit>(network_, parts[0], parts[1], *words));
-    if (brief) {
-        doors_.back()->setAnswers(DoorUnit::Answers::Brief);
-    }
+    doors_.back()->setType(type);
+    doors_.back()->setAnswers(answers);
 }
 
 void SimulatorConsole::addUser(const QString &description)
 {
-    const QString number = description.section(u':', 1);
-    for (const auto &door : doors_) {
-        if (door->number() == description.section(u':', 0, 0) && !number.isEmpty()) {
-            door->seedUser(number, {DoorPeriod{QDate(2000, 1, 1), 0, kNoEnd, 24}});
-            return;
-        }
-    }
-    throw RuntimeFailure(
-        QStringLiteral("A user is DOOR:NUMBER with the number of a door, not %1").arg(description));
+    const auto [unit, number] = doorAndNumber(description);
+    unit->seedUser(number, {DoorPeriod{QDate(2000, 1, 1), 0, kNoEnd, 24}});
+}
+
+void SimulatorConsole::addAdministrator(const QString &description)
+{
+    const auto [unit, number] = doorAndNumber(description);
+    unit->seedAdministrator(number);
 }
 
 void SimulatorConsole::setAnswerDelay(milliseconds delay)
@@ -152,6 +196,10 @@ bool SimulatorConsole::command(const QString &line)
         modem_.faults() = ModemFaults();
     } else if (word == u"doors") {
         listDoors();
+    } else if (word == u"open") {
+        callDoor(rest);
+    } else if (word == u"alarm") {
+        alarm(rest);
     } else if (word == u"help") {
         help();
     } else if (!word.isEmpty()) {
@@ -163,11 +211,13 @@ bool SimulatorConsole::command(const QString &line)
 void SimulatorConsole::help()
 {
     print_(QStringLiteral(
-        "sms FROM TEXT   a message to the modem from any number; \\n is a new line"));
-    print_(QStringLiteral("doors           the doors and who is on them"));
-    print_(QStringLiteral("clear           no fault any more"));
-    print_(QStringLiteral("quit            leave"));
-    print_(QStringLiteral("fault NAME      break the modem, until clear:"));
+        "sms FROM TEXT      a message to the modem from any number; \\n is a new line"));
+    print_(QStringLiteral("doors              the doors, what they were told, and who is on them"));
+    print_(QStringLiteral("open DOOR NUMBER   this number calls the door, which opens or doesn't"));
+    print_(QStringLiteral("alarm DOOR         the door tells its administrators of an alarm"));
+    print_(QStringLiteral("clear              no fault any more"));
+    print_(QStringLiteral("quit               leave"));
+    print_(QStringLiteral("fault NAME         break the modem, until clear:"));
     for (const Fault &fault : kFaults) {
         print_(QStringLiteral("  %1 %2").arg(
             QStringLiteral("%1 %2").arg(fault.name, fault.arguments).leftJustified(25),
@@ -214,6 +264,7 @@ void SimulatorConsole::listDoors()
     for (const auto &door : doors_) {
         print_(QStringLiteral("%1 %2: %3 users")
                    .arg(door->number(), door->name(), QString::number(door->users().size())));
+        print_(QStringLiteral("  ") + settingWords(door->settings()));
         for (const auto &[number, user] : door->users()) {
             print_(QStringLiteral("  %1%2 %3")
                        .arg(number,
@@ -221,4 +272,44 @@ void SimulatorConsole::listDoors()
                             periodWords(user)));
         }
     }
+}
+
+void SimulatorConsole::callDoor(const QString &arguments)
+{
+    QString rest = arguments;
+    DoorUnit *const unit = door(takeWord(rest));
+    if (unit == nullptr || rest.isEmpty()) {
+        print_(QStringLiteral("Give a door and a number: open +4790000001 +4791234567"));
+        return;
+    }
+    const DoorCall call = unit->call(rest, clock_.now());
+    print_(QStringLiteral("%1 %2").arg(unit->name(), callWords(call)));
+}
+
+void SimulatorConsole::alarm(const QString &arguments)
+{
+    DoorUnit *const unit = door(arguments);
+    if (unit == nullptr) {
+        print_(QStringLiteral("Give a door: alarm +4790000001"));
+        return;
+    }
+    print_(QStringLiteral("%1 tells %2 of the alarm").arg(unit->name()).arg(unit->alarm()));
+}
+
+DoorUnit *SimulatorConsole::door(const QString &number) const
+{
+    const auto found =
+        std::ranges::find_if(doors_, [&](const auto &unit) { return unit->number() == number; });
+    return found == doors_.end() ? nullptr : found->get();
+}
+
+std::pair<DoorUnit *, QString> SimulatorConsole::doorAndNumber(const QString &description) const
+{
+    DoorUnit *const unit = door(description.section(u':', 0, 0));
+    const QString number = description.section(u':', 1);
+    if (unit == nullptr || number.isEmpty()) {
+        throw RuntimeFailure(
+            QStringLiteral("Give DOOR:NUMBER with the number of a door, not %1").arg(description));
+    }
+    return {unit, number};
 }

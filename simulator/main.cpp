@@ -114,13 +114,19 @@ const QCommandLineOption kNumber(QStringLiteral("number"),
 const QCommandLineOption
     kDoor(QStringLiteral("door"),
           QStringLiteral("A door: number, name and language (no, da or sv), as "
-                         "+4790000001:Hovedport:no. Behind it \":brief\" makes "
+                         "+4790000001:Hovedport:no. Behind it may stand its type, \":310\" "
+                         "(the usual one), \":mk\" or \":argon\", and \":brief\", which makes "
                          "its answers short. May be repeated."),
           QStringLiteral("door"));
 const QCommandLineOption kUser(QStringLiteral("user"),
                                QStringLiteral("A user that a door knows already, as "
                                               "+4790000001:91234567. May be repeated."),
                                QStringLiteral("user"));
+const QCommandLineOption
+    kAdministrator(QStringLiteral("administrator"),
+                   QStringLiteral("The number that is a door's administrator already, as "
+                                  "+4790000001:+4799000000. May be repeated."),
+                   QStringLiteral("administrator"));
 const QCommandLineOption
     kDelay(QStringLiteral("delay"),
            QStringLiteral("Time that a door takes to answer, in milliseconds; 3000 "
@@ -176,6 +182,9 @@ int run(const QCommandLineParser &parser)
     for (const QString &user : parser.values(kUser)) {
         console.addUser(user);
     }
+    for (const QString &administrator : parser.values(kAdministrator)) {
+        console.addAdministrator(administrator);
+    }
     console.setAnswerDelay(milliseconds(number(parser, kDelay, 24 * 3600 * 1000)));
 
     const auto signalNotifier = quitOnSignals();
@@ -204,7 +213,7 @@ int main(int argc, char *argv[])
                        "Commands are read from standard input; type help."));
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addOptions({kTcp, kPty, kNumber, kDoor, kUser, kDelay});
+    parser.addOptions({kTcp, kPty, kNumber, kDoor, kUser, kAdministrator, kDelay});
     parser.process(application);
     try {
         if (!parser.positionalArguments().isEmpty()) {

@@ -204,6 +204,16 @@ TEST(Program, DropsATerminalAndMakesANewOne)
     EXPECT_FALSE(QFileInfo(simulator.link).isSymLink());
 }
 
+TEST(Program, MakesTheDoorsThatItIsTold)
+{
+    Simulator simulator(u"--tcp 0 --door +4790000001:Hovedport:no:mk --user +4790000001:91234567 "
+                        "--administrator +4790000001:+4799000000"_qs);
+    simulator.type("open +4790000001 +4791234567\nalarm +4790000001\nquit");
+    EXPECT_EQ(simulator.waitForLine("Hovedport"), "Hovedport opens");
+    EXPECT_EQ(simulator.waitForLine("Hovedport"), "Hovedport tells 1 of the alarm");
+    EXPECT_EQ(simulator.waitForEnd(), 0);
+}
+
 TEST(Program, RefusesWhatItCannotBeAndLeavesAFileThatIsNoLink)
 {
     QTemporaryFile file;
@@ -214,6 +224,7 @@ TEST(Program, RefusesWhatItCannotBeAndLeavesAFileThatIsNoLink)
                               u"--tcp 0 --pty LINK"_qs,
                               u"--pty /nowhere/modem"_qs,
                               u"--tcp 0 --door Hovedport"_qs,
+                              u"--tcp 0 --administrator +4790000001:+4799000000"_qs,
                               u"--tcp 0 --delay -1"_qs,
                               u"--tcp 0 more"_qs,
                               u"--pty "_qs + file.fileName()};
