@@ -136,6 +136,7 @@ TEST(Door, KeepsWhatItIsTold)
         {"O", [](auto &) {}, DoorType::Argon},
         {"V1", [](auto &) {}, DoorType::Argon},
         {"A7 00000000", [](auto &) {}, DoorType::Argon},
+        {"K", [](auto &) {}, DoorType::Argon},
         {"P 99999", [](auto &is) { is.pulse = 99999; }, DoorType::Argon},
         {"P 05", [](auto &is) { is.pulse = 5; }},
         {"T1 Velkommen \x09", [](auto &is) { is.texts[0] = u"Velkommen Ç"_qs; }},
