@@ -136,6 +136,7 @@ struct Index {
     const char16_t *table;
     const char16_t *column;
     bool unique = false;
+    const char16_t *second = nullptr; ///< a further column, where the first has too many rows alike
 };
 
 constexpr Index kIndexes[] = {
@@ -143,16 +144,20 @@ constexpr Index kIndexes[] = {
     {u"TBLbrukere", u"KeyBruker"},     {u"NYEbrukere", u"KeyNummer"},
     {u"NYEbrukere", u"Bruker"},        {u"Katalog", u"Bruker", true},
     {u"Katalog", u"BrukerKort"},       {u"SMS_Sent", u"CMGS"},
-    {u"LOGGData", u"KeyNummer"},       {u"LOGGData", u"Dato"},
+    {u"LOGGData", u"KeyNummer"},       {u"LOGGData", u"Dato", false, u"KeyUser"},
 };
 
 void createIndex(Connection &connection, const Index &index)
 {
     const auto table = QString::fromUtf16(index.table);
     const auto column = QString::fromUtf16(index.column);
-    connection.run(QStringLiteral("CREATE %1INDEX %2_%3 ON %2 (%4)")
-                       .arg(index.unique ? QStringLiteral("UNIQUE ") : QString(), table, column,
-                            comparedForm(column)));
+    QString indexed = comparedForm(column);
+    if (index.second != nullptr) {
+        indexed += QStringLiteral(", ") + comparedForm(QString::fromUtf16(index.second));
+    }
+    connection.run(
+        QStringLiteral("CREATE %1INDEX %2_%3 ON %2 (%4)")
+            .arg(index.unique ? QStringLiteral("UNIQUE ") : QString(), table, column, indexed));
 }
 
 } // namespace
