@@ -9,92 +9,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// A message in the modem's store, and the row of SMS_Received that comes of it.
-struct Filing {
-    QByteArray sender;
-    QByteArray body;
-    std::string names; ///< FraNummerKort|Etternavn|Fornavn
-    std::string text;
-};
-
-const std::string kNobody = "45678|?|?";
-const Filing kFilings[] = {
-    {"+4799999999", "Hei", "99999999|?|?", "Hei"},
-    {"+4791111111", "Hei", "91111111|Berg|Anne", "Hei"},
-    {"+4792222222", "Hei", "92222222|Dahl|?", "Hei"},
-    {InboundWorld::kDoor, "Hei", "90000001|Hovedport| ", "Hei"}, // and a person without a name
-    {InboundWorld::kBackDoor, "Hei", "90000002|?| ", "Hei"},
-    {"12345678", "Hei", kNobody, "Hei"},
-    {"+471234567890123", "Hei", "123456789|?|?", "Hei"},
-    {"A, B", "Hei", "B|?|?", "Hei"},
-    {"O'Hara", "Hei", "ara|?|?", "Hei"},
-    {"", "Hei", "|?|?", "Hei"},
-    {"12345678", "En\nto\ntre", kNobody, "En\r\nto\r\ntre"},
-    {"12345678", "D\x0cr {r \x11pen \x1c\x1d\x0e\x0f |\\", kNobody, "Dør är _pen ÆæÅå öÖ"},
-    {"12345678", "\x80\xe6\xff", kNobody, "€æÿ"},
-    {"12345678", "\x1b!", kNobody, std::string(1, '\0') + "!"},
-    {"12345678", QByteArray(255, 'x'), kNobody, std::string(255, 'x')},
-    {"12345678", QByteArray(256, 'x'), kNobody, ""},
-    {"12345678", "Alt er OK, ingen ERROR", kNobody, "Alt er OK, ingen ERROR"},
-    {"12345678", "", kNobody, ""},
-    {"12345678", "Se +CMGL: 9,\"REC READ\",\"+4790000002\",", kNobody,
-     "Se +CMGL: 9,\"REC READ\",\"+4790000002\","}};
-
-TEST(MessageReader, FilesAMessageAsItCame)
-{
-    InboundWorld world;
-    for (const Filing &filing : kFilings) {
-        SCOPED_TRACE((filing.sender + ": " + filing.body).constData());
-        world.empty();
-        world.inCatalogue(u"+4791111111"_qs, u"Berg"_qs, u"Anne"_qs);
-        world.inCatalogue(u"+4792222222"_qs, u"Dahl"_qs, u""_qs);
-        world.inCatalogue(QString::fromLatin1(InboundWorld::kDoor), u""_qs, u""_qs);
-        world.doorSays(filing.body, filing.sender);
-        EXPECT_THAT(world.filed(), ElementsAre(filing.sender.toStdString() + '|' + filing.names +
-                                               "|26/12/01,12:34:56|" + filing.text));
-        EXPECT_THAT(world.commands, ElementsAre("AT+CMGD=7"));
-        EXPECT_EQ(world.module.SenderNumber, QString::fromLatin1(filing.sender));
-    }
-}
-
-struct Odd {
-    int index;
-    QByteArray record;
-    std::vector<std::string> filed;
-};
-
-const Odd kOddRecords[] = {
-    {3, "+CMGL: 3,\"STO SENT\",\"+4790000001\",,\r\nHei\r\n", {}},
-    {9,
-     "+CMGL: 9,\"REC UNREAD\",6,45,,,\"26/12/01,12:34:56+04\",\"26/12/01,12:34:59+04\",0\r\n",
-     {}},
-    {0, "+CMGL: 0,\"REC READ\",\"+4790000001\",,\"26/12/01,12:34:56+04\"\r\nHei\r\n", {}},
-    {4,
-     "+CMGL: 4,\"REC READ\",\"+4790000001\",,\r\nHei\r\n",
-     {"+4790000001|90000001|Hovedport| ||Hei"}},
-    // The sender of the message before stays where none can be cut.
-    {5,
-     "+CMGL: 5,\"REC READ\",\"+47900/12/01,12:34:56\r\nHei\r\n",
-     {"+4798765432|98765432|?|?|00/12/01,12:34:56|Hei"}},
-    {6,
-     "+CMGL: 6,\"REC READ\",\"+4790000001\",\"Port\",\"26/12/01,12:34:56+04\",145,3\r\nHei\r\n",
-     {"+4790000001|90000001|Hovedport| |26/12/01,12:34:56|Hei"}}};
-
-TEST(OddRecord, IsDeletedAndFiledOnlyAsAMessage)
-{
-    InboundWorld world;
-    for (const Odd &odd : kOddRecords) {
-        SCOPED_TRACE(odd.record.constData());
-        world.empty();
-        world.store[odd.index] = odd.record;
-        world.lists();
-        EXPECT_EQ(world.filed(), odd.filed);
-        EXPECT_THAT(world.commands, ElementsAre("AT+CMGD=" + QByteArray::number(odd.index)));
-        EXPECT_EQ(world.module.RefreshPending, !odd.filed.empty());
-        EXPECT_EQ(world.view.panels[2], u"Klar for innkommende SMS"_qs);
-    }
-}
-
 TEST(MessageReader, OfSeveralRecordsEachListingHandlesTheFirstAndNothingOfTheNext)
 {
     InboundWorld world;
@@ -144,24 +58,28 @@ TEST(MessageReader, DeletesInThreeAttemptsAndOnlyBehindAWholeListing)
     }
 }
 
-/// TimerCom, the send timer, ReadingMessages.
-using Moment = std::tuple<bool, bool, bool>;
+/// TimerCom, the send timer, its interval, ReadingMessages.
+using Moment = std::tuple<bool, bool, milliseconds, bool>;
 
 struct Coupling {
     QByteArray sender;
     QByteArray body;
-    Moment moment; ///< what stands of the modem side while the routine is still at work
+    /// What stands of the modem side while the routine is still at work, of 2 s before it. Each
+    /// change of a text with "OK" slows the send timer down by half.
+    Moment moment;
 };
 
 const Coupling kCouplings[] = {
-    {"12345678", "Hei", {false, false, true}},
-    {"12345678", "Sm\xf8r", {true, true, false}},
-    {"O'Hara", "Hei", {true, true, false}},
-    {"12345678", "OK her", {false, true, false}},
-    {"12345678", "ERROR 12", {false, true, true}},
-    {"12345678", "+CMTI er kjedelig", {false, true, true}},
-    // Only what the family for added users leaves of the text comes to the watcher again.
-    {"12345678", "Port\n91234567 er lagt til A-2 OK", {false, true, false}}};
+    {"12345678", "Hei", {false, false, 2000ms, true}},
+    {"12345678", "Sm\xf8r", {true, true, 3000ms, false}},
+    {"O'Hara", "Hei", {true, true, 3000ms, false}},
+    {"12345678", "OK her", {false, true, 3000ms, false}},
+    {"12345678", "ERROR 12", {false, true, 2000ms, true}},
+    {"12345678", "+CMTI er kjedelig", {false, true, 2000ms, true}},
+    // What families leave of the text comes to the watcher again, with each of their cuts.
+    {"12345678", "Port\n91234567 er lagt til A-2 OK", {false, true, 4500ms, false}},
+    {"12345678", "*91234567\n5/6,8:30\n*92345678\n5/6,9:05\nOK", {false, true, 15188ms, false}},
+    {"12345678", "*91234567 OK\n*92345678", {false, true, 6750ms, false}}};
 
 TEST(WhileReading, TimersStandAsTheTextCommands)
 {
@@ -170,16 +88,34 @@ TEST(WhileReading, TimersStandAsTheTextCommands)
         SCOPED_TRACE(coupling.body.constData());
         world.empty();
         Moment moment;
-        world.link.pace.restart(60s);
+        world.link.pace.restart(2s);
         world.shown = [&] {
             moment = {world.link.TimerCom->isEnabled(), world.link.pace.isRunning(),
-                      world.link.flags.ReadingMessages};
+                      world.link.pace.interval(), world.link.flags.ReadingMessages};
         };
         world.doorSays(coupling.body, coupling.sender);
         EXPECT_EQ(moment, coupling.moment);
         EXPECT_TRUE(world.link.TimerCom->isEnabled());
         EXPECT_FALSE(world.link.flags.ReadingMessages);
         EXPECT_EQ(world.link.pace.interval(), 3000ms);
+    }
+}
+
+TEST(MessageReader, BodiesOf64KibibytesEnd)
+{
+    const QByteArray kPieces[] = {"*",           "*1",         "*91234567",      "*91234567\n",
+                                  "*91234567-",  "/,:*912345", "*91234567/,:\n", "A1A2A3",
+                                  "er lagt til", ",6,",        "*91234567 OK",   "Administrator"};
+    InboundWorld world;
+    for (const QByteArray &piece : kPieces) {
+        SCOPED_TRACE(piece.constData());
+        world.empty();
+        world.doorSays(piece.repeated(0x10000 / piece.size()));
+        EXPECT_THAT(world.commands, ElementsAre("AT+CMGD=7"));
+        EXPECT_EQ(world.filed().size(), 1U);
+        // Of so long a text no family reads more than 200 characters.
+        EXPECT_LE(world.persons().size(), 1U);
+        EXPECT_LE(world.rows(u"SELECT * FROM LOGGData"_qs).size(), 20U);
     }
 }
 

@@ -1,0 +1,166 @@
+#include "support/Corpus.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSet>
+
+#include <stdexcept>
+
+namespace {
+
+[[noreturn]] void fail(const QString &text)
+{
+    throw std::runtime_error(text.toStdString());
+}
+
+QDir folder()
+{
+    return QDir(QStringLiteral(LUKORA_CORPUS "/sentences"));
+}
+
+void expectKeys(const QStringList &keys, const QStringList &known)
+{
+    for (const QString &key : keys) {
+        if (!known.contains(key)) {
+            fail(u"unknown key "_qs + key);
+        }
+    }
+}
+
+QString text(const QJsonValue &value)
+{
+    if (!value.isString()) {
+        fail(u"a text is expected"_qs);
+    }
+    return value.toString();
+}
+
+/// One text or a list of them.
+QStringList texts(const QJsonValue &value)
+{
+    QStringList result;
+    for (const QJsonValue &one : value.isArray() ? value.toArray() : QJsonArray{value}) {
+        result += text(one);
+    }
+    return result;
+}
+
+QByteArray lineBytes(const QString &text)
+{
+    for (const QChar character : text) {
+        if (character.unicode() > 0xFF) {
+            fail(u"no byte of a line: "_qs + character);
+        }
+    }
+    return text.toLatin1();
+}
+
+QMap<QString, QStringList> tables(const QJsonValue &value)
+{
+    QMap<QString, QStringList> result;
+    const QJsonObject object = value.toObject();
+    expectKeys(object.keys(), corpusColumns().keys());
+    for (const QString &table : object.keys()) {
+        result[table] = texts(object[table]);
+    }
+    return result;
+}
+
+CorpusSentence sentence(const QJsonObject &line)
+{
+    expectKeys(line.keys(), {u"name"_qs, u"from"_qs, u"country"_qs, u"dates"_qs, u"before"_qs,
+                             u"refuses"_qs, u"says"_qs, u"record"_qs, u"after"_qs});
+    CorpusSentence result;
+    result.name = text(line[u"name"_qs]).toStdString();
+    result.from = lineBytes(line[u"from"_qs].toString(u"+4790000001"_qs));
+    result.country = line[u"country"_qs].toString(u"47"_qs);
+    result.dates = line[u"dates"_qs].toString(u"dd/MM/yyyy"_qs);
+    if (line.contains(u"says"_qs) == line.contains(u"record"_qs) || !line[u"after"_qs].isObject()) {
+        fail(u"says or record is expected, and after"_qs);
+    }
+    result.refuses = line[u"refuses"_qs].toString();
+    result.before = tables(line[u"before"_qs]);
+    result.after = tables(line[u"after"_qs]);
+    if (line.contains(u"record"_qs)) {
+        for (const QString &record : texts(line[u"record"_qs])) {
+            result.records += lineBytes(record);
+        }
+        return result;
+    }
+    for (const QString &body : texts(line[u"says"_qs])) {
+        result.records += "+CMGL: 7,\"REC UNREAD\",\"" + result.from +
+                          "\",,\"26/12/01,12:34:56+04\"\r\n" + lineBytes(body) + "\r\n";
+        ++result.messages;
+    }
+    return result;
+}
+
+} // namespace
+
+const QMap<QString, QString> &corpusColumns()
+{
+    static const QMap<QString, QString> kColumns = {
+        {u"TBLbrukere"_qs, u"KeyBruker,KeyNummer,Status,Gyldig fra,FraTid,Gyldig til,TilTid,"
+                           "Konto,Saldo"_qs},
+        {u"Katalog"_qs, u"Bruker,BrukerKort,Etternavn,Fornavn"_qs},
+        {u"LOGGData"_qs, u"KeyNummer,KeyUser,Dato,Etternavn,Fornavn"_qs},
+        {u"KEYTable"_qs, u"KeyNummer,KeyNavn,KeySikkerhet,Admin,Admin1,Admin2,Admin3,Admin4,"
+                         "Admin5,Eget_Nummer,Beskrivelse"_qs},
+        {u"SMS_Sent"_qs, u"TilNummer,SMS_Text,CMGS,TimeSent,TimeReceived,ReceivedStatus"_qs},
+        {u"SMS_Received"_qs, u"FraNummer,FraNummerKort,Etternavn,Fornavn,Dato,SMS_Text"_qs}};
+    return kColumns;
+}
+
+std::vector<CorpusSentence> corpusSentences(const QString &file)
+{
+    QFile lines(folder().filePath(file + u".jsonl"_qs));
+    if (!lines.open(QIODevice::ReadOnly) || lines.size() == 0) {
+        fail(u"cannot read "_qs + lines.fileName());
+    }
+    std::vector<CorpusSentence> result;
+    QSet<std::string> names;
+    for (int number = 1; !lines.atEnd(); ++number) {
+        const QString place = u"%1.jsonl:%2: "_qs.arg(file).arg(number);
+        QJsonParseError error;
+        const auto line = QJsonDocument::fromJson(lines.readLine(), &error);
+        try {
+            if (!line.isObject()) {
+                fail(u"no object, "_qs + error.errorString());
+            }
+            CorpusSentence one = sentence(line.object());
+            if (names.contains(one.name)) {
+                fail(u"the name is used before"_qs);
+            }
+            names += one.name;
+            one.name = place.toStdString() + one.name;
+            result.push_back(std::move(one));
+        } catch (const std::runtime_error &failure) {
+            fail(place + QString::fromUtf8(failure.what()));
+        }
+    }
+    return result;
+}
+
+QStringList corpusSentenceFiles()
+{
+    return folder().entryList({u"*.jsonl"_qs}).replaceInStrings(u".jsonl"_qs, QString());
+}
+
+QByteArrayList corpusRecords()
+{
+    QByteArrayList result;
+    for (const QString &file : corpusSentenceFiles()) {
+        for (const CorpusSentence &one : corpusSentences(file)) {
+            result += one.records;
+        }
+    }
+    return result;
+}
+
+int corpusIndex(const QByteArray &record)
+{
+    return record.mid(7, record.indexOf(',') - 7).toInt();
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QByteArray>
+#include <QMap>
+#include <QStringList>
+
+#include <string>
+#include <vector>
+
+// Messages as data: each line of a file in tests/corpus/sentences is a case, told in
+// docs/corpus.md.
+
+/// What the modem lists, and what the tables hold before and after it.
+struct CorpusSentence {
+    std::string name;       ///< with file and line
+    QByteArray from;        ///< sender of the messages
+    int messages = 0;       ///< how many of the records are messages of that sender
+    QByteArrayList records; ///< as listed: header and body, each ended by CR LF
+    QString country;
+    QString dates;   ///< the system's short date, as a format of QDate
+    QString refuses; ///< writes that the database refuses, as in a trigger: "INSERT ON Katalog"
+    /// By table; each row is the values of corpusColumns() joined by "|".
+    QMap<QString, QStringList> before;
+    QMap<QString, QStringList> after;
+};
+
+/// The tables that a sentence may name, and the columns of a row there, joined by ",".
+const QMap<QString, QString> &corpusColumns();
+
+/// The sentences of a file, such as "norwegian".
+/// @throws std::runtime_error with file and line for a file that cannot be read or is empty, a line
+/// that is no such object, an unknown key or table, a name used twice and a character that is no
+/// byte of a line.
+std::vector<CorpusSentence> corpusSentences(const QString &file);
+
+/// The files' names, without ".jsonl".
+QStringList corpusSentenceFiles();
+/// The records of all sentences of all files, for whoever needs many different messages.
+QByteArrayList corpusRecords();
+
+/// The storage number in a record's header.
+int corpusIndex(const QByteArray &record);
