@@ -51,12 +51,12 @@ void Interpretation::add(Recordset &rows,
 void Interpretation::change(Recordset &rows,
                             std::initializer_list<std::pair<const char16_t *, QString>> values)
 {
-    for (const auto &[column, value] : values) {
+    for (const auto &value : values) {
         rule.step([&] {
             // Doors repeat themselves, and every write waits for the disk.
-            const QString name = QString::fromUtf16(column);
-            if (rows.value(name) != QVariant(value)) {
-                rows.setValue(name, value);
+            const QString name = QString::fromUtf16(value.first);
+            if (rows.value(name) != QVariant(value.second)) {
+                rows.setValue(name, value.second);
             }
         });
     }
