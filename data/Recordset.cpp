@@ -65,6 +65,13 @@ struct Recordset::Private {
         }
     }
 
+    void reread()
+    {
+        drop();
+        reader.refresh();
+        unread = true;
+    }
+
     void toFirst() { goTo({}, Place::Behind); }
 
     /// Begin of a step that goes on from here: the current row, a removed one, or an end.
@@ -168,8 +175,13 @@ Recordset &Recordset::operator=(Recordset &&) noexcept = default;
 
 void Recordset::open(std::shared_ptr<Connection> connection, Query query)
 {
-    close();
-    auto opening = std::make_unique<Private>(std::move(connection), std::move(query));
+    // Each tick opens the same sets again, which need no new statements then.
+    std::unique_ptr<Private> opening = std::move(d);
+    if (opening && opening->reader.reads(connection.get(), query)) {
+        opening->reread();
+    } else {
+        opening = std::make_unique<Private>(std::move(connection), std::move(query));
+    }
     opening->settle();
     d = std::move(opening);
 }
@@ -201,10 +213,7 @@ Recordset::Private &Recordset::settled() const
 
 void Recordset::requery()
 {
-    Private &set = opened();
-    set.drop();
-    set.reader.refresh();
-    set.unread = true;
+    opened().reread();
 }
 
 void Recordset::sort(const QString &column)

@@ -22,6 +22,8 @@ struct Query {
     QVariantList values = {};              ///< for the "?" of the filter, in order
     QString sort = {};                     ///< column to sort by; empty for the table's own order
     QString key = QStringLiteral("rowid"); ///< whole number that names a row of the source for good
+
+    bool operator==(const Query &) const = default;
 };
 
 /// One row of a set, as it was read: for grids and other readers of whole sets.

@@ -175,7 +175,8 @@ void Recordsets::openUsersAndMessages()
                                 .columns = named("Bruker,Etternavn,Fornavn,BrukerKort")});
     rsSmsReceived.open(connection, {.source = QStringLiteral("SMS_Received"),
                                     .columns = named("ID,FraNummer,FraNummerKort,Etternavn,"
-                                                     "Fornavn,Dato,SMS_Text")});
+                                                     "Fornavn,Dato,SMS_Text"),
+                                    .sort = QStringLiteral("ID")});
     rsSmsSentDone.open(connection, sentDone());
     rsSmsOutbox.open(connection, outbox());
     rsKeyAntall.open(connection, doorsPerUser());
@@ -184,7 +185,6 @@ void Recordsets::openUsersAndMessages()
     rsModem.open(connection, {.source = QStringLiteral("Modem"),
                               .columns = named("IMEICODE,ModemManufacturer,ModemName,ModemOwner,"
                                                "ModemStatus")});
-    rsSmsReceived.sort(QStringLiteral("ID"));
     rsSmsReceived.moveLast();
 }
 

@@ -40,6 +40,10 @@ public:
     void append(qint64 key);
 
     const Query &query() const { return query_; }
+    bool reads(const Connection *connection, const Query &query) const
+    {
+        return connection_.get() == connection && query_ == query;
+    }
     Connection &connection() { return *connection_; }
 
 private:
