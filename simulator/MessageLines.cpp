@@ -19,9 +19,10 @@ QByteArray stamp(const QDateTime &time)
                   QByteArray::number(std::abs(quarters)).rightJustified(2, '0'));
 }
 
-QByteArray header(const MessageRecord &record)
+QByteArray header(const MessageRecord &record, const QByteArray &name = {})
 {
-    return quoted(record.statusWord()) + ',' + quoted(toGsm(record.number)) + ",,";
+    return quoted(record.statusWord()) + ',' + quoted(toGsm(record.number)) + ',' +
+           (name.isEmpty() ? name : quoted(name)) + ',';
 }
 
 QByteArray reportLine(const MessageRecord &record, bool recipient)
@@ -44,17 +45,17 @@ QByteArray addressType(const QString &number)
     return std::ranges::all_of(number, isDigit) ? "129" : "208";
 }
 
-QByteArray listLines(int index, const MessageRecord &record, bool details)
+QByteArray listLines(const QByteArray &place, const MessageRecord &record, const ListStyle &style)
 {
-    const QByteArray start = "+CMGL: " + QByteArray::number(index) + ',';
+    const QByteArray start = "+CMGL: " + place + ',';
     if (record.kind == MessageRecord::Kind::Report) {
-        return start + reportLine(record, details);
+        return start + reportLine(record, style.details);
     }
-    QByteArray lines = start + header(record);
+    QByteArray lines = start + header(record, style.name);
     if (record.kind == MessageRecord::Kind::Received) {
         lines += stamp(record.stamp);
     }
-    if (details) {
+    if (style.details) {
         lines += ',' + addressType(record.number) + ',' + QByteArray::number(record.text.size());
     }
     return lines + "\r\n" + record.text;

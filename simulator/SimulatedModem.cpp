@@ -27,7 +27,7 @@ bool isSameLetter(char byte, char capital)
 SimulatedModem::SimulatedModem(Clock &clock, SmsNetwork &network, const QString &ownNumber)
     : network_(network),
       ownNumber_(ownNumber),
-      submission_(clock.timer([this] { finishSubmission(); })),
+      busy_(clock.timer([this] { waitIsOver(); })),
       pacer_(clock.timer([this] { writeWaiting(); }))
 {
     network_.addPhone(ownNumber_,
@@ -49,11 +49,11 @@ void SimulatedModem::lineClosed()
 {
     input_.clear();
     line_.clear();
-    waiting_.clear();
-    pacer_->setEnabled(false);
+    stopWriting();
     // A submission under way goes on without the PC.
-    if (state_ == State::Text) {
+    if (state_ == State::Text || state_ == State::Prompting) {
         state_ = State::Command;
+        busy_->setEnabled(false);
     }
 }
 
@@ -74,7 +74,7 @@ void SimulatedModem::takeInput()
         return;
     }
     taking_ = true;
-    while (!input_.isEmpty() && state_ != State::Submitting) {
+    while (!input_.isEmpty() && !busy_->isEnabled()) {
         const char byte = input_.front();
         input_.remove(0, 1);
         if (state_ == State::Text) {
@@ -141,6 +141,9 @@ void SimulatedModem::takeTextByte(char byte)
 void SimulatedModem::execute(const QByteArray &line)
 {
     const bool isTooLong = line.size() > kLongestLine;
+    if (faults_.lineBeforeAnswer.take()) {
+        answer(faults_.unsolicited);
+    }
     Result result = isTooLong ? kError : kOk;
     for (const AtCommand &command :
          isTooLong ? std::vector<AtCommand>() : atCommands(line.mid(2))) {
@@ -220,11 +223,14 @@ void SimulatedModem::write(const QByteArray &bytes)
     if (faults_.mute || !output_) {
         return;
     }
-    waiting_ += bytes.left(kMostOutput - waiting_.size());
-    if (faults_.perCharacter <= 0ms) {
+    QByteArray framed = bytes;
+    framed.replace("\r\n", faults_.lineEnd);
+    waiting_ += framed.left(kMostOutput - waiting_.size());
+    const milliseconds pace = std::max(faults_.perCharacter, faults_.heldBack);
+    if (pace <= 0ms) {
         writeWaiting();
     } else if (!pacer_->isEnabled()) {
-        pacer_->setInterval(faults_.perCharacter);
+        pacer_->setInterval(pace);
         pacer_->setEnabled(true);
     }
 }
@@ -232,12 +238,22 @@ void SimulatedModem::write(const QByteArray &bytes)
 void SimulatedModem::writeWaiting()
 {
     const bool isSlow = faults_.perCharacter > 0ms;
-    const QByteArray bytes = isSlow ? waiting_.left(1) : waiting_;
+    QByteArray bytes = isSlow ? waiting_.left(1) : waiting_;
     waiting_.remove(0, bytes.size());
     if (waiting_.isEmpty()) {
         pacer_->setEnabled(false);
     }
-    if (!bytes.isEmpty() && output_) {
-        output_(bytes);
+    if (faults_.heldBack > 0ms) {
+        bytes.replace("\r\n\r\n", "\r\n");
     }
+    const qsizetype piece = faults_.split ? 1 : bytes.size();
+    for (qsizetype start = 0; start < bytes.size() && output_; start += piece) {
+        output_(bytes.mid(start, piece));
+    }
+}
+
+void SimulatedModem::stopWriting()
+{
+    waiting_.clear();
+    pacer_->setEnabled(false);
 }

@@ -47,7 +47,7 @@ public:
 private:
     static constexpr qsizetype kLongestText = 160;
 
-    enum class State { Command, Text, Submitting };
+    enum class State { Command, Prompting, Text, Submitting };
     enum class Purpose { Submit, Store };
 
     struct Settings {
@@ -98,6 +98,7 @@ private:
     void flushNotices();
     void write(const QByteArray &bytes);
     void writeWaiting();
+    void stopWriting();
 
     // Settings and answers (SimulatedModemCommands.cpp)
     Result factorySettings(const AtCommand &command);
@@ -127,8 +128,16 @@ private:
     bool listsDetails(const MessageRecord &record) const;
     MessageRecord *recordOf(const AtCommand &command);
     Result askText(const QString &recipient, Purpose purpose);
+    void openText();
     void endText();
+    void wait(State state, milliseconds time);
+    void waitIsOver();
     void finishSubmission();
+    void restart(const Settings &settings);
+    /// The number by which the line knows a place of the store, and the other way round.
+    int placeNumber(int index) const { return index + faults_.firstPlace - 1; }
+    int placeOf(const AtValue &number) const;
+    QByteArray namedPlace(int index) const;
     bool takeMessage(const SmsMessage &message);
     bool takeReport(const SmsReport &report);
     bool hasRoom(const MessageStore &store) const { return !faults_.storeFull && !store.isFull(); }
@@ -140,7 +149,7 @@ private:
     ModemFaults faults_;
     std::function<void(const QByteArray &)> output_;
     std::function<void()> lineDrop_;
-    std::unique_ptr<Timer> submission_;
+    std::unique_ptr<Timer> busy_;
     std::unique_ptr<Timer> pacer_;
     milliseconds submissionTime_ = 2s;
 

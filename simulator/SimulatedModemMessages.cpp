@@ -26,10 +26,10 @@ bool isListWord(const QByteArray &word)
 
 SimulatedModem::Result SimulatedModem::cpms(const AtCommand &command)
 {
-    QList<QByteArray> names{"SM", "ME"};
-    if (!faults_.refuseMt) {
-        names += "MT";
-    }
+    QList<QByteArray> names{"SM", "ME", "MT"};
+    names.removeIf([&](const QByteArray &name) {
+        return (faults_.refuseMt && name == "MT") || (faults_.refuseSm && name == "SM");
+    });
     if (command.kind == Kind::Test) {
         const QByteArray list = "(\"" + names.join("\",\"") + "\")";
         answer("+CPMS: " + list + ',' + list + ',' + list);
@@ -75,7 +75,12 @@ SimulatedModem::Result SimulatedModem::cmgl(const AtCommand &command)
         if (word != "ALL" && word != record.statusWord()) {
             continue;
         }
-        entries += listLines(index, record, listsDetails(record));
+        entries +=
+            listLines(namedPlace(index), record, {listsDetails(record), faults_.phoneBookName});
+        if (record.kind != MessageRecord::Kind::Report && faults_.lineInRecord.take()) {
+            entries.back().replace(entries.back().indexOf("\r\n"), 2,
+                                   "\r\n\r\n" + faults_.unsolicited + "\r\n\r\n");
+        }
         store.find(index)->read = true;
     }
     if (!entries.isEmpty()) {
@@ -104,10 +109,13 @@ SimulatedModem::Result SimulatedModem::cmgd(const AtCommand &command)
     if (command.kind == Kind::Test) {
         QByteArrayList indexes;
         for (const auto &entry : store.records()) {
-            indexes += QByteArray::number(entry.first);
+            indexes += QByteArray::number(placeNumber(entry.first));
         }
         answer("+CMGD: (" + indexes.join(',') + "),(0-4)");
         return kOk;
+    }
+    if (faults_.refuseDeletion.take()) {
+        return kError;
     }
     const auto values = atValues(command.arguments);
     const int flag = values.size() > 1 ? values[1].number().value_or(-1) : 0;
@@ -115,8 +123,7 @@ SimulatedModem::Result SimulatedModem::cmgd(const AtCommand &command)
         return cms(kInvalidTextParameter);
     }
     if (flag == 0) {
-        const int index = values.empty() ? 0 : values[0].number().value_or(0);
-        return store.remove(index) ? kOk : cms(kInvalidIndex);
+        return !values.empty() && store.remove(placeOf(values[0])) ? kOk : cms(kInvalidIndex);
     }
     // 1 the read ones, 2 those sent from here too (this modem keeps none), 3 the unsent too, 4 all.
     store.removeIf([flag](const MessageRecord &record) {
@@ -138,7 +145,18 @@ MessageRecord *SimulatedModem::recordOf(const AtCommand &command)
     if (command.kind != Kind::Set || values.empty()) {
         return nullptr;
     }
-    return memory(memories_[0]).find(values[0].number().value_or(0));
+    return memory(memories_[0]).find(placeOf(values[0]));
+}
+
+int SimulatedModem::placeOf(const AtValue &number) const
+{
+    const auto place = number.number();
+    return place ? *place - faults_.firstPlace + 1 : 0;
+}
+
+QByteArray SimulatedModem::namedPlace(int index) const
+{
+    return QByteArray::number(placeNumber(index) + (faults_.wrongPlace ? 1 : 0));
 }
 
 SimulatedModem::Result SimulatedModem::cmgs(const AtCommand &command)
@@ -174,15 +192,50 @@ SimulatedModem::Result SimulatedModem::askText(const QString &recipient, Purpose
     recipient_ = recipient;
     purpose_ = purpose;
     text_.clear();
-    write("\r\n> ");
-    if (purpose == Purpose::Submit && faults_.dropAtPrompt.take()) {
+    if (faults_.promptDelay > 0ms) {
+        wait(State::Prompting, faults_.promptDelay);
+    } else {
+        openText();
+    }
+    return kNone;
+}
+
+void SimulatedModem::openText()
+{
+    state_ = State::Text;
+    write(faults_.prompt);
+    if (purpose_ == Purpose::Submit && faults_.dropAtPrompt.take()) {
+        state_ = State::Command;
         if (lineDrop_) {
             lineDrop_();
         }
-        return kNone;
     }
-    state_ = State::Text;
-    return kNone;
+}
+
+void SimulatedModem::wait(State state, milliseconds time)
+{
+    state_ = state;
+    busy_->setInterval(time);
+    busy_->setEnabled(true);
+}
+
+void SimulatedModem::waitIsOver()
+{
+    busy_->setEnabled(false);
+    if (state_ == State::Prompting) {
+        openText();
+    } else {
+        finishSubmission();
+    }
+    takeInput();
+}
+
+void SimulatedModem::restart(const Settings &settings)
+{
+    settings_ = settings;
+    saved_ = settings;
+    input_.clear();
+    stopWriting();
 }
 
 void SimulatedModem::endText()
@@ -193,9 +246,18 @@ void SimulatedModem::endText()
         return;
     }
     if (purpose_ == Purpose::Submit) {
-        state_ = State::Submitting;
-        submission_->setInterval(submissionTime_);
-        submission_->setEnabled(true);
+        if (faults_.restart.take()) {
+            restart(saved_);
+            return;
+        }
+        if (faults_.restartForgetful.take()) {
+            restart(Settings());
+            return;
+        }
+        if (faults_.lineInSubmission.take()) {
+            answer(faults_.unsolicited);
+        }
+        wait(State::Submitting, submissionTime_ + faults_.answerDelay);
         return;
     }
     MessageStore &store = memory(memories_[1]);
@@ -205,7 +267,7 @@ void SimulatedModem::endText()
                          .firstOctet = settings_.csmp[0]};
     const auto index = hasRoom(store) ? store.add(record) : std::nullopt;
     if (index) {
-        answer("+CMGW: " + QByteArray::number(*index));
+        answer("+CMGW: " + namedPlace(*index));
     }
     finish(index ? kOk : cms(kMemoryFull));
 }
@@ -213,7 +275,6 @@ void SimulatedModem::endText()
 void SimulatedModem::finishSubmission()
 {
     constexpr int kReportRequested = 0x20;
-    submission_->setEnabled(false);
     state_ = State::Command;
     if (faults_.refuseSubmission.take()) {
         finish(faults_.refusalNumber == 0 ? kError : cms(faults_.refusalNumber));
@@ -230,7 +291,6 @@ void SimulatedModem::finishSubmission()
         }
         finish(isLost ? kNone : kOk);
     }
-    takeInput();
 }
 
 bool SimulatedModem::takeMessage(const SmsMessage &message)
@@ -242,7 +302,7 @@ bool SimulatedModem::takeMessage(const SmsMessage &message)
     const auto index =
         store.add({.number = message.from, .text = message.text, .stamp = message.sentAt});
     if (settings_.cnmi[1] == 1) {
-        notify("+CMTI: \"" + memories_[2] + "\"," + QByteArray::number(*index));
+        notify("+CMTI: \"" + memories_[2] + "\"," + namedPlace(*index));
     }
     return true;
 }
@@ -263,7 +323,7 @@ bool SimulatedModem::takeReport(const SmsReport &report)
                                   .reference = report.reference,
                                   .status = report.status,
                                   .firstOctet = 6});
-    notify("+CDSI: \"" + memories_[2] + "\"," + QByteArray::number(*index));
+    notify("+CDSI: \"" + memories_[2] + "\"," + namedPlace(*index));
     return true;
 }
 

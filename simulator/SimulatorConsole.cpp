@@ -2,17 +2,13 @@
 
 #include "platform/RuntimeFailure.h"
 #include "simulator/GsmAlphabet.h"
+#include "simulator/Personalities.h"
 
 #include <algorithm>
 
 namespace {
 
 const QDate kNoEnd(2099, 12, 31);
-
-FaultCount times(const QList<int> &numbers, qsizetype place)
-{
-    return numbers.size() > place ? FaultCount::times(numbers[place]) : FaultCount::always();
-}
 
 /// The word in front; the rest stays, without the blanks between them.
 QString takeWord(QString &line)
@@ -93,40 +89,6 @@ std::optional<DoorLanguage> language(const QString &word)
 }
 
 } // namespace
-
-const SimulatorConsole::Fault SimulatorConsole::kFaults[] = {
-    {u"mute", u"", u"the modem neither hears nor speaks",
-     [](ModemFaults &faults, const QList<int> &) { faults.mute = true; }},
-    {u"slow", u"[MS]", u"one character in so many milliseconds (100)",
-     [](ModemFaults &faults, const QList<int> &numbers) {
-         faults.perCharacter = milliseconds(numbers.value(0, 100));
-     }},
-    {u"refuse", u"[NUMBER [TIMES]]", u"submissions end in +CMS ERROR: NUMBER (500; 0: ERROR)",
-     [](ModemFaults &faults, const QList<int> &numbers) {
-         faults.refusalNumber = numbers.value(0, 500);
-         faults.refuseSubmission = times(numbers, 1);
-     }},
-    {u"noprompt", u"[TIMES]", u"no prompt for a text",
-     [](ModemFaults &faults, const QList<int> &numbers) { faults.noPrompt = times(numbers, 0); }},
-    {u"lost", u"[TIMES]", u"messages go out, but their answers are lost",
-     [](ModemFaults &faults, const QList<int> &numbers) { faults.loseAnswer = times(numbers, 0); }},
-    {u"drop", u"[TIMES]", u"the line drops behind the prompt",
-     [](ModemFaults &faults, const QList<int> &numbers) {
-         faults.dropAtPrompt = times(numbers, 0);
-     }},
-    {u"echo", u"", u"the echo cannot be switched off",
-     [](ModemFaults &faults, const QList<int> &) { faults.echoStuck = true; }},
-    {u"garbage", u"", u"noise instead of answers",
-     [](ModemFaults &faults, const QList<int> &) { faults.garbage = true; }},
-    {u"nomt", u"", u"no storage \"MT\"",
-     [](ModemFaults &faults, const QList<int> &) { faults.refuseMt = true; }},
-    {u"noreports", u"", u"no status reports",
-     [](ModemFaults &faults, const QList<int> &) { faults.refuseReports = true; }},
-    {u"full", u"", u"no room for messages",
-     [](ModemFaults &faults, const QList<int> &) { faults.storeFull = true; }},
-    {u"recipient", u"", u"status reports name their recipient",
-     [](ModemFaults &faults, const QList<int> &) { faults.recipientInReports = true; }},
-};
 
 SimulatorConsole::SimulatorConsole(Clock &clock, const QString &modemNumber,
                                    std::function<void(const QString &)> print)
@@ -218,10 +180,10 @@ void SimulatorConsole::help()
     print_(QStringLiteral("clear              no fault any more"));
     print_(QStringLiteral("quit               leave"));
     print_(QStringLiteral("fault NAME         break the modem, until clear:"));
-    for (const Fault &fault : kFaults) {
+    for (const Personality &each : kPersonalities) {
         print_(QStringLiteral("  %1 %2").arg(
-            QStringLiteral("%1 %2").arg(fault.name, fault.arguments).leftJustified(25),
-            fault.meaning));
+            QStringLiteral("%1 %2").arg(each.name, each.arguments).leftJustified(28),
+            each.meaning));
     }
 }
 
@@ -237,26 +199,13 @@ void SimulatorConsole::sendSms(const QString &arguments)
     network_.send(from, modem_.ownNumber(), toGsm(text));
 }
 
-void SimulatorConsole::setFault(const QString &arguments)
+void SimulatorConsole::setFault(const QString &words)
 {
-    QString rest = arguments;
-    const QString name = takeWord(rest);
-    QList<int> numbers;
-    while (!rest.isEmpty()) {
-        bool isNumber = false;
-        numbers += takeWord(rest).toInt(&isNumber);
-        if (!isNumber || numbers.back() < 0) {
-            print_(QStringLiteral("The values of a fault are numbers from 0 up"));
-            return;
-        }
+    try {
+        addPersonality(modem_.faults(), words);
+    } catch (const RuntimeFailure &failure) {
+        print_(failure.description());
     }
-    for (const Fault &fault : kFaults) {
-        if (fault.name == name) {
-            fault.set(modem_.faults(), numbers);
-            return;
-        }
-    }
-    print_(QStringLiteral("Unknown fault %1; try help").arg(name));
 }
 
 void SimulatorConsole::listDoors()

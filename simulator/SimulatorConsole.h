@@ -33,17 +33,9 @@ public:
     bool command(const QString &line);
 
 private:
-    struct Fault {
-        QStringView name;
-        QStringView arguments;
-        QStringView meaning;
-        void (*set)(ModemFaults &faults, const QList<int> &numbers);
-    };
-    static const Fault kFaults[];
-
     void help();
     void sendSms(const QString &arguments);
-    void setFault(const QString &arguments);
+    void setFault(const QString &words);
     void listDoors();
     void callDoor(const QString &arguments);
     void alarm(const QString &arguments);

@@ -1,5 +1,6 @@
 #include "platform/RuntimeFailure.h"
 #include "platform/qt/SystemClock.h"
+#include "simulator/Personalities.h"
 #include "simulator/PtyPort.h"
 #include "simulator/SimulatorConsole.h"
 #include "simulator/TcpPort.h"
@@ -133,6 +134,12 @@ const QCommandLineOption
                           "if it is not given."),
            QStringLiteral("ms"), QStringLiteral("3000"));
 
+const QCommandLineOption
+    kFault(QStringLiteral("fault"),
+           QStringLiteral("Break the modem from the start, as the command fault does: \"slow 20\". "
+                          "May be repeated."),
+           QStringLiteral("fault"));
+
 int number(const QCommandLineParser &parser, const QCommandLineOption &option, int most)
 {
     bool isNumber = false;
@@ -187,6 +194,10 @@ int run(const QCommandLineParser &parser)
     }
     console.setAnswerDelay(milliseconds(number(parser, kDelay, 24 * 3600 * 1000)));
 
+    for (const QString &fault : parser.values(kFault)) {
+        addPersonality(console.modem().faults(), fault);
+    }
+
     const auto signalNotifier = quitOnSignals();
     SimulatedModem &modem = console.modem();
     const auto port = openPort(parser, {[&modem](const QByteArray &bytes) { modem.receive(bytes); },
@@ -213,7 +224,7 @@ int main(int argc, char *argv[])
                        "Commands are read from standard input; type help."));
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addOptions({kTcp, kPty, kNumber, kDoor, kUser, kAdministrator, kDelay});
+    parser.addOptions({kTcp, kPty, kNumber, kDoor, kUser, kAdministrator, kDelay, kFault});
     parser.process(application);
     try {
         if (!parser.positionalArguments().isEmpty()) {

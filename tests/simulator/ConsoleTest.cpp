@@ -1,5 +1,6 @@
 #include "ModemWorld.h"
 #include "platform/RuntimeFailure.h"
+#include "simulator/Personalities.h"
 #include "simulator/SimulatorConsole.h"
 
 #include <QRegularExpression>
@@ -103,7 +104,7 @@ TEST_F(Console, TakesEveryFaultThatItsHelpNames)
 {
     type("help");
     const QStringList faults = printed.filter(QRegularExpression(u"^  "_qs));
-    EXPECT_EQ(faults.size(), 12);
+    EXPECT_EQ(faults.size(), static_cast<qsizetype>(kPersonalities.size()));
     for (const QString &line : faults) {
         type(qPrintable(u"fault "_qs + line.trimmed().section(u' ', 0, 0)));
         EXPECT_TRUE(printed.isEmpty()) << qPrintable(line);

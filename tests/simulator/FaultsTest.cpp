@@ -1,4 +1,6 @@
 #include "ModemWorld.h"
+#include "platform/RuntimeFailure.h"
+#include "simulator/Personalities.h"
 
 namespace {
 
@@ -9,34 +11,106 @@ struct Fault : testing::Test, ModemWorld {
 TEST_F(Fault, StrikesWhereItShouldAndNowhereElse)
 {
     const QByteArray submission = "AT+CMGS=+4791111111\rHei\x1a";
+    const QByteArray notice = "\r\n+CMTI: \"SM\",19\r\n";
+    const QByteArray listed =
+        "\r\n+CMGL: 1,\"REC UNREAD\",\"+4791111111\",,\"26/12/01,09:00:00+00\"";
     const struct {
-        const char *name;
-        void (*set)(ModemFaults &);
+        const char *words;
         QByteArray said, answer, delivered;
     } strikes[] = {
-        {"mute", [](ModemFaults &f) { f.mute = true; }, "ATE1\rAT\r", "", ""},
-        {"refused", [](ModemFaults &f) { f.refuseSubmission = FaultCount::always(); }, submission,
-         kPrompt + "\r\n+CMS ERROR: 500\r\n", ""},
-        {"no prompt", [](ModemFaults &f) { f.noPrompt = FaultCount::always(); }, submission, "",
-         ""},
-        {"answer lost", [](ModemFaults &f) { f.loseAnswer = FaultCount::always(); }, submission,
-         kPrompt, "Hei|"},
-        {"echo", [](ModemFaults &f) { f.echoStuck = true; }, "AT&F\rATE0\rAT\r",
-         kOk + "ATE0\r" + kOk + "AT\r" + kOk, ""},
-        {"no MT", [](ModemFaults &f) { f.refuseMt = true; },
-         "AT+CPMS=\"MT\"\rAT+CPMS=?\rAT+CPMS=\"SM\"\r",
+        {"mute", "ATE1\rAT\r", "", ""},
+        {"blanklines", "AT\r", "\r\n\r\n\r\nOK\r\n\r\n\r\n", ""},
+        {"lfonly", "AT+CGMM\r", "\nSimulated Modem\n\nOK\n", ""},
+        {"crcrlf", "AT\r", "\r\r\nOK\r\r\n", ""},
+        {"glued", "AT+CGMM\rAT\r", "\r\nSimulated Modem\r\nOK\r\nOK\r\n", ""},
+        {"noticefirst 1", "AT\rAT\r", notice + kOk + kOk, ""},
+        {"noticeinrecord 1", "AT+CMGL=ALL\r", listed + "\r\n" + notice + "\r\nInn\r\n" + kOk, ""},
+        {"noticeinsubmission", submission, kPrompt + notice + kSent, "Hei|"},
+        {"bareprompt", submission, "\r\n>" + kSent, "Hei|"},
+        {"refuse", submission, kPrompt + "\r\n+CMS ERROR: 500\r\n", ""},
+        {"noprompt", submission, "", ""},
+        {"lost", submission, kPrompt, "Hei|"},
+        {"echo", "AT&F\rATE0\rAT\r", kOk + "ATE0\r" + kOk + "AT\r" + kOk, ""},
+        {"nomt", "AT+CPMS=\"MT\"\rAT+CPMS=?\r",
          "\r\n+CMS ERROR: 303\r\n\r\n+CPMS: (\"SM\",\"ME\"),(\"SM\",\"ME\"),(\"SM\",\"ME\")\r\n" +
-             kOk + "\r\n+CPMS: 0,20,0,20,0,20\r\n" + kOk,
+             kOk,
          ""},
-        {"no reports", [](ModemFaults &f) { f.refuseReports = true; },
-         "AT+CNMI=1,1,0,2,1\rAT+CNMI=1,1\r", kError + kOk, ""},
+        {"nosm", "AT+CPMS=\"MT\"\rAT+CPMS=\"SM\"\r",
+         "\r\n+CPMS: 1,20,1,20,1,20\r\n" + kOk + "\r\n+CMS ERROR: 303\r\n", ""},
+        {"noreports", "AT+CNMI=1,1,0,2,1\rAT+CNMI=1,1\r", kError + kOk, ""},
+        {"firstplace 0", "AT+CMGD=?\rAT+CMGD=1\rAT+CMGD=0\rAT+CMGL\r",
+         "\r\n+CMGD: (0),(0-4)\r\n" + kOk + "\r\n+CMS ERROR: 321\r\n" + kOk + kOk, ""},
+        {"wrongplace", "AT+CMGL\rAT+CMGD=2\r",
+         QByteArray(listed).replace(": 1,", ": 2,") + "\r\nInn\r\n" + kOk +
+             "\r\n+CMS ERROR: 321\r\n",
+         ""},
+        {"nodelete 1", "AT+CMGD=1\rAT+CMGD=1\r", kError + kOk, ""},
+        {"names", "AT+CMGL\r",
+         QByteArray(listed).replace(",,", ",\"Nord\x0fs, Kari\",") + "\r\nInn\r\n" + kOk, ""},
     };
-    for (const auto &[name, set, input, answer, texts] : strikes) {
+    for (const auto &[words, input, answer, texts] : strikes) {
         ModemWorld world;
-        set(world.modem.faults());
-        EXPECT_EQ(world.say(input, 2s), answer) << name;
-        EXPECT_EQ(world.delivered(), texts) << name;
+        world.network.send(kStranger, world.modem.ownNumber(), "Inn");
+        world.listen(2s);
+        addPersonality(world.modem.faults(), QString::fromUtf8(words));
+        EXPECT_EQ(world.say(input, 2s), answer) << words;
+        EXPECT_EQ(world.delivered(), texts) << words;
     }
+}
+
+TEST_F(Fault, SplitAnswersComeByTheCharacterAndGluedOnesTogether)
+{
+    int pieces = 0;
+    modem.setOutput([&](const QByteArray &) { ++pieces; });
+    addPersonality(faults, u"split"_qs);
+    say("AT\r");
+    EXPECT_EQ(pieces, kOk.size());
+    faults = {};
+    addPersonality(faults, u"glued 300"_qs);
+    say("AT\rAT\r", 299ms);
+    EXPECT_EQ(pieces, kOk.size());
+    listen(1ms);
+    EXPECT_EQ(pieces, kOk.size() + 1);
+}
+
+TEST_F(Fault, LatePromptKeepsTheTextAndLateAnswerItsOrder)
+{
+    faults.promptDelay = 3s;
+    faults.answerDelay = 14s;
+    EXPECT_EQ(say("AT+CMGS=+4791111111\rHei\x1a"
+                  "AT\r",
+                  2999ms),
+              QByteArray());
+    EXPECT_EQ(listen(1ms), kPrompt);
+    EXPECT_EQ(listen(15'999ms), QByteArray());
+    EXPECT_EQ(listen(1ms), kSent + kOk);
+    EXPECT_EQ(delivered(), "Hei|");
+
+    say("AT+CMGS=+4791111111\r");
+    modem.lineClosed();
+    EXPECT_EQ(say("AT\r", 5s), kOk) << "a prompt for nobody";
+}
+
+TEST_F(Fault, RestartedModemHasItsStoredSettingsOrTheFactorys)
+{
+    say("AT&W\r");
+    for (const auto &[words, echo] : {std::pair{u"reset 1"_qs, ""}, {u"forget 1"_qs, "AT\r"}}) {
+        addPersonality(faults, words);
+        EXPECT_EQ(submit(), kPrompt);
+        EXPECT_EQ(say("AT\r"), echo + kOk);
+    }
+    EXPECT_EQ(delivered(), QByteArray());
+}
+
+TEST_F(Fault, IsKnownByItsNameAndItsNumbers)
+{
+    for (const char *words : {"", "nothing", "slow x", "slow -1", "refuse 500 2,5"}) {
+        EXPECT_THROW(addPersonality(faults, QString::fromUtf8(words)), RuntimeFailure) << words;
+    }
+    addPersonality(faults, u" refuse  0 1 "_qs);
+    EXPECT_EQ(submit("en"), kPrompt + kError);
+    EXPECT_EQ(submit("to"), kPrompt + kSent);
+    EXPECT_EQ(delivered(), "to|");
 }
 
 TEST_F(Fault, MuteModemStoresOn)
@@ -44,15 +118,6 @@ TEST_F(Fault, MuteModemStoresOn)
     faults.mute = true;
     EXPECT_EQ(arrive(), QByteArray());
     EXPECT_EQ(modem.store().used(), 1);
-}
-
-TEST_F(Fault, RefusalsAreCounted)
-{
-    faults.refuseSubmission = FaultCount::times(1);
-    faults.refusalNumber = 0;
-    EXPECT_EQ(submit("en"), kPrompt + kError);
-    EXPECT_EQ(submit("to"), kPrompt + kSent);
-    EXPECT_EQ(delivered(), "to|");
 }
 
 TEST_F(Fault, LineDropsBetweenPromptAndText)
