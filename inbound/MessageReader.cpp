@@ -16,6 +16,7 @@
 namespace {
 
 constexpr int kDeleteAttempts = 3;
+constexpr int kBodyReads = 4;
 
 Interpretation interpretation(ModemLink &link, Module1 &module, Recordsets &recordsets,
                               ErrorRule &rule, const Clock &clock, const Host &host)
@@ -105,19 +106,28 @@ void MessageReader::file(Interpretation &record, const QString &stamp)
 
 QString MessageReader::readBody()
 {
-    const QString line = link_.line.ReadModemLine();
-    // Empty lines never get here. Behind the header of a message without text the next record's
-    // header comes, which stays for the next listing, or the "OK" that ends this one.
-    if (isHeader(line)) {
-        return {};
+    // A modem may need longer for a line than a read waits, and an empty line never gets here.
+    QString line;
+    for (int reads = 0; reads < kBodyReads && line.isEmpty(); ++reads) {
+        line = link_.line.ReadModemLine();
     }
-    if (!same(line, u"OK"_qs)) {
+    const bool saysOk = same(line, u"OK"_qs);
+    if (!saysOk && !isHeader(line) && !isNotice(line)) {
         return line;
     }
-    // A message that says "OK" has the listing's own behind it.
+    // Somebody's text, or none of it: a message without text has no line, so that the next header
+    // follows or the "OK" of the listing, and a notice comes at any time. The next line tells.
     const QString next = link_.line.ReadModemLine();
-    listingEnded_ = next.isEmpty() || same(next, line);
-    return next.isEmpty() ? QString() : line;
+    const bool atEnd = same(next, u"OK"_qs);
+    listingEnded_ = atEnd || (saysOk && next.isEmpty());
+    const bool nothingFollows = next.isEmpty() || atEnd || isHeader(next);
+    if (saysOk) {
+        return next.isEmpty() ? QString() : line;
+    }
+    if (isNotice(line)) {
+        return nothingFollows ? line : next;
+    }
+    return nothingFollows ? line : QString();
 }
 
 QString MessageReader::filedBody(Interpretation &record)

@@ -17,6 +17,13 @@ bool isHeader(const QString &line)
     return kHeader.match(line).hasMatch();
 }
 
+bool isNotice(const QString &line)
+{
+    static const QRegularExpression kNotice(
+        QStringLiteral("^(\\+(CMTI|CDSI): ?\"[A-Z]+\",[0-9]+|RING|\\+CLIP: .*)$"));
+    return kNotice.match(line).hasMatch();
+}
+
 bool isReceivedMessage(const QString &header)
 {
     return holds(header, kSenderNeedle);

@@ -9,6 +9,10 @@
 
 /// Whether the line begins like the header of any record.
 bool isHeader(const QString &line);
+/// Whether the line is one that a modem says of its own accord, as far as this program asks for
+/// any:
+/// "+CMTI", "+CDSI", and "RING" with the caller's number.
+bool isNotice(const QString &line);
 /// Whether the header is that of a received message: a status word that ends in D, and a sender in
 /// quotes behind it. Messages that were stored to be sent have none of the two, reports no quote.
 bool isReceivedMessage(const QString &header);
