@@ -50,23 +50,6 @@ struct InboundWorld : ModemWorld {
                          {QString::fromLatin1(number), name, u"4"_qs});
         }
     }
-    void inCatalogue(const QString &number, const QString &Etternavn, const QString &Fornavn)
-    {
-        database.add(u"Katalog"_qs, u"Bruker,BrukerKort,Etternavn,Fornavn"_qs,
-                     {number, number.mid(3), Etternavn, Fornavn});
-        recordsets.OpenRecordsets();
-    }
-    /// A row of TBLbrukere with the account "Gjest", balance 5 and the state "Registrerer".
-    void user(const QString &number, const QString &door)
-    {
-        database.add(
-            u"TBLbrukere"_qs,
-            u"KeyBruker,KeyNummer,Gyldig fra,FraTid,Gyldig til,TilTid,Konto,Saldo,Status"_qs,
-            {number, door, u"1/1/2026"_qs, u"06"_qs, u"2/1/2026"_qs, u"18"_qs, u"Gjest"_qs, u"5"_qs,
-             u"Registrerer"_qs});
-        recordsets.OpenRecordsets();
-    }
-
     /// Puts a message into the modem's store, as raw bytes of the line.
     void receives(int index, const QByteArray &sender, const QByteArray &body)
     {

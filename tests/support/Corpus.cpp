@@ -38,6 +38,11 @@ QString text(const QJsonValue &value)
     return value.toString();
 }
 
+QString optional(const QJsonObject &line, const QString &key, const QString &otherwise)
+{
+    return line.contains(key) ? text(line[key]) : otherwise;
+}
+
 /// One text or a list of them.
 QStringList texts(const QJsonValue &value)
 {
@@ -61,6 +66,9 @@ QByteArray lineBytes(const QString &text)
 QMap<QString, QStringList> tables(const QJsonValue &value)
 {
     QMap<QString, QStringList> result;
+    if (!value.isObject() && !value.isUndefined()) {
+        fail(u"tables are expected"_qs);
+    }
     const QJsonObject object = value.toObject();
     expectKeys(object.keys(), corpusColumns().keys());
     for (const QString &table : object.keys()) {
@@ -75,13 +83,13 @@ CorpusSentence sentence(const QJsonObject &line)
                              u"refuses"_qs, u"says"_qs, u"record"_qs, u"after"_qs});
     CorpusSentence result;
     result.name = text(line[u"name"_qs]).toStdString();
-    result.from = lineBytes(line[u"from"_qs].toString(u"+4790000001"_qs));
-    result.country = line[u"country"_qs].toString(u"47"_qs);
-    result.dates = line[u"dates"_qs].toString(u"dd/MM/yyyy"_qs);
+    result.from = lineBytes(optional(line, u"from"_qs, u"+4790000001"_qs));
+    result.country = optional(line, u"country"_qs, u"47"_qs);
+    result.dates = optional(line, u"dates"_qs, u"dd/MM/yyyy"_qs);
     if (line.contains(u"says"_qs) == line.contains(u"record"_qs) || !line[u"after"_qs].isObject()) {
         fail(u"says or record is expected, and after"_qs);
     }
-    result.refuses = line[u"refuses"_qs].toString();
+    result.refuses = optional(line, u"refuses"_qs, {});
     result.before = tables(line[u"before"_qs]);
     result.after = tables(line[u"after"_qs]);
     if (line.contains(u"record"_qs)) {
