@@ -156,6 +156,20 @@ TEST(MessageReader, RefusedRowDoesNotRideAlongWithTheNext)
     EXPECT_THAT(world.persons(), ElementsAre("+4792222222 |92222222 |?|?"));
 }
 
+TEST(MessageReader, MessageWaitsInTheModemForTheDatabase)
+{
+    InboundWorld world;
+    const auto connection = std::exchange(world.module.DatabaseConnection, nullptr);
+    world.person.answers(u"Ingen database er åpen"_qs);
+    world.doorSays("Hovedport\n91234567 er lagt til");
+    EXPECT_THAT(world.commands, IsEmpty());
+    world.module.DatabaseConnection = connection;
+    world.lists();
+    EXPECT_THAT(world.commands, ElementsAre("AT+CMGD=7"));
+    EXPECT_EQ(world.filed().size(), 1U);
+    EXPECT_EQ(world.users().size(), 1U);
+}
+
 TEST(MessageReader, EndOfTheProgramIsNoFailingStep)
 {
     InboundWorld world;
