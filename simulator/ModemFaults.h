@@ -64,7 +64,7 @@ struct ModemFaults {
     /// 3.2.5); with 0 as a plain "ERROR". A refused message does not go out.
     FaultCount refuseSubmission;
     int refusalNumber = 500;
-    /// What an answer takes longer than SimulatedModem::setSubmissionTime.
+    /// How much later than the message goes out its answer comes.
     milliseconds answerDelay{0};
     /// The message goes out, but no answer comes.
     FaultCount loseAnswer;

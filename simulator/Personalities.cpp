@@ -54,7 +54,7 @@ constexpr Personality kTable[] = {
          f.refusalNumber = n.value(0, 500);
          f.refuseSubmission = times(n, 1);
      }},
-    {u"lateanswer", u"[MS]", u"submissions take so many milliseconds (14000) longer",
+    {u"lateanswer", u"[MS]", u"messages are answered so many milliseconds (14000) late",
      [](Faults &f, const Numbers &n) { f.answerDelay = time(n, 14'000); }},
     {u"lost", u"[TIMES]", u"messages go out, but their answers are lost",
      [](Faults &f, const Numbers &n) { f.loseAnswer = times(n); }},

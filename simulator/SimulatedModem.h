@@ -47,7 +47,7 @@ public:
 private:
     static constexpr qsizetype kLongestText = 160;
 
-    enum class State { Command, Prompting, Text, Submitting };
+    enum class State { Command, Prompting, Text, Submitting, Answering };
     enum class Purpose { Submit, Store };
 
     struct Settings {
@@ -132,7 +132,8 @@ private:
     void endText();
     void wait(State state, milliseconds time);
     void waitIsOver();
-    void finishSubmission();
+    void submit();
+    void answerSubmission();
     void restart(const Settings &settings);
     /// The number by which the line knows a place of the store, and the other way round.
     int placeNumber(int index) const { return index + faults_.firstPlace - 1; }
@@ -160,6 +161,7 @@ private:
     MessageStore phone_{50};
     std::array<QByteArray, 3> memories_{"SM", "SM", "SM"};
     quint8 nextReference_ = 0;
+    quint8 reference_ = 0; ///< of the message that went out last
 
     State state_ = State::Command;
     Purpose purpose_ = Purpose::Submit;

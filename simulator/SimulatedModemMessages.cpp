@@ -224,8 +224,10 @@ void SimulatedModem::waitIsOver()
     busy_->setEnabled(false);
     if (state_ == State::Prompting) {
         openText();
+    } else if (state_ == State::Submitting) {
+        submit();
     } else {
-        finishSubmission();
+        answerSubmission();
     }
     takeInput();
 }
@@ -257,7 +259,7 @@ void SimulatedModem::endText()
         if (faults_.lineInSubmission.take()) {
             answer(faults_.unsolicited);
         }
-        wait(State::Submitting, submissionTime_ + faults_.answerDelay);
+        wait(State::Submitting, submissionTime_);
         return;
     }
     MessageStore &store = memory(memories_[1]);
@@ -272,25 +274,35 @@ void SimulatedModem::endText()
     finish(index ? kOk : cms(kMemoryFull));
 }
 
-void SimulatedModem::finishSubmission()
+void SimulatedModem::submit()
 {
     constexpr int kReportRequested = 0x20;
-    state_ = State::Command;
     if (faults_.refuseSubmission.take()) {
+        state_ = State::Command;
         finish(faults_.refusalNumber == 0 ? kError : cms(faults_.refusalNumber));
-    } else {
-        const quint8 reference = nextReference_++;
-        if ((settings_.csmp[0] & kReportRequested) != 0) {
-            network_.sendWithReport(ownNumber_, recipient_, text_, reference);
-        } else {
-            network_.send(ownNumber_, recipient_, text_);
-        }
-        const bool isLost = faults_.loseAnswer.take();
-        if (!isLost) {
-            answer("+CMGS: " + QByteArray::number(reference));
-        }
-        finish(isLost ? kNone : kOk);
+        return;
     }
+    reference_ = nextReference_++;
+    if ((settings_.csmp[0] & kReportRequested) != 0) {
+        network_.sendWithReport(ownNumber_, recipient_, text_, reference_);
+    } else {
+        network_.send(ownNumber_, recipient_, text_);
+    }
+    if (faults_.answerDelay > 0ms) {
+        wait(State::Answering, faults_.answerDelay);
+    } else {
+        answerSubmission();
+    }
+}
+
+void SimulatedModem::answerSubmission()
+{
+    state_ = State::Command;
+    const bool isLost = faults_.loseAnswer.take();
+    if (!isLost) {
+        answer("+CMGS: " + QByteArray::number(reference_));
+    }
+    finish(isLost ? kNone : kOk);
 }
 
 bool SimulatedModem::takeMessage(const SmsMessage &message)

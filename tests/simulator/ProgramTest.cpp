@@ -214,6 +214,17 @@ TEST(Program, MakesTheDoorsThatItIsTold)
     EXPECT_EQ(simulator.waitForEnd(), 0);
 }
 
+TEST(Program, BreaksItsModemFromTheStart)
+{
+    Simulator simulator(u"--tcp 0 --fault lfonly --fault nosm"_qs);
+    Client client(simulator);
+    client.write("AT\r");
+    EXPECT_EQ(client.readUntil("OK\n"), "AT\r\nOK\n");
+    client.write("AT+CPMS=\"SM\"\r");
+    EXPECT_TRUE(client.readUntil("303\n").endsWith("+CMS ERROR: 303\n"));
+    EXPECT_EQ(simulator.stop(SIGTERM), 0);
+}
+
 TEST(Program, RefusesWhatItCannotBeAndLeavesAFileThatIsNoLink)
 {
     QTemporaryFile file;
@@ -225,6 +236,7 @@ TEST(Program, RefusesWhatItCannotBeAndLeavesAFileThatIsNoLink)
                               u"--pty /nowhere/modem"_qs,
                               u"--tcp 0 --door Hovedport"_qs,
                               u"--tcp 0 --administrator +4790000001:+4799000000"_qs,
+                              u"--tcp 0 --fault nothing"_qs,
                               u"--tcp 0 --delay -1"_qs,
                               u"--tcp 0 more"_qs,
                               u"--pty "_qs + file.fileName()};

@@ -4,6 +4,7 @@
 #include "data/CreateDatabase.h"
 #include "data/DatabasePaths.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
@@ -12,7 +13,7 @@
 
 #include <gtest/gtest.h>
 
-World::World(Setup setup) : path_(folder_.filePath(QStringLiteral("world.mdb")))
+World::World(Setup setup) : line_(setup.line), path_(folder_.filePath(QStringLiteral("world.mdb")))
 {
     makeDatabase(setup);
     for (const Door &door : setup.doors) {
@@ -138,6 +139,24 @@ void World::registerUser(const QString &number, const QString &saldo)
         type("Saldo", saldo);
     }
     click("CommandRegistrerBruker");
+}
+
+void World::chooseLineAgain(const QStringList &boxes)
+{
+    if (line_ == Line::Tcp) {
+        if (Winsock1.state() != TcpSocket::State::Closed) {
+            click("cmdDisconnect");
+        }
+        person.answers(QStringLiteral("Kobler til: "));
+    }
+    for (const QString &box : boxes) {
+        person.answers(box);
+    }
+    if (line_ == Line::Tcp) {
+        click("cmdConnect");
+    } else {
+        control<QAction>("mnuComPortCom1").trigger();
+    }
 }
 
 QStringList World::rows(const QString &sql)

@@ -59,6 +59,10 @@ public:
     /// New user: button, number, names, button.
     void registerUser(const QString &number, const QString &saldo = {});
 
+    /// The operator chooses the line again, which initialises the modem again; further boxes are
+    /// answered behind the network's question.
+    void chooseLineAgain(const QStringList &boxes = {});
+
     /// First value of the statement's first row, as text, read through a connection of its own.
     QString value(const QString &sql);
     /// All rows, columns joined by "|".
@@ -93,6 +97,7 @@ private:
     void login();
 
     QTemporaryDir folder_;
+    Line line_;
     QString path_;
     std::vector<std::unique_ptr<DoorUnit>> doors_;
     QMap<QString, QStringList> receivedBy_;

@@ -1,8 +1,5 @@
 #include "support/World.h"
 
-#include <QAction>
-#include <QPushButton>
-
 #include <gtest/gtest.h>
 
 namespace {
@@ -54,57 +51,6 @@ INSTANTIATE_TEST_SUITE_P(
         RefusalCase{"timeOutWithReports", true, true, "Error", "SMS Sending TIMEOUT", false},
         RefusalCase{"timeOutWithoutReports", false, true, "UNSENT", "SMS Sending TIMEOUT", true}),
     [](const auto &refusalInfo) { return refusalInfo.param.name; });
-
-TEST(Faults, MuteModemIsGivenUpAfterFiveAttemptsAndFoundAgainByHand)
-{
-    World world({.before = [](World &w) {
-        w.modem.faults().mute = true;
-        w.person.answers(u"Modem not found!!!"_qs);
-    }});
-
-    EXPECT_EQ(world.MSComm1.written.count("AT&F0"), 0);
-    EXPECT_EQ(world.MSComm1.written.count("ATV1\r"), 5);
-    EXPECT_FALSE(world.application().module().ModemReady);
-    EXPECT_TRUE(world.modemLink().flags.ModemInitRunning) << "keeps the timers off the dead line";
-
-    world.registerUser(kUser);
-    world.clock.run(2min);
-    EXPECT_EQ(world.status(kUser), u"-") << "nothing moves without a modem";
-
-    world.modem.faults() = {};
-    world.control<QAction>("mnuComPortCom1").trigger();
-    EXPECT_TRUE(world.runUntilStatus(kUser, u"Aktiv "_qs));
-}
-
-TEST(Faults, ComPortLostBetweenPromptAndTextLosesNoMessageAndShowsOneBox)
-{
-    World world;
-    world.modem.faults().dropAtPrompt = FaultCount::times(1);
-    world.registerUser(kUser);
-    // The failing line is told once, however often the timer meets it while the box is open.
-    world.person.answers(u"Forbindelsen med modemet er brutt"_qs, Answer::Ok, 1min);
-    ASSERT_TRUE(world.runUntil([&] { return !world.person.texts.isEmpty(); }, 3min));
-    EXPECT_EQ(world.person.texts.size(), 1);
-    EXPECT_EQ(world.value(u"SELECT CMGS FROM SMS_Sent"_qs), u"UNSENT");
-
-    world.MSComm1.plugIn();
-    world.control<QAction>("mnuComPortCom1").trigger();
-    EXPECT_TRUE(world.runUntilStatus(kUser, u"Aktiv "_qs));
-}
-
-TEST(Faults, NetworkLineDroppedBetweenPromptAndTextLosesNoMessage)
-{
-    World world({.line = World::Line::Tcp});
-    world.modem.faults().dropAtPrompt = FaultCount::times(1);
-    world.registerUser(kUser);
-
-    ASSERT_TRUE(world.runUntil([&] { return world.panel(3) == u"SMS Sending TIMEOUT"; }, 5min));
-    EXPECT_EQ(world.value(u"SELECT CMGS FROM SMS_Sent"_qs), u"UNSENT");
-
-    world.person.answers(u"Kobler til: "_qs);
-    world.click("cmdConnect");
-    EXPECT_TRUE(world.runUntilStatus(kUser, u"Aktiv "_qs));
-}
 
 TEST(Faults, GarbageOnTheLineIsSurvived)
 {
