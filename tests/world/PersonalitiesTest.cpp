@@ -141,6 +141,7 @@ public:
     void expectRecovered(const char *after)
     {
         expect(after, "after");
+        EXPECT_EQ(world.panel(2), u"Klar for innkommende SMS");
         EXPECT_EQ(filedFrom(kStranger), u"1");
         EXPECT_TRUE(world.modem.store().records().empty());
         EXPECT_TRUE(world.application().module().ModemReady);
@@ -307,6 +308,22 @@ TEST_P(OnLine, FilesWhatAnybodyWritesOnceAsItStands)
         world.clock.run(30s);
     }
     EXPECT_EQ(world.rows(kFiled).join(u'\n').toStdString(), expected.join(u'\n').toStdString());
+    EXPECT_TRUE(world.modem.store().records().empty());
+}
+
+TEST_P(OnLine, CutsALineThatTakesTooLongOnComAlone)
+{
+    World world({.line = GetParam()});
+    addPersonality(world.modem.faults(), u"slow 20"_qs);
+    const QByteArray body = "Her er en lang tekst. " + QByteArray(138, 'x');
+    world.network.send(kStranger, world.modem.ownNumber(), body);
+    world.clock.run(1min);
+    // A COM port's read ends after two seconds with what has come; the network's has nothing then,
+    // and is tried again.
+    const QString filed = world.value(u"SELECT group_concat(SMS_Text) FROM SMS_Received"_qs);
+    EXPECT_TRUE(QString::fromLatin1(body).startsWith(filed)) << filed.toStdString();
+    EXPECT_GE(filed.size(), 90);
+    EXPECT_EQ(filed.size() == body.size(), GetParam() == Line::Tcp) << filed.toStdString();
     EXPECT_TRUE(world.modem.store().records().empty());
 }
 
