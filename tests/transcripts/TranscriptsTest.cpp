@@ -1,0 +1,313 @@
+#include "data/Connection.h"
+#include "data/Module1.h"
+#include "data/Recordsets.h"
+#include "inbound/MessageReader.h"
+#include "modem/ModemLink.h"
+#include "support/Doubles.h"
+#include "support/FakeLines.h"
+#include "support/TestDatabase.h"
+#include "transcripts/Transcript.h"
+
+#include <QDir>
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using Kind = TranscriptStep::Kind;
+using Tables = std::map<std::string, std::vector<std::string>>;
+
+const QString kFolder = QStringLiteral(LUKORA_TRANSCRIPT_CORPUS);
+constexpr milliseconds kLongest = 20min;
+constexpr milliseconds kSettling = 5s;
+
+/// One database for all: deriving its key takes longer than most dialogues.
+struct Site {
+    Site()
+    {
+        database.use(module);
+        run(u"DELETE FROM TBLLanguage"_qs);
+    }
+    void run(const QString &sql) { module.DatabaseConnection->run(sql); }
+    void startsWith(const Transcript &transcript)
+    {
+        module.DatabaseConnection->transaction([&] {
+            for (const QString &table : transcriptColumns().keys()) {
+                run(u"DELETE FROM "_qs + table);
+                for (const QString &row : rowsBefore(transcript, table)) {
+                    add(table, row.split(u'|'));
+                }
+            }
+        });
+    }
+    static QStringList rowsBefore(const Transcript &transcript, const QString &table)
+    {
+        static const QMap<QString, QStringList> kAlways = {
+            {u"KEYTable"_qs, {u"+4790000001|Hovedport|4"_qs}}, {u"Modem"_qs, {u"0| | |0|?"_qs}}};
+        return transcript.before.value(table, kAlways.value(table));
+    }
+    void add(const QString &table, const QStringList &values)
+    {
+        const QStringList columns = transcriptColumns()[table].split(u',');
+        module.DatabaseConnection->run(u"INSERT INTO %1 ([%2]) VALUES (%3)"_qs.arg(
+                                           table, columns.mid(0, values.size()).join(u"],["_qs),
+                                           QStringList(values.size(), u"?"_qs).join(u',')),
+                                       QVariantList(values.begin(), values.end()));
+    }
+    /// Rows as a transcript writes them.
+    std::vector<std::string> rows(const QString &table)
+    {
+        const QStringList columns = transcriptColumns()[table].split(u',');
+        std::vector<std::string> result;
+        module.DatabaseConnection->run(
+            u"SELECT [%1] FROM %2 ORDER BY rowid"_qs.arg(columns.join(u"],["_qs), table), {},
+            [&](const QVariantList &values) {
+                QStringList texts;
+                for (const QVariant &value : values) {
+                    texts += value.toString();
+                }
+                result.push_back(written(texts.join(u'|')));
+            });
+        return result;
+    }
+    static std::string written(QString row)
+    {
+        row.replace(u"\r"_qs, u"\\r"_qs).replace(u"\n"_qs, u"\\n"_qs);
+        while (row.endsWith(u'|')) {
+            row.chop(1);
+        }
+        return row.toStdString();
+    }
+    Tables tables()
+    {
+        Tables result;
+        for (const QString &table : transcriptColumns().keys()) {
+            result[table.toStdString()] = rows(table);
+        }
+        return result;
+    }
+
+    TestDatabase database;
+    Module1 module; ///< as after the login, on no line
+};
+
+/// The program's modem side and interpreter on one line, and the transcript at the far end.
+class Dialogue {
+public:
+    Dialogue(const Transcript &transcript, bool network, const Site &site)
+        : transcript_(transcript), network_(network), module(site.module)
+    {
+        module.LoginComputer = host.computer;
+        module.SmsReportOn = transcript.reports;
+        module.ActiveComPort = network ? kNetworkModem : 1;
+        link.tables.BuildCharacterTables();
+        link.watcher.StartNyBruker = [] {};
+        link.watcher.Read_SMS_MessageTEXT = [this] { reader.Read_SMS_MessageTEXT(); };
+        port.onWrite = socket.onWrite = [this](const QByteArray &bytes) { hears(bytes); };
+        for (const QString &box : transcript.told) {
+            person.answers(box);
+        }
+    }
+
+    void play()
+    {
+        recordsets.OpenRecordsets();
+        network_ ? socket.connectTo(u"modem"_qs, 23) : port.open(u"COM1"_qs);
+        clock.run(1ms);
+        speaks();
+        if (transcript_.init) {
+            link.initialiser.InitModem();
+        } else {
+            module.ModemReady = true;
+            link.TimerCom->setEnabled(true);
+            link.pace.restart(3000ms);
+        }
+        clock.runUntil([this] { return failed_ || (atEnd() && clock.elapsed() >= spoken_); },
+                       kLongest);
+        clock.run(kSettling);
+        if (!failed_ && !atEnd()) {
+            ADD_FAILURE() << where() << "this was never written: " << expected().constData();
+        }
+    }
+
+private:
+    bool atEnd() const
+    {
+        return next_ == transcript_.steps.size() ||
+               (next_ + 1 == transcript_.steps.size() && isKind(Kind::Anything));
+    }
+    bool isKind(Kind kind) const
+    {
+        return next_ < transcript_.steps.size() && transcript_.steps[next_].kind == kind;
+    }
+    QByteArray expected() const
+    {
+        const std::size_t step = next_ + (isKind(Kind::Anything) ? 1 : 0);
+        return step < transcript_.steps.size() ? transcript_.steps[step].bytes : QByteArray();
+    }
+    std::string where() const
+    {
+        const bool isOver = next_ >= transcript_.steps.size();
+        return isOver ? "behind the end: "
+                      : "at line " + std::to_string(transcript_.steps[next_].line) + ": ";
+    }
+
+    void hears(const QByteArray &bytes)
+    {
+        for (const char byte : bytes) {
+            heard_ += byte;
+            if (byte == '\r' || byte == '\x1A') {
+                answers(std::exchange(heard_, {}));
+            }
+        }
+    }
+    void answers(const QByteArray &written)
+    {
+        const bool free = isKind(Kind::Anything);
+        if (written == expected()) {
+            next_ += free ? 2 : 1;
+            speaks();
+        } else if (free || (atEnd() && written == "AT+CMGL=ALL\r")) {
+            says("\r\nOK\r\n", 20ms);
+        } else if (!std::exchange(failed_, true)) {
+            ADD_FAILURE() << where() << "expected \"" << expected().constData() << "\", written \""
+                          << written.constData() << '"';
+        }
+    }
+    /// What the modem says from here on, until the program has to write.
+    void speaks()
+    {
+        milliseconds delay = 20ms;
+        for (; isKind(Kind::Says) || isKind(Kind::Waits); ++next_) {
+            const TranscriptStep &step = transcript_.steps[next_];
+            delay += step.time;
+            delay += says(step.bytes, delay);
+        }
+        spoken_ = clock.elapsed() + delay;
+    }
+    /// A COM port brings one byte after the other, the network all at once.
+    milliseconds says(const QByteArray &bytes, milliseconds delay)
+    {
+        if (network_) {
+            clock.after(delay, [this, bytes] { socket.feed(bytes); });
+            return 1ms;
+        }
+        milliseconds time = 0ms;
+        for (const char byte : bytes) {
+            clock.after(delay + time++, [this, byte] { port.feed(QByteArray(1, byte)); });
+        }
+        return time;
+    }
+
+    const Transcript &transcript_;
+    bool network_;
+    std::size_t next_ = 0;
+    milliseconds spoken_{0};
+    bool failed_ = false;
+    QByteArray heard_;
+
+public:
+    VirtualClock clock;
+    ScriptedOperator person{clock};
+    FakeHost host;
+    FakeSerialPort port;
+    FakeTcpSocket socket{clock};
+    RecordingView view;
+    Module1 module;
+    Recordsets recordsets{module, person};
+    ModemLink link{clock, host, person, port, socket, view, module, recordsets};
+    MessageReader reader{link, module, recordsets, view, clock, host, [] {}};
+};
+
+void check(Site &site, const Transcript &transcript, bool network)
+{
+    SCOPED_TRACE(transcript.name + (network ? " (TCP)" : " (COM)"));
+    site.startsWith(transcript);
+    Tables expected = site.tables();
+    for (const auto &[table, rows] : transcript.after.asKeyValueRange()) {
+        auto &wanted = expected[table.toStdString()];
+        wanted.clear();
+        for (const QString &row : rows) {
+            wanted.push_back(Site::written(row));
+        }
+    }
+    Dialogue dialogue(transcript, network, site);
+    dialogue.play();
+    EXPECT_EQ(site.tables(), expected);
+    EXPECT_FALSE(dialogue.link.flags.ReadingMessages);
+    EXPECT_FALSE(dialogue.link.flags.WaitingForCmgs);
+    const QStringList &shown = dialogue.view.panelHistory;
+    qsizetype from = 0;
+    for (const QString &text : transcript.showed) {
+        const qsizetype found = shown.indexOf(text, from);
+        EXPECT_GE(found, 0) << "never shown there: " << text.toStdString() << " among "
+                            << shown.join(u" / "_qs).toStdString();
+        from = found + 1;
+    }
+    if (!transcript.ready.isEmpty()) {
+        EXPECT_EQ(dialogue.module.ModemReady ? u"yes"_qs : u"no"_qs, transcript.ready);
+    }
+}
+
+TEST(Transcripts, LeaveTheTablesAsTheySay)
+{
+    const std::vector<Transcript> all = transcripts(kFolder);
+    EXPECT_GE(all.size(), 40U);
+    const std::string wanted = qEnvironmentVariable("LUKORA_TRANSCRIPT").toStdString();
+    int played = 0;
+    Site site;
+    for (const Transcript &transcript : all) {
+        if (transcript.name.find(wanted) == std::string::npos) {
+            continue;
+        }
+        for (const bool network : {false, true}) {
+            if (network ? transcript.onTcp : transcript.onCom) {
+                check(site, transcript, network);
+                ++played;
+            }
+        }
+    }
+    EXPECT_GT(played, 0) << "no name holds " << wanted;
+}
+
+struct BrokenFile {
+    const char *text;
+    const char *complaint;
+};
+
+constexpr BrokenFile kBroken[] = {
+    {"", "no transcript"},
+    {"# a comment\n", "no transcript"},
+    {"< a\n", "1: a name is expected"},
+    {"== a\nshow a\n", "2: unknown directive"},
+    {"== a\n < a\n", "2: unknown directive"},
+    {"== a\n< \\q\n", "2: unknown escape"},
+    {"== a\n< \\x1\n", "2: unknown escape"},
+    {"== a\n< \xC3\xB8\n", "2: bytes from 127 on"},
+    {"== a\n@ 5\n", "2: a time is"},
+    {"== a\n...\n< a\n", "3: behind ..."},
+    {"== a\non COM2\n", "2: a line is"},
+    {"== a\n< a\nthen Doors\n", "3: no such table"},
+    {"== a\n< a\nthen Modem\nthen Modem\n", "4: no such table"},
+    {"== a\nthen Modem\n", "1: a: nothing happens"},
+    {"== a\n< a\n", "1: a: nothing comes of it"},
+    {"== a\n< a\nready yes\n== a\n< a\nready yes\n", "4: the name is used before"}};
+
+TEST(TranscriptFile, ThatIsWrongNamesItsLine)
+{
+    for (const BrokenFile &broken : kBroken) {
+        SCOPED_TRACE(broken.text);
+        const QTemporaryDir folder;
+        QFile file(folder.filePath(u"a.txt"_qs));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(broken.text) >= 0);
+        file.close();
+        try {
+            transcripts(folder.path());
+            ADD_FAILURE() << "no complaint";
+        } catch (const std::runtime_error &failure) {
+            EXPECT_THAT(failure.what(), testing::HasSubstr(broken.complaint));
+        }
+    }
+}
+
+} // namespace
