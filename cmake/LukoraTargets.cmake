@@ -14,6 +14,9 @@ if(LUKORA_SANITIZE)
         -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
     target_link_options(lukora_flags INTERFACE -fsanitize=address,undefined)
 endif()
+if(LUKORA_FUZZ)
+    target_compile_options(lukora_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 
 # lukora_folder(NAME files... LINKS targets...): the library of one folder. Its headers are seen
 # as "folder/Header.h" only by the folders that name it among their LINKS: each library carries
