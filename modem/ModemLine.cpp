@@ -106,9 +106,8 @@ QString ModemLine::networkLine()
         const qsizetype end = ModemRxBuffer.indexOf(u'\r');
         if (end >= 0) {
             line = ModemRxBuffer.left(end);
-            // What stands further behind is lost: a listing longer than this comes again with
-            // the next one.
             ModemRxBuffer = ModemRxBuffer.mid(end + 1, kKeptBehindRead);
+            bringWhatIsKept();
         }
     } while (line.size() < 2 && clock_.elapsed() - start <= kNetworkTimeOut);
     return line;
@@ -145,7 +144,9 @@ QString ModemLine::networkPrompt()
     QString prompt;
     do {
         clock_.yield(ModemRxBuffer.contains(u'>') ? 0ms : kNetworkPoll);
-        // Without a prompt the buffer is cut down too, from its start.
+        // The prompt stands behind everything; without one the buffer is cut down too, from its
+        // start.
+        bring(arrived_.size());
         const qsizetype end = ModemRxBuffer.indexOf(u'>') + 1;
         prompt = ModemRxBuffer.left(end);
         ModemRxBuffer = ModemRxBuffer.mid(end, kKeptBehindRead);
@@ -180,6 +181,7 @@ bool ModemLine::isOpen() const
 void ModemLine::socketConnecting()
 {
     telnet_ = TelnetFilter();
+    arrived_.clear();
 }
 
 void ModemLine::socketData(const QByteArray &bytes)
@@ -188,9 +190,29 @@ void ModemLine::socketData(const QByteArray &bytes)
     if (!result.answer.isEmpty()) {
         Winsock1_.write(result.answer);
     }
-    ModemRxBuffer += fromLineBytes(result.data);
     // The newest are kept, so that the first line end makes the line readable again.
-    ModemRxBuffer = ModemRxBuffer.right(kLongestInput);
+    arrived_ = (arrived_ + fromLineBytes(result.data)).right(kLongestInput);
+    bringWhatIsKept();
+}
+
+void ModemLine::bring(qsizetype characters)
+{
+    ModemRxBuffer = (ModemRxBuffer + arrived_.left(characters)).right(kLongestInput);
+    arrived_.remove(0, characters);
+}
+
+// A network may save a whole listing up and bring it at once. Reading its first line would lose the
+// end of it: the "OK", without which nothing is deleted, or half a header, which would be taken for
+// one of no message.
+void ModemLine::bringWhatIsKept()
+{
+    if (!ModemRxBuffer.contains(u'\r')) {
+        const qsizetype end = arrived_.indexOf(u'\r');
+        bring(end < 0 ? arrived_.size() : end + 1);
+    }
+    const qsizetype firstEnd = ModemRxBuffer.indexOf(u'\r');
+    const qsizetype room = firstEnd + 1 + kKeptBehindRead - ModemRxBuffer.size();
+    bring(qMax<qsizetype>(room, 0));
 }
 
 void ModemLine::clearTerminal()

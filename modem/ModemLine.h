@@ -36,14 +36,17 @@ public:
     /// Whether commands have somewhere to go: an open port, or a socket that is not closed.
     bool isOpen() const;
 
-    /// A new connection: nothing is known of the far side's telnet.
+    /// A new connection: nothing is known of the far side's telnet, and nothing is left of what
+    /// the old one brought.
     void socketConnecting();
     /// Appends what the socket brought to ModemRxBuffer, without its telnet commands, which are
-    /// answered. Of more than 64 KiB that nobody reads, the newest are kept.
+    /// answered. What reading a line would lose there waits outside. Of more than 64 KiB that
+    /// nobody reads, the newest are kept.
     void socketData(const QByteArray &bytes);
     void clearTerminal();
 
-    /// What TCP has brought and nothing has read: the modem's bytes as characters 0 to 255.
+    /// What TCP has brought and nothing has read, as far as a read keeps it: the modem's bytes as
+    /// characters 0 to 255.
     QString ModemRxBuffer;
 
 private:
@@ -53,6 +56,8 @@ private:
     QString comPrompt();
     QString networkPrompt();
     void writeTerminal(const QString &text);
+    void bring(qsizetype characters);
+    void bringWhatIsKept();
 
     Clock &clock_;
     Module1 &module_;
@@ -61,4 +66,5 @@ private:
     ModemView &view_;
     QString terminal_;
     TelnetFilter telnet_;
+    QString arrived_; ///< by TCP, behind what is in ModemRxBuffer
 };

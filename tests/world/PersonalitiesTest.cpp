@@ -327,11 +327,17 @@ TEST_P(OnLine, CutsALineThatTakesTooLongOnComAlone)
     EXPECT_TRUE(world.modem.store().records().empty());
 }
 
-TEST(Messages, OfOneListingAreFiledOnceEach)
+// More than a read on the network keeps behind a line, and the listing comes in one piece.
+TEST_P(OnLine, FilesEachMessageOfALongListingOnce)
 {
-    World world;
+    World world({.line = GetParam()});
     QStringList expected;
-    for (const Message &message : kMessages) {
+    std::vector<Message> messages(std::begin(kMessages), std::end(kMessages));
+    const std::string longText(155, 'x');
+    for (size_t i = 0; i < 8; ++i) {
+        messages.insert(messages.begin(), {"+4793333333", longText.c_str() + i});
+    }
+    for (const Message &message : messages) {
         world.network.send(QString::fromLatin1(message.from), world.modem.ownNumber(),
                            message.body);
         expected.append(filed(message));
