@@ -23,11 +23,7 @@ constexpr milliseconds kSettling = 5s;
 
 /// One database for all: deriving its key takes longer than most dialogues.
 struct Site {
-    Site()
-    {
-        database.use(module);
-        run(u"DELETE FROM TBLLanguage"_qs);
-    }
+    Site() { database.use(module); }
     void run(const QString &sql) { module.DatabaseConnection->run(sql); }
     void startsWith(const Transcript &transcript)
     {
