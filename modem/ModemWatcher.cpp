@@ -31,6 +31,16 @@ const QString &header()
     return kHeader;
 }
 
+enum class Notice { None, Message, Report };
+
+Notice noticeIn(const QString &text)
+{
+    if (holds(text, u"+CMTI"_qs)) {
+        return Notice::Message;
+    }
+    return holds(text, u"+CDSI: "_qs) ? Notice::Report : Notice::None;
+}
+
 } // namespace
 
 ModemWatcher::ModemWatcher(Module1 &module, ModemFlags &flags, Recordsets &recordsets,
@@ -60,6 +70,7 @@ void ModemWatcher::timerComTick()
     shown(operator_, {}, [&] {
         const QString text = takeLine();
         if (!text.isEmpty()) {
+            listingAwaited_ = listingAwaited_ && noticeIn(text) != Notice::None;
             response_.setText(text);
         }
     });
@@ -102,10 +113,11 @@ void ModemWatcher::timerSendTick()
         flags_.ComposingSms || flags_.ModemInitRunning || flags_.WaitingForCmgs) {
         return;
     }
+    listingAwaited_ = false; // or lost
     skipped({[&] { StartNyBruker(); }, [&] { recordsets_.OpenRecordsets(); },
              [&] { queue_.SendQueuedSms(); }, [&] { recordsets_.OpenRecordsets(); },
              [&] {
-                 if (pace_.interval() < kNoListingFrom) {
+                 if (pace_.interval() < kNoListingFrom || listingOwed_) {
                      requestListing();
                  }
              }});
@@ -124,12 +136,8 @@ void ModemWatcher::responseChanged()
 
 void ModemWatcher::watch(const QString &text)
 {
-    if (holds(text, u"+CMTI"_qs)) {
-        notified(u"Mottar SMS"_qs);
-        return;
-    }
-    if (holds(text, u"+CDSI: "_qs)) {
-        notified(u"Mottar Kvittering"_qs);
+    if (const Notice notice = noticeIn(text); notice != Notice::None) {
+        notified(notice == Notice::Message ? u"Mottar SMS"_qs : u"Mottar Kvittering"_qs);
         return;
     }
     if (holds(text, u"OK"_qs)) {
@@ -150,8 +158,15 @@ void ModemWatcher::notified(const QString &panelText)
 {
     view_.setPanel(kInboundPanel, panelText);
     if (flags_.QueuePending) {
-        // The pace stands at 30 seconds then: the listing would come late.
-        requestListing();
+        // The pace stands at 30 seconds then: the listing would come late. One that is on its way
+        // already has the new record in it. A second would name the first one's records again,
+        // behind their deletion: they would be filed twice, and whatever has come to their places
+        // meanwhile would be deleted unread.
+        if (listingAwaited_) {
+            listingOwed_ = true;
+        } else {
+            requestListing();
+        }
     } else {
         pace_.restart(kAfterEvent);
     }
@@ -184,4 +199,6 @@ void ModemWatcher::listed(const QString &text)
 void ModemWatcher::requestListing()
 {
     line_.SendData(u"AT+CMGL=ALL\r"_qs);
+    listingAwaited_ = true;
+    listingOwed_ = false;
 }

@@ -55,6 +55,8 @@ private:
     ModemView &view_;
     Operator &operator_;
     bool takingLine_ = false;
-    bool lossTold_ = false;     ///< the operator has been told that the port is gone
-    bool interpreting_ = false; ///< Read_SMS_MessageTEXT stands on the stack
+    bool lossTold_ = false;       ///< the operator has been told that the port is gone
+    bool listingAwaited_ = false; ///< asked for, and not a line of it has come
+    bool listingOwed_ = false;    ///< a notice came meanwhile
+    bool interpreting_ = false;   ///< Read_SMS_MessageTEXT stands on the stack
 };

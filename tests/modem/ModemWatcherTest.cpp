@@ -32,7 +32,8 @@ TEST_F(Watcher, TakesEachLineForTheFirstThatItHolds)
     } kLines[] = {{u"+CMTI: \"SM\",3"_qs, false, 2000ms, message, false, true},
                   {u"+CMTI: \"SM\",3"_qs, true, kBefore, message, true, true},
                   {u"+CDSI: \"SM\",3"_qs, false, 2000ms, report, false, true},
-                  {u"+CDSI: \"SM\",3"_qs, true, kBefore, report, true, true},
+                  // The listing on its way has this one in it.
+                  {u"+CDSI: \"SM\",3"_qs, true, kBefore, report, false, true},
                   {u"+CMTI +CDSI: "_qs, false, 2000ms, message, false, true},
                   {u"+CMTI OK"_qs, false, 2000ms, message, false, true},
                   {u"OK"_qs, false, 6750ms, {}, false, false},
@@ -41,6 +42,7 @@ TEST_F(Watcher, TakesEachLineForTheFirstThatItHolds)
                   {u"+CMS ERROR: 500"_qs, false, 2000ms, {}, false, true},
                   {u"ERROR"_qs, true, kBefore, {}, false, true},
                   {u"OK ERROR"_qs, false, 2000ms, {}, false, false},
+                  {u"+CDSI: \"SM\",3"_qs, true, kBefore, report, true, true},
                   {u"RING"_qs, false, kBefore, {}, false, true}};
     for (const auto &expected : kLines) {
         SCOPED_TRACE(expected.line.toStdString());
@@ -50,7 +52,8 @@ TEST_F(Watcher, TakesEachLineForTheFirstThatItHolds)
         link.pace.restart(kBefore);
         view.panels.clear();
         port.written.clear();
-        link.response.setText(expected.line);
+        port.feed(expected.line.toLatin1() + "\r\n");
+        link.watcher.timerComTick();
         EXPECT_EQ(link.pace.interval(), expected.interval);
         EXPECT_EQ(view.panels.value(2), expected.panel);
         EXPECT_EQ(port.written, expected.asksForListing ? "AT+CMGL=ALL\r" : "");
@@ -137,6 +140,15 @@ TEST_F(Watcher, FeedsSendsAndAsksForTheListingOnATick)
         link.watcher.timerSendTick();
     }
     EXPECT_EQ(port.written, QByteArray("AT+CMGL=ALL\r").repeated(2));
+    // But a record that was named while a listing was on its way must not be forgotten.
+    link.flags.QueuePending = true;
+    for (const char *notice : {"+CMTI: \"SM\",1\r\n", "+CMTI: \"SM\",2\r\n"}) {
+        port.feed(notice);
+        link.watcher.timerComTick();
+        EXPECT_EQ(port.written.count("AT+CMGL"), 3);
+    }
+    link.watcher.timerSendTick();
+    EXPECT_EQ(port.written.count("AT+CMGL"), 4);
 }
 
 TEST_F(Watcher, DoesNothingOnATickWhileAFlagStands)
