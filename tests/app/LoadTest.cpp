@@ -6,58 +6,57 @@
 #include <QComboBox>
 #include <QFile>
 
-#include <gtest/gtest.h>
+namespace {
+using Load = ShellTest;
+} // namespace
 
-TEST(Load, WithEmptySettingsGivesNorwegianDoorOneAndNoLine)
+TEST_F(Load, WithEmptySettingsGivesNorwegianDoorOneAndNoLine)
 {
-    Shell shell;
-    shell.module.LogoCountryCode = u"45"_qs; // stored, and for the splash only
-    shell.loadAndShow();
-    EXPECT_EQ(shell.module.KeySelect, u"1");
-    EXPECT_EQ(shell.module.CountryCode, u"47");
-    EXPECT_EQ(shell.module.LogoCountryCode, u"47");
-    EXPECT_TRUE(shell.entry("mnuSMSSendingsbekreftelseAv").isChecked());
-    EXPECT_TRUE(shell.entry("mnuComPortComNone").isChecked());
-    EXPECT_EQ(shell.find<QLineEdit>("txtHostName").text(), u"127.0.0.1");
-    EXPECT_EQ(shell.find<QLineEdit>("txtPort").text(), u"23");
-    EXPECT_EQ(shell.find<QComboBox>("TilTid").count(), 25);
-    EXPECT_EQ(shell.find<QComboBox>("TilTid").currentText(), u"24");
-    EXPECT_TRUE(shell.serial.device.isEmpty());
+    module.LogoCountryCode = u"45"_qs; // stored, and for the splash only
+    loadAndShow();
+    EXPECT_EQ(module.KeySelect, u"1");
+    EXPECT_EQ(module.CountryCode, u"47");
+    EXPECT_EQ(module.LogoCountryCode, u"47");
+    EXPECT_TRUE(entry("mnuSMSSendingsbekreftelseAv").isChecked());
+    EXPECT_TRUE(entry("mnuComPortComNone").isChecked());
+    EXPECT_EQ(find<QLineEdit>("txtHostName").text(), u"127.0.0.1");
+    EXPECT_EQ(find<QLineEdit>("txtPort").text(), u"23");
+    EXPECT_EQ(find<QComboBox>("TilTid").count(), 25);
+    EXPECT_EQ(find<QComboBox>("TilTid").currentText(), u"24");
+    EXPECT_TRUE(serial.device.isEmpty());
     // The stored default is smaller than the content, so its own minimum wins.
-    const QSize content = shell.screen->minimumSizeHint();
-    EXPECT_EQ(shell.screen->size().expandedTo(content), shell.screen->size());
+    const QSize content = screen->minimumSizeHint();
+    EXPECT_EQ(screen->size().expandedTo(content), screen->size());
 }
 
-TEST(Load, OpensPortSevenAndLeavesTheTickOff)
+TEST_F(Load, OpensPortSevenAndLeavesTheTickOff)
 {
-    Shell shell;
-    shell.language({});
-    shell.modemOn(u"7"_qs);
-    shell.load();
-    EXPECT_EQ(shell.serial.device, u"COM7");
-    EXPECT_EQ(shell.modem(u"ModemOwner"_qs), shell.host.computer);
-    EXPECT_EQ(shell.module.OtherComPort, 7);
-    EXPECT_EQ(shell.entry("mnuComPortComOther").text(), u"com7");
-    EXPECT_FALSE(shell.entry("mnuComPortComOther").isChecked());
-    EXPECT_TRUE(shell.screen->modemLink().TimerCom->isEnabled());
-    EXPECT_EQ(shell.find<QLabel>("sbStatusBar_1").text(), u"Eksempel Eksempel på COM7");
+    language({});
+    modemOn(u"7"_qs);
+    load();
+    EXPECT_EQ(serial.device, u"COM7");
+    EXPECT_EQ(modem(u"ModemOwner"_qs), host.computer);
+    EXPECT_EQ(module.OtherComPort, 7);
+    EXPECT_EQ(entry("mnuComPortComOther").text(), u"com7");
+    EXPECT_FALSE(entry("mnuComPortComOther").isChecked());
+    EXPECT_TRUE(screen->modemLink().TimerCom->isEnabled());
+    EXPECT_EQ(find<QLabel>("sbStatusBar_1").text(), u"Eksempel Eksempel på COM7");
 }
 
-TEST(Load, AsksForTheNetworkModemBeforeTheScreenShows)
+TEST_F(Load, AsksForTheNetworkModemBeforeTheScreenShows)
 {
-    Shell shell;
-    shell.language({});
-    shell.settings.values[u"lastcomport"_qs] = u"255"_qs;
-    shell.settings.values[u"hostname"_qs] = u"modem.example"_qs;
-    shell.person.answers(u"modem.example Port 23"_qs, Answer::Cancel);
-    shell.load();
-    EXPECT_EQ(shell.socket.host, QString());
-    EXPECT_TRUE(shell.entry("mnuComPortWinsock").isChecked());
+    language({});
+    settings.values[u"lastcomport"_qs] = u"255"_qs;
+    settings.values[u"hostname"_qs] = u"modem.example"_qs;
+    person.answers(u"modem.example Port 23"_qs, Answer::Cancel);
+    load();
+    EXPECT_EQ(socket.host, QString());
+    EXPECT_TRUE(entry("mnuComPortWinsock").isChecked());
     // Meant so: 255 is greater than 4 like any other port.
-    EXPECT_EQ(shell.entry("mnuComPortComOther").text(), u"com255");
+    EXPECT_EQ(entry("mnuComPortComOther").text(), u"com255");
 }
 
-TEST(Load, ShowsASettingThatCannotBeAndStopsThere)
+TEST_F(Load, ShowsASettingThatCannotBeAndStopsThere)
 {
     const QString kNoNumber = u"Teksten er ikke et tall"_qs;
     for (const auto &[key, value, words] :
@@ -83,29 +82,27 @@ TEST(Load, ShowsASettingThatCannotBeAndStopsThere)
     }
 }
 
-TEST(Load, TakesHugeNumbersForTheEdgeOfTheScreen)
+TEST_F(Load, TakesHugeNumbersForTheEdgeOfTheScreen)
 {
-    MemorySettings settings;
     settings.values[u"mainleft"_qs] = u"1e300"_qs;
     settings.values[u"maintop"_qs] = u"-1.5E+30"_qs;
     EXPECT_EQ(storedWindow(settings), QRect(32767, -32767, 433, 433));
 }
 
-TEST(Load, WithoutTheDatabaseSaysSoComesUpAndSavesWhenItCloses)
+TEST_F(Load, WithoutTheDatabaseSaysSoComesUpAndSavesWhenItCloses)
 {
-    Shell shell;
-    shell.module.DatabaseConnection.reset();
-    ASSERT_TRUE(QFile::remove(shell.database.path()));
-    shell.person.answers({}); // OpenDatabase
-    shell.person.answers({}); // OpenRecordsets, in the load
-    shell.person.answers({}); // in the initialisation, on the way without a line
-    shell.person.answers({}); // the language, where the load stops
-    shell.load();
-    EXPECT_TRUE(shell.entry("mnuComPortComNone").isChecked());
-    EXPECT_EQ(shell.module.GridFilter, QString());
-    shell.person.answers({}); // OpenRecordsets, in the unload
-    shell.screen->unload();
-    EXPECT_EQ(shell.settings.saved.size(), 12);
+    module.DatabaseConnection.reset();
+    ASSERT_TRUE(QFile::remove(database.path()));
+    person.answers({}); // OpenDatabase
+    person.answers({}); // OpenRecordsets, in the load
+    person.answers({}); // in the initialisation, on the way without a line
+    person.answers({}); // the language, where the load stops
+    load();
+    EXPECT_TRUE(entry("mnuComPortComNone").isChecked());
+    EXPECT_EQ(module.GridFilter, QString());
+    person.answers({}); // OpenRecordsets, in the unload
+    screen->unload();
+    EXPECT_EQ(settings.saved.size(), 12);
 }
 
 TEST(DoorHoursLookup, TakesTheDoorsHoursAndItsOwnForAnUnknownDoor)

@@ -12,6 +12,8 @@
 #include <QLineEdit>
 #include <QMenu>
 
+#include <gtest/gtest.h>
+
 /// A machine of doubles, whose settings name a fresh database.
 struct Desk {
     Desk() { settings.values[u"dbpath"_qs] = database.path(); }
@@ -51,3 +53,5 @@ struct Shell : Desk {
     Module1 module;
     std::unique_ptr<frmMain> screen;
 };
+
+struct ShellTest : testing::Test, Shell {};

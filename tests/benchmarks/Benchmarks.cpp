@@ -1,13 +1,6 @@
 #include "Site.h"
 
-#include "data/Connection.h"
-#include "data/DatabasePaths.h"
-#include "data/Module1.h"
-#include "data/Recordsets.h"
-#include "inbound/MessageReader.h"
-#include "modem/ModemLink.h"
-#include "support/Doubles.h"
-#include "support/FakeLines.h"
+#include "support/ReaderBench.h"
 #include "users/UserOperations.h"
 
 #include <QApplication>
@@ -19,7 +12,7 @@
 namespace {
 
 /// The program without its screens, on a copy of a site's database and the virtual clock.
-struct Site {
+struct Site : ReaderBench {
     explicit Site(const SiteSize &size)
     {
         const QString path = folder.filePath(u"site.mdb"_qs);
@@ -27,42 +20,27 @@ struct Site {
         module.DatabasePath = path;
         module.SecurityLevel = u"6"_qs;
         module.KeySelect = u"+4795000001"_qs;
-        module.LoginComputer = host.computerName();
-        module.ActiveComPort = 1;
-        MSComm1.open(u"COM1"_qs);
-        MSComm1.onWrite = [this](const QByteArray &bytes) { answer(bytes); };
+        ready(false);
+        port.onWrite = [this](const QByteArray &bytes) { answer(bytes); };
         recordsets.OpenDatabase();
         recordsets.OpenRecordsets();
-        link.tables.BuildCharacterTables();
         link.watcher.StartNyBruker = [this] { users.StartNyBruker(); };
-        link.watcher.Read_SMS_MessageTEXT = [this] { reader.Read_SMS_MessageTEXT(); };
-        module.ModemReady = true;
     }
 
     // A modem that takes everything at once.
     void answer(const QByteArray &bytes)
     {
         if (bytes.startsWith("AT+CMGS")) {
-            MSComm1.feed("\r\n> ");
+            port.feed("\r\n> ");
         } else if (bytes.contains('\x1a')) {
-            MSComm1.feed("\r\n+CMGS: 7\r\n\r\nOK\r\n");
+            port.feed("\r\n+CMGS: 7\r\n\r\nOK\r\n");
         } else if (bytes.startsWith("AT")) {
-            MSComm1.feed("\r\nOK\r\n");
+            port.feed("\r\nOK\r\n");
         }
     }
 
     QTemporaryDir folder;
-    VirtualClock clock;
-    ScriptedOperator person{clock};
-    FakeHost host;
-    FakeSerialPort MSComm1;
-    FakeTcpSocket Winsock1{clock};
-    RecordingView view;
-    Module1 module;
-    Recordsets recordsets{module, person};
-    ModemLink link{clock, host, person, MSComm1, Winsock1, view, module, recordsets};
     UserOperations users{module, recordsets, link, person, clock, host, [] {}};
-    MessageReader reader{link, module, recordsets, view, clock, host, [] {}};
 };
 
 void noteMemory(benchmark::State &state)
@@ -132,11 +110,11 @@ QByteArray said(int message, int users)
 
 void readMessage(Site &site, int message, int users)
 {
-    site.MSComm1.feed(said(message, users) + "\r\n\r\nOK\r\n");
+    site.port.feed(said(message, users) + "\r\n\r\nOK\r\n");
     site.link.response.setText(
         u"+CMGL: 1,\"REC UNREAD\",\"+4795000001\",,\"26/12/01,12:00:%1+04\""_qs.arg(message % 60));
     // The doubles' own memory is none of the program's.
-    site.MSComm1.written.clear();
+    site.port.written.clear();
     site.view.panelHistory.clear();
 }
 

@@ -1,18 +1,18 @@
 #pragma once
 
-#include "inbound/MessageReader.h"
-#include "modem/ModemWorld.h"
+#include "support/ReaderBench.h"
 
 #include <map>
 
 /// The inbound side with a modem on COM1 that holds messages in its store, lists them and deletes
 /// them. Two doors stand in KEYTable: kDoor, "Hovedport", and kBackDoor, which has no name.
-struct InboundWorld : ModemWorld {
+struct InboundWorld : ReaderBench {
     static constexpr const char *kDoor = "+4790000001";
     static constexpr const char *kBackDoor = "+4790000002";
 
     InboundWorld()
     {
+        database.use(module);
         for (Connection *const connection : {&database.look(), module.DatabaseConnection.get()}) {
             connection->run(u"PRAGMA synchronous = OFF"_qs); // no test outlives a power cut
         }
@@ -20,8 +20,6 @@ struct InboundWorld : ModemWorld {
         ready(false);
         port.onWrite = [this](const QByteArray &bytes) { answer(bytes.trimmed()); };
         recordsets.OpenRecordsets();
-        link.watcher.StartNyBruker = [] {};
-        link.watcher.Read_SMS_MessageTEXT = [this] { reader.Read_SMS_MessageTEXT(); };
         link.TimerCom->setEnabled(true);
     }
 
@@ -72,7 +70,7 @@ struct InboundWorld : ModemWorld {
     std::vector<std::string> rows(const QString &sql)
     {
         std::vector<std::string> result;
-        for (const QString &row : ModemWorld::rows(sql)) {
+        for (const QString &row : database.rows(sql)) {
             result.push_back(row.toStdString());
         }
         return result;
@@ -114,9 +112,7 @@ struct InboundWorld : ModemWorld {
 
     QByteArrayList commands; ///< without "AT+CMGL=ALL"
     std::map<int, QByteArray> store;
-    int refusedDeletes = 0;      ///< so many deletions are answered by "ERROR"
-    bool endsListing = true;     ///< "OK" stands behind a listing
-    std::function<void()> shown; ///< runs inside VisBrukerTabell
-    MessageReader reader{
-        link, module, recordsets, view, clock, host, [this] { shown ? shown() : void(); }};
+    int refusedDeletes = 0;  ///< so many deletions are answered by "ERROR"
+    bool endsListing = true; ///< "OK" stands behind a listing
+    TestDatabase database;
 };

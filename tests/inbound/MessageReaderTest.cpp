@@ -9,52 +9,51 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST(MessageReader, OfSeveralRecordsEachListingHandlesTheFirstAndNothingOfTheNext)
+struct MessageReading : testing::Test, InboundWorld {};
+
+TEST_F(MessageReading, OfSeveralRecordsEachListingHandlesTheFirstAndNothingOfTheNext)
 {
-    InboundWorld world;
-    world.receives(1, "12345678", "");
-    world.receives(2, "+4790000001", "Hovedport\n92222222 er lagt til");
-    world.receives(3, "+4790000001", "Hovedport\n93333333 er lagt til");
-    world.lists();
-    EXPECT_EQ(world.store.size(), 2U);
-    world.clock.run(30s); // the listings that TimerSEND_SMS asks for
-    EXPECT_THAT(world.commands, ElementsAre("AT+CMGD=1", "AT+CMGD=2", "AT+CMGD=3"));
-    EXPECT_THAT(world.rows(u"SELECT FraNummer, SMS_Text FROM SMS_Received ORDER BY rowid"_qs),
+    receives(1, "12345678", "");
+    receives(2, "+4790000001", "Hovedport\n92222222 er lagt til");
+    receives(3, "+4790000001", "Hovedport\n93333333 er lagt til");
+    lists();
+    EXPECT_EQ(store.size(), 2U);
+    clock.run(30s); // the listings that TimerSEND_SMS asks for
+    EXPECT_THAT(commands, ElementsAre("AT+CMGD=1", "AT+CMGD=2", "AT+CMGD=3"));
+    EXPECT_THAT(rows(u"SELECT FraNummer, SMS_Text FROM SMS_Received ORDER BY rowid"_qs),
                 ElementsAre("12345678|", "+4790000001|Hovedport\r\n92222222 er lagt til",
                             "+4790000001|Hovedport\r\n93333333 er lagt til"));
-    EXPECT_EQ(world.users().size(), 2U);
+    EXPECT_EQ(users().size(), 2U);
 }
 
-TEST(MessageReader, TickThatComesEarlyTakesNoLineFromIt)
+TEST_F(MessageReading, TickThatComesEarlyTakesNoLineFromIt)
 {
-    InboundWorld world;
-    world.endsListing = false;
-    world.shown = [&] {
-        ASSERT_TRUE(world.link.TimerCom->isEnabled());
-        world.clock.after(500ms, [&] {
-            world.port.feed("\r\nOK\r\n");
-            world.link.watcher.timerComTick();
+    endsListing = false;
+    shown = [&] {
+        ASSERT_TRUE(link.TimerCom->isEnabled());
+        clock.after(500ms, [&] {
+            port.feed("\r\nOK\r\n");
+            link.watcher.timerComTick();
         });
     };
-    world.doorSays("Sm\xf8r");
-    EXPECT_THAT(world.commands, ElementsAre("AT+CMGD=7"));
+    doorSays("Sm\xf8r");
+    EXPECT_THAT(commands, ElementsAre("AT+CMGD=7"));
 }
 
-TEST(MessageReader, DeletesInThreeAttemptsAndOnlyBehindAWholeListing)
+TEST_F(MessageReading, DeletesInThreeAttemptsAndOnlyBehindAWholeListing)
 {
-    InboundWorld world;
-    for (const auto &[endsListing, refused, deletions] :
+    for (const auto &[ends, refused, deletions] :
          {std::tuple{true, 2, 3}, {true, 3, 3}, {false, 0, 0}}) {
-        world.empty();
-        world.endsListing = endsListing;
-        world.refusedDeletes = refused;
-        world.doorSays("Hei");
-        EXPECT_EQ(world.commands.size(), deletions);
-        EXPECT_EQ(world.commands.count("AT+CMGD=7"), deletions);
-        EXPECT_EQ(world.store.empty(), refused == 2);
-        EXPECT_EQ(world.filed().size(), 1U);
-        EXPECT_TRUE(world.link.TimerCom->isEnabled());
-        EXPECT_FALSE(world.link.flags.ReadingMessages);
+        empty();
+        endsListing = ends;
+        refusedDeletes = refused;
+        doorSays("Hei");
+        EXPECT_EQ(commands.size(), deletions);
+        EXPECT_EQ(commands.count("AT+CMGD=7"), deletions);
+        EXPECT_EQ(store.empty(), refused == 2);
+        EXPECT_EQ(filed().size(), 1U);
+        EXPECT_TRUE(link.TimerCom->isEnabled());
+        EXPECT_FALSE(link.flags.ReadingMessages);
     }
 }
 
@@ -81,117 +80,108 @@ const Coupling kCouplings[] = {
     {"12345678", "*91234567\n5/6,8:30\n*92345678\n5/6,9:05\nOK", {false, true, 15188ms, false}},
     {"12345678", "*91234567 OK\n*92345678", {false, true, 6750ms, false}}};
 
-TEST(WhileReading, TimersStandAsTheTextCommands)
+TEST_F(MessageReading, TimersStandAsTheTextCommands)
 {
-    InboundWorld world;
     for (const Coupling &coupling : kCouplings) {
         SCOPED_TRACE(coupling.body.constData());
-        world.empty();
+        empty();
         Moment moment;
-        world.link.pace.restart(2s);
-        world.shown = [&] {
-            moment = {world.link.TimerCom->isEnabled(), world.link.pace.isRunning(),
-                      world.link.pace.interval(), world.link.flags.ReadingMessages};
+        link.pace.restart(2s);
+        shown = [&] {
+            moment = {link.TimerCom->isEnabled(), link.pace.isRunning(), link.pace.interval(),
+                      link.flags.ReadingMessages};
         };
-        world.doorSays(coupling.body, coupling.sender);
+        doorSays(coupling.body, coupling.sender);
         EXPECT_EQ(moment, coupling.moment);
-        EXPECT_TRUE(world.link.TimerCom->isEnabled());
-        EXPECT_FALSE(world.link.flags.ReadingMessages);
-        EXPECT_EQ(world.link.pace.interval(), 3000ms);
+        EXPECT_TRUE(link.TimerCom->isEnabled());
+        EXPECT_FALSE(link.flags.ReadingMessages);
+        EXPECT_EQ(link.pace.interval(), 3000ms);
     }
 }
 
-TEST(MessageReader, BodiesOf64KibibytesEnd)
+TEST_F(MessageReading, BodiesOf64KibibytesEnd)
 {
     const QByteArray kPieces[] = {"*",           "*1",         "*91234567",      "*91234567\n",
                                   "*91234567-",  "/,:*912345", "*91234567/,:\n", "A1A2A3",
                                   "er lagt til", ",6,",        "*91234567 OK",   "Administrator"};
-    InboundWorld world;
     for (const QByteArray &piece : kPieces) {
         SCOPED_TRACE(piece.constData());
-        world.empty();
-        world.doorSays(piece.repeated(0x10000 / piece.size()));
-        EXPECT_THAT(world.commands, ElementsAre("AT+CMGD=7"));
-        EXPECT_EQ(world.filed().size(), 1U);
+        empty();
+        doorSays(piece.repeated(0x10000 / piece.size()));
+        EXPECT_THAT(commands, ElementsAre("AT+CMGD=7"));
+        EXPECT_EQ(filed().size(), 1U);
         // Of so long a text no family reads more than 200 characters.
-        EXPECT_LE(world.persons().size(), 1U);
-        EXPECT_LE(world.rows(u"SELECT * FROM LOGGData"_qs).size(), 20U);
+        EXPECT_LE(persons().size(), 1U);
+        EXPECT_LE(rows(u"SELECT * FROM LOGGData"_qs).size(), 20U);
     }
 }
 
-TEST(MessageReader, ScreenIsRefreshedAndThePanelTellsTheState)
+TEST_F(MessageReading, ScreenIsRefreshedAndThePanelTellsTheState)
 {
-    InboundWorld world;
     QStringList refreshed;
-    world.recordsets.display = [&] { refreshed += u"recordsets"_qs; };
-    world.shown = [&] { refreshed += u"grid"_qs; };
-    world.doorSays("Hei");
+    recordsets.display = [&] { refreshed += u"recordsets"_qs; };
+    shown = [&] { refreshed += u"grid"_qs; };
+    doorSays("Hei");
     EXPECT_EQ(refreshed, (QStringList{u"recordsets"_qs, u"grid"_qs}));
-    EXPECT_EQ(world.view.panelHistory,
+    EXPECT_EQ(view.panelHistory,
               (QStringList{u"Melding 7 MOTTATT"_qs, u"Klar for innkommende SMS"_qs}));
 }
 
-TEST(MessageReader, PortThatGoesInTheMiddleLeavesTheLinkReady)
+TEST_F(MessageReading, PortThatGoesInTheMiddleLeavesTheLinkReady)
 {
-    InboundWorld world;
-    world.person.answers(u"COM-porten"_qs); // once, by the watcher
-    world.shown = [&] { world.port.unplug(); };
-    world.doorSays("Hovedport\n91234567 er lagt til");
-    world.clock.run(5s);
-    EXPECT_EQ(world.users().size(), 1U);
-    EXPECT_EQ(world.store.size(), 1U);
-    EXPECT_TRUE(world.link.TimerCom->isEnabled());
-    EXPECT_FALSE(world.link.flags.ReadingMessages);
+    person.answers(u"COM-porten"_qs); // once, by the watcher
+    shown = [&] { port.unplug(); };
+    doorSays("Hovedport\n91234567 er lagt til");
+    clock.run(5s);
+    EXPECT_EQ(users().size(), 1U);
+    EXPECT_EQ(store.size(), 1U);
+    EXPECT_TRUE(link.TimerCom->isEnabled());
+    EXPECT_FALSE(link.flags.ReadingMessages);
 }
 
-TEST(MessageReader, RefusedRowDoesNotRideAlongWithTheNext)
+TEST_F(MessageReading, RefusedRowDoesNotRideAlongWithTheNext)
 {
-    InboundWorld world;
-    world.database.look().run(u"CREATE TRIGGER full BEFORE INSERT ON Katalog BEGIN "
-                              "SELECT RAISE(ABORT, 'disk full'); END"_qs);
-    world.doorSays("Hovedport\n91111111 er lagt til");
-    EXPECT_EQ(world.users().size(), 1U) << "the user is written without his person";
-    world.database.look().run(u"DROP TRIGGER full"_qs);
-    world.doorSays("Hovedport\n92222222 er lagt til");
-    EXPECT_THAT(world.persons(), ElementsAre("+4792222222 |92222222 |?|?"));
+    database.look().run(u"CREATE TRIGGER full BEFORE INSERT ON Katalog BEGIN "
+                        "SELECT RAISE(ABORT, 'disk full'); END"_qs);
+    doorSays("Hovedport\n91111111 er lagt til");
+    EXPECT_EQ(users().size(), 1U) << "the user is written without his person";
+    database.look().run(u"DROP TRIGGER full"_qs);
+    doorSays("Hovedport\n92222222 er lagt til");
+    EXPECT_THAT(persons(), ElementsAre("+4792222222 |92222222 |?|?"));
 }
 
-TEST(MessageReader, MessageWaitsInTheModemForTheDatabase)
+TEST_F(MessageReading, MessageWaitsInTheModemForTheDatabase)
 {
-    InboundWorld world;
-    const auto connection = std::exchange(world.module.DatabaseConnection, nullptr);
-    world.person.answers(u"Ingen database er åpen"_qs);
-    world.doorSays("Hovedport\n91234567 er lagt til");
-    EXPECT_THAT(world.commands, IsEmpty());
-    world.module.DatabaseConnection = connection;
-    world.lists();
-    EXPECT_THAT(world.commands, ElementsAre("AT+CMGD=7"));
-    EXPECT_EQ(world.filed().size(), 1U);
-    EXPECT_EQ(world.users().size(), 1U);
+    const auto connection = std::exchange(module.DatabaseConnection, nullptr);
+    person.answers(u"Ingen database er åpen"_qs);
+    doorSays("Hovedport\n91234567 er lagt til");
+    EXPECT_THAT(commands, IsEmpty());
+    module.DatabaseConnection = connection;
+    lists();
+    EXPECT_THAT(commands, ElementsAre("AT+CMGD=7"));
+    EXPECT_EQ(filed().size(), 1U);
+    EXPECT_EQ(users().size(), 1U);
 }
 
-TEST(MessageReader, EndOfTheProgramIsNoFailingStep)
+TEST_F(MessageReading, EndOfTheProgramIsNoFailingStep)
 {
-    InboundWorld world;
-    world.link.watcher.Read_SMS_MessageTEXT = [] {};
-    world.link.response.setText(
-        u"+CMGL: 7,\"REC UNREAD\",\"+4790000001\",,\"26/12/01,12:34:56+04\""_qs);
-    world.clock.after(100ms, [&] { world.clock.end(); });
-    EXPECT_THROW(world.reader.Read_SMS_MessageTEXT(), ProgramEnds);
-    EXPECT_THAT(world.filed(), IsEmpty());
+    link.watcher.Read_SMS_MessageTEXT = [] {};
+    link.response.setText(u"+CMGL: 7,\"REC UNREAD\",\"+4790000001\",,\"26/12/01,12:34:56+04\""_qs);
+    clock.after(100ms, [&] { clock.end(); });
+    EXPECT_THROW(reader.Read_SMS_MessageTEXT(), ProgramEnds);
+    EXPECT_THAT(filed(), IsEmpty());
 }
 
-TEST(MessageReader, HeadersWithoutEndDoNotEatTheStack)
+TEST_F(MessageReading, HeadersWithoutEndDoNotEatTheStack)
 {
-    InboundWorld world;
     for (int i = 0; i < 5000; ++i) {
-        world.port.feed("+CMGL: " + QByteArray::number(i % 200 + 1) +
-                        ",\"REC UNREAD\",\"12345678\",,\"26/12/01,12:34:56+04\"\r\n");
+        port.feed("+CMGL: " + QByteArray::number(i % 200 + 1) +
+                  ",\"REC UNREAD\",\"12345678\",,\"26/12/01,12:34:56+04\"\r\n");
     }
-    world.clock.run(60s);
-    EXPECT_EQ(world.port.bytesAvailable(), 0);
-    EXPECT_TRUE(world.link.TimerCom->isEnabled());
-    EXPECT_FALSE(world.link.flags.ReadingMessages);
+    clock.run(60s);
+    EXPECT_EQ(port.bytesAvailable(), 0);
+    EXPECT_TRUE(link.TimerCom->isEnabled());
+    EXPECT_FALSE(link.flags.ReadingMessages);
 }
 
 } // namespace

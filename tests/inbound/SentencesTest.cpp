@@ -5,17 +5,6 @@
 
 namespace {
 
-using Rows = std::vector<std::string>;
-
-Rows toRows(const QStringList &texts)
-{
-    Rows rows;
-    for (const QString &text : texts) {
-        rows.push_back(text.toStdString());
-    }
-    return rows;
-}
-
 struct SentenceWorld : InboundWorld {
     void startsWith(const CorpusSentence &sentence)
     {
@@ -24,35 +13,11 @@ struct SentenceWorld : InboundWorld {
         host.format = sentence.dates;
         database.look().transaction([&] {
             for (const auto &[table, rows] : sentence.before.asKeyValueRange()) {
-                database.look().run(u"DELETE FROM "_qs + table);
-                for (const QString &row : rows) {
-                    add(table, row.split(u'|'));
-                }
+                fillCorpusTable(database.look(), table, rows);
             }
         });
         recordsets.OpenRecordsets();
     }
-    void add(const QString &table, const QStringList &values)
-    {
-        const QStringList columns = corpusColumns()[table].split(u',');
-        database.add(table, columns.mid(0, values.size()).join(u','),
-                     QVariantList(values.begin(), values.end()));
-    }
-
-    Rows table(const QString &name)
-    {
-        const QStringList columns = corpusColumns()[name].split(u',');
-        return rows(u"SELECT [%1] FROM %2 ORDER BY rowid"_qs.arg(columns.join(u"],["_qs), name));
-    }
-    std::map<QString, Rows> tables()
-    {
-        std::map<QString, Rows> result;
-        for (const QString &name : corpusColumns().keys()) {
-            result[name] = table(name);
-        }
-        return result;
-    }
-
     void happens(const CorpusSentence &sentence)
     {
         if (!sentence.refuses.isEmpty()) {
@@ -71,25 +36,22 @@ struct SentenceWorld : InboundWorld {
     }
 };
 
-const QString kFiled = QStringLiteral("SMS_Received");
-
 void check(SentenceWorld &world, const CorpusSentence &sentence)
 {
     world.startsWith(sentence);
-    auto expected = world.tables();
-    for (const auto &[table, rows] : sentence.after.asKeyValueRange()) {
-        expected[table] = toRows(rows);
-    }
-    const Rows filedBefore = world.filed();
+    CorpusTables expected = corpusTables(world.database.look());
+    const auto filedBefore = expected["SMS_Received"];
+    expected = corpusTables(expected, sentence.after);
     world.happens(sentence);
-    const Rows filed = world.filed();
+    const CorpusTables tables = corpusTables(world.database.look());
+    const auto &filed = tables.at("SMS_Received");
     EXPECT_EQ(world.module.RefreshPending, filed != filedBefore);
-    if (sentence.messages > 0 && !sentence.after.contains(kFiled)) {
+    if (sentence.messages > 0 && !sentence.after.contains(u"SMS_Received"_qs)) {
         EXPECT_EQ(filed.size(), filedBefore.size() + static_cast<std::size_t>(sentence.messages));
         EXPECT_THAT(filed.back(), testing::StartsWith(sentence.from.toStdString() + '|'));
-        expected[kFiled] = filed;
+        expected["SMS_Received"] = filed;
     }
-    EXPECT_EQ(world.tables(), expected);
+    EXPECT_EQ(tables, expected);
 }
 
 class Sentences : public testing::TestWithParam<const char *> {};

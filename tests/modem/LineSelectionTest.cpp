@@ -131,7 +131,7 @@ TEST_F(Selection, RefusesWhatIsNoTcpPort)
 
 TEST_F(Selection, ConnectsWithNothingLeftOfTheLineBeforeAndLeavesTheModemAgain)
 {
-    openCom();
+    open(false);
     link.line.SendData(u"old"_qs);
     link.line.socketData(QByteArray::fromHex("FFFA01")); // half a telnet command
     port.close();
@@ -191,7 +191,7 @@ TEST_F(Selection, EndsEveryHandlerInSilenceWithTheProgram)
 
 TEST_F(Selection, LetsGoOfTheSocketAndTheTimersWhenTheLinkGoes)
 {
-    openNetwork();
+    open(true);
     {
         ModemLink other(clock, host, person, port, socket, view, module, recordsets);
         module.ModemReady = true;

@@ -100,7 +100,7 @@ struct Line : testing::Test, ModemBench {};
 
 TEST_F(Line, LosesWhatStandsFarBehindALineOrThePromptOnTheNetwork)
 {
-    openNetwork();
+    open(true);
     const QString thousand(1000, u'x');
     link.line.ModemRxBuffer = u"AB\r"_qs + thousand + u"lost"_qs;
     EXPECT_EQ(link.line.ReadModemLine(), u"AB"_qs);
@@ -115,7 +115,7 @@ TEST_F(Line, LosesWhatStandsFarBehindALineOrThePromptOnTheNetwork)
 
 TEST_F(Line, ThrowsAwayWhatComesBeforeThePromptOnComAndNothingBehindIt)
 {
-    openCom();
+    open(false);
     port.feed("\r\nnoise > +CMGS: 1\r\n");
     EXPECT_EQ(link.line.ReadModemPrompt(), u">"_qs);
     EXPECT_EQ(link.line.ReadModemLine(), u" +CMGS: 1"_qs);
@@ -123,7 +123,7 @@ TEST_F(Line, ThrowsAwayWhatComesBeforeThePromptOnComAndNothingBehindIt)
 
 TEST_F(Line, CutsTheTerminalBehindSixHundredCharacters)
 {
-    openCom();
+    open(false);
     link.line.SendData(QString(595, u'x') + u'\r'); // with the mark and the line end 600
     EXPECT_EQ(view.terminal, u"==>"_qs + QString(595, u'x') + u"\r\n"_qs);
     link.line.clearTerminal();
@@ -137,7 +137,7 @@ TEST_F(Line, SwallowsOnAConnectingSocketAndFailsOnAClosedComPort)
     EXPECT_THROW(link.line.SendData(u"AT\r"_qs), RuntimeFailure);
     EXPECT_EQ(view.terminal, QString());
     socket.silent = true;
-    openNetwork();
+    open(true);
     link.line.SendData(u"AT\r"_qs);
     EXPECT_EQ(socket.written, QByteArray());
     EXPECT_EQ(view.terminal, u"==>AT\r\n"_qs);
@@ -145,7 +145,7 @@ TEST_F(Line, SwallowsOnAConnectingSocketAndFailsOnAClosedComPort)
 
 TEST_F(Line, AnswersATerminalServerWithoutTellingTheModemSide)
 {
-    openNetwork();
+    open(true);
     const QByteArray willEcho = QByteArray::fromHex("FFFB01");
     socket.feed("\r\nO" + willEcho + "K\r\n");
     EXPECT_EQ(link.line.ReadModemLine(), u"OK"_qs);

@@ -11,7 +11,7 @@ constexpr milliseconds kBefore = 4500ms;
 struct Watcher : testing::Test, ModemWorld {
     Watcher()
     {
-        openCom();
+        open(false);
         comModem.isMute = true;
         module.ModemReady = true;
         link.pace.restart(kBefore);
@@ -59,30 +59,6 @@ TEST_F(Watcher, TakesEachLineForTheFirstThatItHolds)
         EXPECT_EQ(port.written, expected.asksForListing ? "AT+CMGL=ALL\r" : "");
         EXPECT_EQ(link.flags.ReadingMessages, expected.stillReading);
         EXPECT_EQ(steps, QStringList());
-    }
-}
-
-TEST_F(Watcher, HandsAListedMessageOn)
-{
-    const std::pair<QString, int> kHeaders[] = {{u"+CMGL: 7,\"REC UNREAD\",\"+4791234567\""_qs, 7},
-                                                {u"+CMGL: 0,"_qs, 0},
-                                                {u"+cmgl: 12"_qs, 12},
-                                                {u"+CMGL: 255,"_qs, 255},
-                                                {u"+CMGL: 0000009,"_qs, 9},
-                                                {u"+CMGL: 00000093"_qs, 9},
-                                                {u"x+CMGL: 3 4"_qs, 3},
-                                                {u"+CMGL: ,4"_qs, 0}};
-    for (const auto &[line, index] : kHeaders) {
-        steps.clear();
-        link.flags.ReadingMessages = false;
-        link.TimerCom->setEnabled(true);
-        module.MessageIndex = 99;
-        link.response.setText(line);
-        EXPECT_EQ(module.MessageIndex, index) << line.toStdString();
-        EXPECT_EQ(view.panels[2], u"Melding %1 MOTTATT"_qs.arg(index));
-        EXPECT_EQ(steps, QStringList{u"read"_qs});
-        EXPECT_TRUE(link.flags.ReadingMessages);
-        EXPECT_FALSE(link.TimerCom->isEnabled());
     }
 }
 

@@ -1,12 +1,6 @@
 #pragma once
 
-#include "data/Connection.h"
-#include "data/Module1.h"
-#include "data/Recordsets.h"
-#include "modem/ModemLink.h"
-#include "support/Doubles.h"
-#include "support/FakeLines.h"
-#include "support/TestDatabase.h"
+#include "support/Bench.h"
 
 #include <QList>
 #include <QMap>
@@ -71,59 +65,25 @@ private:
     bool inText_ = false;
 };
 
-/// The modem side with doubles at both ends of it, and no database.
-struct ModemBench {
+/// With a modem that answers at the far end of both lines.
+struct ModemBench : Bench {
     ModemBench()
     {
-        module.LoginComputer = host.computer;
-        link.tables.BuildCharacterTables();
         link.watcher.StartNyBruker = [this] { steps += u"feed"_qs; };
         link.watcher.Read_SMS_MessageTEXT = [this] { steps += u"read"_qs; };
         port.onWrite = [this](const QByteArray &bytes) { comModem.hears(bytes); };
         socket.onWrite = [this](const QByteArray &bytes) { networkModem.hears(bytes); };
     }
 
-    void open(bool network)
-    {
-        module.ActiveComPort = network ? 255 : 1;
-        if (network) {
-            socket.connectTo(u"modem"_qs, 23);
-            clock.run(1ms);
-        } else {
-            port.open(u"COM1"_qs);
-        }
-    }
-    void openCom() { open(false); }
-    void openNetwork() { open(true); }
-    void ready(bool network)
-    {
-        open(network);
-        module.ModemReady = true;
-    }
     ListedModem &modem(bool network) { return network ? networkModem : comModem; }
     void say(bool network, const QByteArray &bytes)
     {
         network ? link.line.socketData(bytes) : port.feed(bytes);
     }
-    milliseconds timed(const std::function<void()> &work)
-    {
-        const milliseconds start = clock.elapsed();
-        work();
-        return clock.elapsed() - start;
-    }
 
-    VirtualClock clock;
-    ScriptedOperator person{clock};
-    FakeHost host;
-    FakeSerialPort port;
-    FakeTcpSocket socket{clock};
-    RecordingView view;
-    Module1 module;
-    Recordsets recordsets{module, person};
     ListedModem comModem{clock, [this](const QByteArray &bytes) { port.feed(bytes); }};
     ListedModem networkModem{clock, [this](const QByteArray &bytes) { socket.feed(bytes); }};
     QStringList steps; ///< calls of what stands in higher folders
-    ModemLink link{clock, host, person, port, socket, view, module, recordsets};
 };
 
 /// The same with a database as delivered.
@@ -132,19 +92,6 @@ struct ModemWorld : ModemBench {
     {
         database.use(module);
         recordsets.OpenRecordsets();
-    }
-    /// The rows of a query, columns joined by "|".
-    QStringList rows(const QString &sql)
-    {
-        QStringList result;
-        database.look().run(sql, {}, [&](const QVariantList &values) {
-            QStringList row;
-            for (const QVariant &value : values) {
-                row += value.toString();
-            }
-            result += row.join(u'|');
-        });
-        return result;
     }
     /// A message that waits in the outbox, unless its state says otherwise.
     void waits(const QString &text, int DatoLNG = 46357, const QString &CMGS = u"UNSENT"_qs,

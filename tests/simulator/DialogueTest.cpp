@@ -68,31 +68,32 @@ TEST(Dialogue, KeepsItsSettings)
     play(dialogues);
 }
 
+using Input = ModemTest;
+
 // A slow line brings a command one character at a time, a fast one several at once.
-TEST(Input, MayComeInAnyPieces)
+TEST_F(Input, MayComeInAnyPieces)
 {
     ModemWorld whole;
     ModemWorld pieces;
     const QByteArray input = "ATE1\rAT+CPMS?\rAT+CMGS=\"+4790000001\"\rHei\x1a";
-    QByteArray said;
+    QByteArray answers;
     for (const char byte : input) {
-        said += pieces.say(QByteArray(1, byte));
+        answers += pieces.say(QByteArray(1, byte));
     }
-    EXPECT_EQ(whole.say(input), said);
+    EXPECT_EQ(whole.say(input), answers);
     EXPECT_EQ(whole.listen(5s), pieces.listen(5s));
 }
 
-TEST(Input, WrittenFromInsideAnAnswerIsTakenBehindIt)
+TEST_F(Input, WrittenFromInsideAnAnswerIsTakenBehindIt)
 {
-    ModemWorld world;
-    QByteArray said;
-    world.modem.setOutput([&](const QByteArray &bytes) {
+    said.clear();
+    modem.setOutput([&](const QByteArray &bytes) {
         if (said.isEmpty()) {
-            world.modem.receive("AT+CGMI\r");
+            modem.receive("AT+CGMI\r");
         }
         said += bytes;
     });
-    world.modem.receive("AT+CMGF?\r");
+    modem.receive("AT+CMGF?\r");
     EXPECT_EQ(said, "\r\n+CMGF: 1\r\n" + kOk + "\r\nLukora\r\n" + kOk);
 }
 

@@ -28,7 +28,10 @@ struct DoorWorld : ModemWorld {
     DoorUnit door;
 };
 
-TEST(Door, SpeaksTheSentencesThatItsReadersKnow)
+struct Door : testing::Test, DoorWorld {};
+using DoorAnswer = Door;
+
+TEST_F(Door, SpeaksTheSentencesThatItsReadersKnow)
 {
     const struct {
         DoorLanguage language;
@@ -51,7 +54,7 @@ TEST(Door, SpeaksTheSentencesThatItsReadersKnow)
     }
 }
 
-TEST(Door, ObeysEveryFormOfACommand)
+TEST_F(Door, ObeysEveryFormOfACommand)
 {
     const QByteArray commands[][2] = {
         {"i 701234567>26120100<26120324", "Hovedport\n701234567 er lagt til" + kDates},
@@ -70,10 +73,9 @@ TEST(Door, ObeysEveryFormOfACommand)
     }
 }
 
-TEST(Door, SaysAndDoesNothingToAnythingElse)
+TEST_F(Door, SaysAndDoesNothingToAnythingElse)
 {
-    DoorWorld world;
-    const DoorUnit::Users before = world.door.users();
+    const DoorUnit::Users before = door.users();
     for (const char *command :
          {"", "Hei, er du der?", "I 91234567", "I 91234567>26130100<26120324",
           "I 91234567>26120100<26120325", "I 91234567>26120100<261203",
@@ -90,25 +92,24 @@ TEST(Door, SaysAndDoesNothingToAnythingElse)
           // Another case, or another number of blanks.
           "k", "R5", "ar", "Ar", "a1 91234567", "b !x", "v1", "n", "l", "o", "p 5", "t1 x", "A1",
           "A191234567", "A1  91234567", "AR ", " AR", "K ", "r5 ", "T1", "Vx", " N", "??"}) {
-        EXPECT_EQ(world.ask(command), QByteArray()) << command;
+        EXPECT_EQ(ask(command), QByteArray()) << command;
     }
-    EXPECT_EQ(world.door.users(), before);
-    EXPECT_EQ(world.door.settings(), DoorWorld().door.settings());
+    EXPECT_EQ(door.users(), before);
+    EXPECT_EQ(door.settings(), DoorWorld().door.settings());
 }
 
-TEST(Door, TakesNewRightsAndLosesNobodyButTheDeleted)
+TEST_F(Door, TakesNewRightsAndLosesNobodyButTheDeleted)
 {
-    DoorWorld world;
     for (const char *command : {"I 91234567>26120100<26120324", "I 94567890*1", "I 92345678*25",
                                 "i 701234567*4", "U 94567890", "U 93456789"}) {
-        world.ask(command);
+        ask(command);
     }
     const DoorUnit::Users expected{
         {u"91234567"_qs, {kPeriod}}, {u"92345678"_qs, {25}}, {u"701234567"_qs, {4, true}}};
-    EXPECT_EQ(world.door.users(), expected);
+    EXPECT_EQ(door.users(), expected);
 }
 
-TEST(Door, KeepsWhatItIsTold)
+TEST_F(Door, KeepsWhatItIsTold)
 {
     const struct {
         const char *command;
@@ -155,21 +156,20 @@ TEST(Door, KeepsWhatItIsTold)
              is.handedOn = false;
          }},
     };
-    DoorWorld world;
     for (const auto &row : rows) {
-        DoorSettings expected = world.door.settings();
+        DoorSettings expected = door.settings();
         row.expect(expected);
-        world.door.setType(row.type);
-        const QByteArray answer = world.ask(row.command);
-        EXPECT_EQ(world.door.settings(), expected) << row.command;
+        door.setType(row.type);
+        const QByteArray answer = ask(row.command);
+        EXPECT_EQ(door.settings(), expected) << row.command;
         // Those that a report shows are answered by one, the rest not at all.
         const bool isReported = strchr("AB?", row.command[0]) != nullptr && row.command[1] != '7';
         EXPECT_EQ(answer.isEmpty(), !isReported) << row.command << answer.constData();
     }
-    EXPECT_TRUE(world.ask("U 91234567").startsWith("   \n")) << "the name of all answers";
+    EXPECT_TRUE(ask("U 91234567").startsWith("   \n")) << "the name of all answers";
 }
 
-TEST(Door, TellsItsAdministratorsInEveryLanguage)
+TEST_F(Door, TellsItsAdministratorsInEveryLanguage)
 {
     const std::pair<DoorLanguage, QByteArray> tongues[] = {
         {kNorwegian, "Administrator"},
@@ -189,7 +189,7 @@ TEST(Door, TellsItsAdministratorsInEveryLanguage)
     }
 }
 
-TEST(Door, HandsItsAdministratorsPlaceOn)
+TEST_F(Door, HandsItsAdministratorsPlaceOn)
 {
     const std::pair<DoorLanguage, QByteArray> tongues[] = {
         {kNorwegian, "Neste som sender SMS blir ADMIN."},
@@ -211,30 +211,28 @@ TEST(Door, HandsItsAdministratorsPlaceOn)
     }
 }
 
-TEST(Door, WelcomesAnAssistantOnceAndOnHisOwnPhone)
+TEST_F(Door, WelcomesAnAssistantOnceAndOnHisOwnPhone)
 {
-    DoorWorld world;
     QByteArrayList heard;
-    world.network.addPhone(u"+4793456789"_qs, {[&](const SmsMessage &message) {
-                                                   heard += message.text;
-                                                   return true;
-                                               },
-                                               {}});
+    network.addPhone(u"+4793456789"_qs, {[&](const SmsMessage &message) {
+                                             heard += message.text;
+                                             return true;
+                                         },
+                                         {}});
     for (const char *command : {"A3 93456789", "A3 93456789", "A3 ", "A3 93456789"}) {
-        EXPECT_FALSE(world.ask(command).contains("Velkommen")) << command;
+        EXPECT_FALSE(ask(command).contains("Velkommen")) << command;
     }
     EXPECT_EQ(heard, QByteArrayList(2, "Hovedport\nVelkommen som NY Assistent"));
     // His place is his mark, as long as he has it.
-    EXPECT_EQ(world.ask("I 93456789*1"), "Hovedport\n93456789 er lagt til A-3\nSALDO: 1\nSlutt");
-    EXPECT_EQ(world.ask("K"), "*91234567\n*92345678\n*93456789-3\n");
-    world.ask("A3 ");
-    EXPECT_EQ(world.ask("K"), "*91234567\n*92345678\n*93456789\n");
+    EXPECT_EQ(ask("I 93456789*1"), "Hovedport\n93456789 er lagt til A-3\nSALDO: 1\nSlutt");
+    EXPECT_EQ(ask("K"), "*91234567\n*92345678\n*93456789-3\n");
+    ask("A3 ");
+    EXPECT_EQ(ask("K"), "*91234567\n*92345678\n*93456789\n");
 }
 
-TEST(Door, OpensForThoseWhoMayEnterAndLogsThem)
+TEST_F(Door, OpensForThoseWhoMayEnterAndLogsThem)
 {
-    DoorWorld world;
-    world.door.seedUser(u"93456789"_qs, {DoorPeriod{{2026, 12, 1}, 8, {2026, 12, 3}, 16}});
+    door.seedUser(u"93456789"_qs, {DoorPeriod{{2026, 12, 1}, 8, {2026, 12, 3}, 16}});
     const QDateTime nine(QDate(2026, 12, 1), QTime(9, 5));
     const struct {
         const char *caller;
@@ -255,35 +253,34 @@ TEST(Door, OpensForThoseWhoMayEnterAndLogsThem)
         {"+4692345678", "2027-12-10T00:00", DoorCall::NoBalance},
     };
     for (const auto &[caller, at, becomes] : calls) {
-        EXPECT_EQ(world.door.call(QString::fromLatin1(caller),
-                                  QDateTime::fromString(QString::fromLatin1(at), Qt::ISODate)),
+        EXPECT_EQ(door.call(QString::fromLatin1(caller),
+                            QDateTime::fromString(QString::fromLatin1(at), Qt::ISODate)),
                   becomes)
             << caller << ' ' << at;
     }
-    EXPECT_EQ(world.door.users().at(u"92345678"_qs).balance(), 0);
-    EXPECT_EQ(world.ask("r5"), "*93456789\n1/12,8:00\n*93456789\n3/12,15:59\n*92345678\n10/12,"
-                               "9:05\n*92345678\n10/12,21:30\n*92345678\n10/12,0:00\n");
+    EXPECT_EQ(door.users().at(u"92345678"_qs).balance(), 0);
+    EXPECT_EQ(ask("r5"), "*93456789\n1/12,8:00\n*93456789\n3/12,15:59\n*92345678\n10/12,"
+                         "9:05\n*92345678\n10/12,21:30\n*92345678\n10/12,0:00\n");
 }
 
-TEST(DoorAnswer, TellsLongListsInSeveralMessagesBetweenTheRecords)
+TEST_F(DoorAnswer, TellsLongListsInSeveralMessagesBetweenTheRecords)
 {
-    DoorWorld world;
     QByteArrayList log;
-    QByteArray list = world.ask("K");
+    QByteArray list = ask("K");
     for (int i = 0; i < 120; ++i) {
         const QString number = QString::number(930'000'000 + i);
         const QDateTime at(QDate(2026, 12, 10), QTime(10, 0).addSecs(60 * i));
-        world.door.seedUser(number, {kPeriod, false, '2'});
+        door.seedUser(number, {kPeriod, false, '2'});
         list += '*' + number.toLatin1() + "-2\n";
-        world.door.seedUser(number, {1});
-        world.door.call(number, at);
-        world.door.seedUser(number, {kPeriod, false, '2'});
+        door.seedUser(number, {1});
+        door.call(number, at);
+        door.seedUser(number, {kPeriod, false, '2'});
         log += '*' + number.toLatin1() + '\n' + at.toString(u"d/M,h:mm").toLatin1() + '\n';
     }
     const std::pair<QByteArray, QByteArray> answers[] = {
         {"r100", log.mid(20).join()}, {"r5", log.mid(115).join()}, {"K", list}};
     for (const auto &[command, whole] : answers) {
-        QByteArrayList messages = world.ask(command).split('|');
+        QByteArrayList messages = ask(command).split('|');
         EXPECT_EQ(messages.join(), whole);
         EXPECT_LE(messages.size(), whole.size() / 130 + 1);
         for (const QByteArray &message : messages) {
@@ -293,41 +290,38 @@ TEST(DoorAnswer, TellsLongListsInSeveralMessagesBetweenTheRecords)
     }
 }
 
-TEST(Door, SendsAnAlarmToEachOfItsAdministratorsOnce)
+TEST_F(Door, SendsAnAlarmToEachOfItsAdministratorsOnce)
 {
-    DoorWorld world;
-    EXPECT_EQ(world.door.alarm(), 0);
-    world.ask("?");
+    EXPECT_EQ(door.alarm(), 0);
+    ask("?");
     for (const char *command : {"A1 91111111", "A4 93456789", "T5 Innbrudd!", "T6 Solbakken"}) {
-        world.ask(command);
+        ask(command);
     }
-    world.received.clear();
-    EXPECT_EQ(world.door.alarm(), 2);
-    EXPECT_EQ(world.delivered(), "Innbrudd!\nSolbakken|");
+    received.clear();
+    EXPECT_EQ(door.alarm(), 2);
+    EXPECT_EQ(delivered(), "Innbrudd!\nSolbakken|");
     for (const auto &silence : {QByteArrayList{"V0"}, {"V1", "T5 ", "T6 "}}) {
         for (const QByteArray &command : silence) {
-            world.ask(command);
+            ask(command);
         }
-        EXPECT_EQ(world.door.alarm(), 0);
+        EXPECT_EQ(door.alarm(), 0);
     }
 }
 
-TEST(DoorAnswer, CarriesTheMarkOfAnAdministratorUntilItIsDeleted)
+TEST_F(DoorAnswer, CarriesTheMarkOfAnAdministratorUntilItIsDeleted)
 {
-    DoorWorld world;
-    world.door.seedUser(u"91234567"_qs, {kOther, false, '2'});
+    door.seedUser(u"91234567"_qs, {kOther, false, '2'});
     for (int times = 0; times < 2; ++times) {
-        EXPECT_EQ(world.ask("I 91234567>26120100<26120324"),
+        EXPECT_EQ(ask("I 91234567>26120100<26120324"),
                   "Hovedport\n91234567 finnes allerede A-2" + kDates);
     }
-    world.ask("U 91234567");
-    EXPECT_EQ(world.ask("I 91234567>26120100<26120324"),
-              "Hovedport\n91234567 er lagt til" + kDates);
+    ask("U 91234567");
+    EXPECT_EQ(ask("I 91234567>26120100<26120324"), "Hovedport\n91234567 er lagt til" + kDates);
 }
 
 // Readers take the first "/" and "-" of the text for those of a date, and step 13 characters back
 // from the sentence: a name must not lead them astray.
-TEST(DoorAnswer, KeepsMisleadingNamesFromItsReaders)
+TEST_F(DoorAnswer, KeepsMisleadingNamesFromItsReaders)
 {
     const std::pair<QString, QByteArray> names[] = {
         {u"Nord-dør A/B: 2*"_qs, "Nord d\x0cr A B  2 "},
@@ -341,7 +335,7 @@ TEST(DoorAnswer, KeepsMisleadingNamesFromItsReaders)
     }
 }
 
-TEST(DoorAnswer, FitsIntoOneMessageAtItsLongest)
+TEST_F(DoorAnswer, FitsIntoOneMessageAtItsLongest)
 {
     DoorWorld world(DoorLanguage::Swedish, QString(20, u'å'));
     world.door.seedUser(QString(20, u'9'), {kOther, false, '5'});
@@ -356,16 +350,15 @@ TEST(DoorAnswer, FitsIntoOneMessageAtItsLongest)
     }
 }
 
-TEST(DoorAnswer, ComesBehindTheUnitsOwnTimeAndIsBriefWhenTold)
+TEST_F(DoorAnswer, ComesBehindTheUnitsOwnTimeAndIsBriefWhenTold)
 {
-    DoorWorld world;
-    world.door.setAnswerDelay(10s);
-    world.door.setAnswers(DoorUnit::Answers::Brief);
-    world.network.send(kStranger, kDoor, "I 92345678*25");
-    world.clock.run(13999ms);
-    EXPECT_EQ(world.received, "");
-    world.clock.run(1ms);
-    EXPECT_EQ(world.received, "Hovedport\n92345678 finnes allerede|");
+    door.setAnswerDelay(10s);
+    door.setAnswers(DoorUnit::Answers::Brief);
+    network.send(kStranger, kDoor, "I 92345678*25");
+    clock.run(13999ms);
+    EXPECT_EQ(received, "");
+    clock.run(1ms);
+    EXPECT_EQ(received, "Hovedport\n92345678 finnes allerede|");
 }
 
 } // namespace

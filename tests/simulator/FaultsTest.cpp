@@ -4,7 +4,7 @@
 
 namespace {
 
-struct Fault : testing::Test, ModemWorld {
+struct Fault : ModemTest {
     ModemFaults &faults = modem.faults();
 };
 
@@ -120,19 +120,6 @@ TEST_F(Fault, MuteModemStoresOn)
     EXPECT_EQ(modem.store().used(), 1);
 }
 
-TEST_F(Fault, LineDropsBetweenPromptAndText)
-{
-    int drops = 0;
-    modem.setLineDrop([&] {
-        ++drops;
-        modem.lineClosed();
-    });
-    faults.dropAtPrompt = FaultCount::times(1);
-    EXPECT_EQ(say("AT+CMGS=+4791111111\rlost with the line"), kPrompt);
-    EXPECT_EQ(drops, 1);
-    EXPECT_EQ(submit(), kPrompt + kSent);
-}
-
 TEST_F(Fault, SlowModemSaysTheSameInItsTimeUntilItIsMended)
 {
     faults.perCharacter = 10ms;
@@ -144,26 +131,6 @@ TEST_F(Fault, SlowModemSaysTheSameInItsTimeUntilItIsMended)
     EXPECT_EQ(say("AT\r"), QByteArray());
     faults.perCharacter = 0ms;
     EXPECT_EQ(say("AT\r"), kOk + kOk) << "the next character is not waited for";
-}
-
-TEST_F(Fault, GarbageHoldsNoAnswer)
-{
-    faults.garbage = true;
-    const QByteArray noise = say("AT\rAT+CGMI\rAT+CPMS?\rATV0\rAT\r");
-    EXPECT_TRUE(noise.contains('\0'));
-    EXPECT_FALSE(noise.contains("OK") || noise.contains('0'));
-    faults = ModemFaults();
-    EXPECT_EQ(say("ATV1\r"), kOk);
-}
-
-TEST_F(Fault, FullStorageLeavesMessagesWithTheNetworkUntilItIsOver)
-{
-    faults.storeFull = true;
-    EXPECT_EQ(arrive(), QByteArray());
-    EXPECT_EQ(modem.store().used(), 0);
-    EXPECT_TRUE(say("AT+CPMS?\r").contains("\"SM\",20,20"));
-    faults.storeFull = false;
-    EXPECT_EQ(say("AT\r"), kOk + "\r\n+CMTI: \"SM\",1\r\n");
 }
 
 } // namespace

@@ -5,17 +5,12 @@ namespace {
 const QByteArray kRefused = "\r\n+CMS ERROR: 305\r\n";
 const QByteArray kNoSuchPlace = "\r\n+CMS ERROR: 321\r\n";
 
-/// The numbers of the places in use.
-std::vector<int> places(ModemWorld &world)
-{
-    std::vector<int> indexes;
-    for (const auto &entry : world.modem.store().records()) {
-        indexes.push_back(entry.first);
-    }
-    return indexes;
-}
+using Submission = ModemTest;
+using StatusReport = ModemTest;
+using Storage = ModemTest;
+using Notice = ModemTest;
 
-TEST(Submission, DeliversWhatAPersonCouldHaveTypedAndRefusesTheRest)
+TEST_F(Submission, DeliversWhatAPersonCouldHaveTypedAndRefusesTheRest)
 {
     const QByteArray codes("\x00\x08\x0a{~", 5);
     const QByteArray longest(160, 'x');
@@ -46,40 +41,37 @@ TEST(Submission, DeliversWhatAPersonCouldHaveTypedAndRefusesTheRest)
     EXPECT_EQ(ModemWorld().say("AT+CMGR=1\rAT+CMGR=999999999999\r"), kNoSuchPlace + kNoSuchPlace);
 }
 
-TEST(Submission, TakesItsTimeAndHoldsWhatThePcWritesMeanwhile)
+TEST_F(Submission, TakesItsTimeAndHoldsWhatThePcWritesMeanwhile)
 {
-    ModemWorld world;
-    EXPECT_EQ(world.say("AT+CMGS=+4791111111\rHei\x1a" + QByteArray("AT+CMGF?\r")), kPrompt);
-    EXPECT_EQ(world.listen(1999ms), QByteArray());
-    EXPECT_EQ(world.listen(1ms), kSent + "\r\n+CMGF: 1\r\n" + kOk);
+    EXPECT_EQ(say("AT+CMGS=+4791111111\rHei\x1a" + QByteArray("AT+CMGF?\r")), kPrompt);
+    EXPECT_EQ(listen(1999ms), QByteArray());
+    EXPECT_EQ(listen(1ms), kSent + "\r\n+CMGF: 1\r\n" + kOk);
 }
 
-TEST(Submission, GoesOnWithoutThePcBehindTheTextButNotInIt)
+TEST_F(Submission, GoesOnWithoutThePcBehindTheTextButNotInIt)
 {
-    ModemWorld world;
-    world.say("AT+CMGS=+4791111111\rHei\x1a");
-    world.modem.lineClosed();
-    EXPECT_EQ(world.delivered(), "Hei|");
-    world.say("AT+CMGS=+4791111111\rnever");
-    world.modem.lineClosed();
-    EXPECT_EQ(world.say("AT\r"), kOk);
-    EXPECT_EQ(world.delivered(), "Hei|");
+    say("AT+CMGS=+4791111111\rHei\x1a");
+    modem.lineClosed();
+    EXPECT_EQ(delivered(), "Hei|");
+    say("AT+CMGS=+4791111111\rnever");
+    modem.lineClosed();
+    EXPECT_EQ(say("AT\r"), kOk);
+    EXPECT_EQ(delivered(), "Hei|");
 }
 
-TEST(Submission, PromptsAgainForEachLineOfTheText)
+TEST_F(Submission, PromptsAgainForEachLineOfTheText)
 {
-    ModemWorld world;
-    EXPECT_EQ(world.say("AT+CMGS=+4791111111\ren\rto\x1b"), kPrompt + kPrompt + kOk);
-    world.say("ATE1\rAT+CMGS=+4791111111\r");
-    EXPECT_EQ(world.say("en\rto"), "en\r\n> to");
+    EXPECT_EQ(say("AT+CMGS=+4791111111\ren\rto\x1b"), kPrompt + kPrompt + kOk);
+    say("ATE1\rAT+CMGS=+4791111111\r");
+    EXPECT_EQ(say("en\rto"), "en\r\n> to");
 }
 
 // Nobody is there: the status is 67 instead of 0.
-TEST(StatusReport, NamesItsRecipientOnlyWithDetails)
+TEST_F(StatusReport, NamesItsRecipientOnlyWithDetails)
 {
     ModemWorld world(kWithReports);
     world.modem.setNextReference(255);
-    world.submit("Hei", "+4799999999");
+    EXPECT_EQ(world.submit("Hei", "+4799999999"), kPrompt + "\r\n+CMGS: 255\r\n" + kOk);
     EXPECT_EQ(world.listen(4s), "\r\n+CDSI: \"SM\",1\r\n");
     const QByteArray rest = ",\"26/12/01,09:00:02+00\",\"26/12/01,09:00:04+00\",67\r\n" + kOk;
     EXPECT_EQ(world.list(), "\r\n+CMGL: 1,\"REC UNREAD\",6,255,," + rest);
@@ -88,9 +80,10 @@ TEST(StatusReport, NamesItsRecipientOnlyWithDetails)
     world.modem.faults().recipientInReports = false;
     world.say("AT+CSDH=1\r");
     EXPECT_EQ(world.say("AT+CMGR=1\r"), "\r\n+CMGR: \"REC READ\",6,255,\"+4799999999\",145" + rest);
+    EXPECT_EQ(world.submit(), kPrompt + kSent) << "the reference has come round";
 }
 
-TEST(StatusReport, NeedsBothItsRequestAndItsPlace)
+TEST_F(StatusReport, NeedsBothItsRequestAndItsPlace)
 {
     for (const char *settings :
          {"AT+CSMP=17,167,0,0;+CNMI=1,1,0,2,1\r", "AT+CSMP=49,167,0,0;+CNMI=1,1\r"}) {
@@ -101,54 +94,51 @@ TEST(StatusReport, NeedsBothItsRequestAndItsPlace)
     }
 }
 
-TEST(Storage, ListsWhatCameAndMarksItRead)
+TEST_F(Storage, ListsWhatCameAndMarksItRead)
 {
-    ModemWorld world;
-    world.arrive("Hei\nto");
-    world.arrive("", u"Avis"_qs);
+    arrive("Hei\nto");
+    arrive("", u"Avis"_qs);
     const QByteArray unread =
         "\r\n+CMGL: 1,\"REC UNREAD\",\"+4791111111\",,\"26/12/01,09:00:00+00\"\r\nHei\nto"
         "\r\n+CMGL: 2,\"REC UNREAD\",\"Avis\",,\"26/12/01,09:00:02+00\"\r\n\r\n" +
         kOk;
-    EXPECT_EQ(world.list("\"REC READ\""), kOk);
-    EXPECT_EQ(world.list(), unread);
-    EXPECT_EQ(world.list("\"REC UNREAD\""), kOk);
+    EXPECT_EQ(list("\"REC READ\""), kOk);
+    EXPECT_EQ(list(), unread);
+    EXPECT_EQ(list("\"REC UNREAD\""), kOk);
     QByteArray read = QByteArray(unread).replace("UNREAD", "READ");
-    EXPECT_EQ(world.list("\"ALL\""), read);
-    world.say("AT+CSDH=1\r");
+    EXPECT_EQ(list("\"ALL\""), read);
+    say("AT+CSDH=1\r");
     read.replace("+00\"\r\nHei", "+00\",145,6\r\nHei").replace("+00\"\r\n\r", "+00\",208,0\r\n\r");
-    EXPECT_EQ(world.list(), read);
-    EXPECT_EQ(world.say("AT+CMGR=1\r"),
+    EXPECT_EQ(list(), read);
+    EXPECT_EQ(say("AT+CMGR=1\r"),
               "\r\n+CMGR: \"REC READ\",\"+4791111111\",,\"26/12/01,09:00:00+00\",145,4,0,0,"
               "\"+4790000000\",145,6\r\nHei\nto\r\n" +
                   kOk);
 }
 
-TEST(Storage, KeepsAnUnsentMessage)
+TEST_F(Storage, KeepsAnUnsentMessage)
 {
-    ModemWorld world;
-    EXPECT_EQ(world.say("AT+CMGW=\"91111111\"\rHei\x1a"), kPrompt + "\r\n+CMGW: 1\r\n" + kOk);
-    EXPECT_EQ(world.list(), "\r\n+CMGL: 1,\"STO UNSENT\",\"91111111\",,\r\nHei\r\n" + kOk);
-    EXPECT_EQ(world.say("AT+CSDH=1;+CMGR=1\r"),
+    EXPECT_EQ(say("AT+CMGW=\"91111111\"\rHei\x1a"), kPrompt + "\r\n+CMGW: 1\r\n" + kOk);
+    EXPECT_EQ(list(), "\r\n+CMGL: 1,\"STO UNSENT\",\"91111111\",,\r\nHei\r\n" + kOk);
+    EXPECT_EQ(say("AT+CSDH=1;+CMGR=1\r"),
               "\r\n+CMGR: \"STO UNSENT\",\"91111111\",,129,17,0,0,167,\"+4790000000\",145,3\r\nHei"
               "\r\n" +
                   kOk);
-    EXPECT_EQ(world.delivered(), QByteArray());
+    EXPECT_EQ(delivered(), QByteArray());
 }
 
-TEST(Storage, FillsTheLowestFreePlace)
+TEST_F(Storage, FillsTheLowestFreePlace)
 {
-    ModemWorld world;
     for (int i = 0; i < 4; ++i) {
-        world.arrive();
+        arrive();
     }
-    world.say("AT+CMGD=2;+CMGD=1\r");
-    EXPECT_EQ(world.arrive(), "\r\n+CMTI: \"SM\",1\r\n");
-    world.arrive();
-    EXPECT_EQ(places(world), (std::vector{1, 2, 3, 4}));
+    say("AT+CMGD=2;+CMGD=1\r");
+    EXPECT_EQ(arrive(), "\r\n+CMTI: \"SM\",1\r\n");
+    arrive();
+    EXPECT_EQ(places(), (std::vector{1, 2, 3, 4}));
 }
 
-TEST(Storage, DeletesNothingButWhatWasNamed)
+TEST_F(Storage, DeletesNothingButWhatWasNamed)
 {
     const struct {
         QByteArray arguments, answer;
@@ -172,67 +162,63 @@ TEST(Storage, DeletesNothingButWhatWasNamed)
         world.say("AT+CMGW=\"1\"\rto\x1a");
         world.arrive();
         EXPECT_EQ(world.say("AT+CMGD=" + arguments + "\r"), answer) << arguments.constData();
-        EXPECT_EQ(places(world), left) << arguments.constData();
+        EXPECT_EQ(world.places(), left) << arguments.constData();
     }
 }
 
-TEST(Storage, LetsTheNetworkKeepWhatHasNoRoom)
+TEST_F(Storage, LetsTheNetworkKeepWhatHasNoRoom)
 {
-    ModemWorld world;
-    world.modem.store().setCapacity(2);
+    modem.store().setCapacity(2);
     for (const char *text : {"en", "to", "tre", "fire"}) {
-        world.arrive(text);
+        arrive(text);
     }
-    EXPECT_EQ(places(world), (std::vector{1, 2}));
-    EXPECT_TRUE(world.say("AT+CPMS?\r").contains("\"SM\",2,2"));
-    EXPECT_EQ(world.say("AT+CMGW=\"1\"\rHei\x1a"), kPrompt + "\r\n+CMS ERROR: 322\r\n");
-    EXPECT_EQ(world.say("AT+CMGD=1\r"), kOk + "\r\n+CMTI: \"SM\",1\r\n");
-    EXPECT_TRUE(world.list().contains("\r\ntre\r\n"));
-    world.say("AT+CMGD=1\r");
-    EXPECT_TRUE(world.list().contains("\r\nfire\r\n"));
+    EXPECT_EQ(places(), (std::vector{1, 2}));
+    EXPECT_TRUE(say("AT+CPMS?\r").contains("\"SM\",2,2"));
+    EXPECT_EQ(say("AT+CMGW=\"1\"\rHei\x1a"), kPrompt + "\r\n+CMS ERROR: 322\r\n");
+    EXPECT_EQ(say("AT+CMGD=1\r"), kOk + "\r\n+CMTI: \"SM\",1\r\n");
+    EXPECT_TRUE(list().contains("\r\ntre\r\n"));
+    say("AT+CMGD=1\r");
+    EXPECT_TRUE(list().contains("\r\nfire\r\n"));
 }
 
-TEST(Notice, DoesNotComeIntoACommandOrAText)
+TEST_F(Notice, DoesNotComeIntoACommandOrAText)
 {
-    ModemWorld world;
-    world.say("AT+CM");
-    EXPECT_EQ(world.arrive(), QByteArray());
-    EXPECT_EQ(world.say("GF=1\r"), kOk + "\r\n+CMTI: \"SM\",1\r\n");
-    world.say("AT+CMGS=+4799999999\r");
-    EXPECT_EQ(world.arrive(), QByteArray());
-    EXPECT_EQ(world.say("Hei\x1a", 2s), kSent + "\r\n+CMTI: \"SM\",2\r\n");
+    say("AT+CM");
+    EXPECT_EQ(arrive(), QByteArray());
+    EXPECT_EQ(say("GF=1\r"), kOk + "\r\n+CMTI: \"SM\",1\r\n");
+    say("AT+CMGS=+4799999999\r");
+    EXPECT_EQ(arrive(), QByteArray());
+    EXPECT_EQ(say("Hei\x1a", 2s), kSent + "\r\n+CMTI: \"SM\",2\r\n");
 }
 
-TEST(Notice, DoesNotComeIntoATextThatAnotherSetOff)
+TEST_F(Notice, DoesNotComeIntoATextThatAnotherSetOff)
 {
-    ModemWorld world;
-    world.network.send(kStranger, world.modem.ownNumber(), "en");
-    world.network.send(kStranger, world.modem.ownNumber(), "to");
-    world.say("AT+CMGS=+4799999999\rHei\x1a");
-    world.modem.setOutput([&](const QByteArray &bytes) {
-        world.said += bytes;
+    network.send(kStranger, modem.ownNumber(), "en");
+    network.send(kStranger, modem.ownNumber(), "to");
+    say("AT+CMGS=+4799999999\rHei\x1a");
+    modem.setOutput([&](const QByteArray &bytes) {
+        said += bytes;
         if (bytes.contains("+CMTI")) {
-            world.modem.receive("AT+CMGS=1\r");
+            modem.receive("AT+CMGS=1\r");
         }
     });
-    EXPECT_EQ(world.listen(2s), kSent + "\r\n+CMTI: \"SM\",1\r\n" + kPrompt);
+    EXPECT_EQ(listen(2s), kSent + "\r\n+CMTI: \"SM\",1\r\n" + kPrompt);
 }
 
-TEST(Notice, WaitsUntilItIsWanted)
+TEST_F(Notice, WaitsUntilItIsWanted)
 {
     ModemWorld world("AT+CNMI=0,1\r");
     EXPECT_EQ(world.arrive(), QByteArray());
     EXPECT_EQ(world.say("AT+CNMI=1,1\r"), kOk + "\r\n+CMTI: \"SM\",1\r\n");
 }
 
-TEST(Notice, NamesTheStorageOfArrivals)
+TEST_F(Notice, NamesTheStorageOfArrivals)
 {
-    ModemWorld world;
-    world.say("AT+CPMS=\"ME\",\"ME\",\"ME\"\r");
-    EXPECT_EQ(world.arrive(), "\r\n+CMTI: \"ME\",1\r\n");
-    EXPECT_TRUE(world.list().contains("Hei"));
-    world.say("AT+CPMS=\"SM\",\"SM\",\"SM\"\r");
-    EXPECT_EQ(world.list(), kOk);
+    say("AT+CPMS=\"ME\",\"ME\",\"ME\"\r");
+    EXPECT_EQ(arrive(), "\r\n+CMTI: \"ME\",1\r\n");
+    EXPECT_TRUE(list().contains("Hei"));
+    say("AT+CPMS=\"SM\",\"SM\",\"SM\"\r");
+    EXPECT_EQ(list(), kOk);
 }
 
 } // namespace

@@ -47,6 +47,15 @@ struct ModemWorld {
         network.send(from, modem.ownNumber(), text);
         return listen(2s);
     }
+    /// The numbers of the store's places in use.
+    std::vector<int> places()
+    {
+        std::vector<int> numbers;
+        for (const auto &entry : modem.store().records()) {
+            numbers.push_back(entry.first);
+        }
+        return numbers;
+    }
     /// The texts that have reached the other phone once nothing is under way, each with a "|".
     QByteArray delivered()
     {
@@ -60,6 +69,8 @@ struct ModemWorld {
     QByteArray said;
     QByteArray received;
 };
+
+struct ModemTest : testing::Test, ModemWorld {};
 
 /// Readable in GoogleTest's messages.
 inline void PrintTo(const QByteArray &bytes, std::ostream *out)

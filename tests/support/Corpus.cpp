@@ -1,5 +1,7 @@
 #include "support/Corpus.h"
 
+#include "data/Connection.h"
+
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
@@ -77,6 +79,15 @@ QMap<QString, QStringList> tables(const QJsonValue &value)
     return result;
 }
 
+std::string told(QString row)
+{
+    row.replace(u"\r"_qs, u"\\r"_qs).replace(u"\n"_qs, u"\\n"_qs);
+    while (row.endsWith(u'|')) {
+        row.chop(1);
+    }
+    return row.toStdString();
+}
+
 CorpusSentence sentence(const QJsonObject &line)
 {
     expectKeys(line.keys(), {u"name"_qs, u"from"_qs, u"country"_qs, u"dates"_qs, u"before"_qs,
@@ -117,9 +128,49 @@ const QMap<QString, QString> &corpusColumns()
         {u"LOGGData"_qs, u"KeyNummer,KeyUser,Dato,Etternavn,Fornavn"_qs},
         {u"KEYTable"_qs, u"KeyNummer,KeyNavn,KeySikkerhet,Admin,Admin1,Admin2,Admin3,Admin4,"
                          "Admin5,Eget_Nummer,Beskrivelse"_qs},
+        {u"Modem"_qs, u"IMEICODE,ModemManufacturer,ModemName,ModemStatus,ModemOwner"_qs},
         {u"SMS_Sent"_qs, u"TilNummer,SMS_Text,CMGS,TimeSent,TimeReceived,ReceivedStatus"_qs},
         {u"SMS_Received"_qs, u"FraNummer,FraNummerKort,Etternavn,Fornavn,Dato,SMS_Text"_qs}};
     return kColumns;
+}
+
+CorpusTables corpusTables(Connection &connection)
+{
+    CorpusTables result;
+    for (const auto &[table, columns] : corpusColumns().asKeyValueRange()) {
+        auto &rows = result[table.toStdString()];
+        const QString names = QString(columns).replace(u","_qs, u"],["_qs);
+        connection.run(u"SELECT [%1] FROM %2 ORDER BY rowid"_qs.arg(names, table), {},
+                       [&](const QVariantList &row) {
+                           rows.push_back(told(QVariant(row).toStringList().join(u'|')));
+                       });
+    }
+    return result;
+}
+
+CorpusTables corpusTables(CorpusTables before, const QMap<QString, QStringList> &named)
+{
+    for (const auto &[table, rows] : named.asKeyValueRange()) {
+        auto &expected = before[table.toStdString()];
+        expected.clear();
+        for (const QString &row : rows) {
+            expected.push_back(told(row));
+        }
+    }
+    return before;
+}
+
+void fillCorpusTable(Connection &connection, const QString &table, const QStringList &rows)
+{
+    const QStringList columns = corpusColumns()[table].split(u',');
+    connection.run(u"DELETE FROM "_qs + table);
+    for (const QString &row : rows) {
+        const QStringList values = row.split(u'|');
+        connection.run(u"INSERT INTO %1 ([%2]) VALUES (%3)"_qs.arg(
+                           table, columns.mid(0, values.size()).join(u"],["_qs),
+                           QStringList(values.size(), u"?"_qs).join(u',')),
+                       QVariantList(values.begin(), values.end()));
+    }
 }
 
 std::vector<CorpusSentence> corpusSentences(const QString &file)

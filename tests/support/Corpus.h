@@ -4,8 +4,11 @@
 #include <QMap>
 #include <QStringList>
 
+#include <map>
 #include <string>
 #include <vector>
+
+class Connection;
 
 // Messages as data: each line of a file in tests/corpus/sentences is a case, told in
 // docs/corpus.md.
@@ -24,8 +27,18 @@ struct CorpusSentence {
     QMap<QString, QStringList> after;
 };
 
-/// The tables that a sentence may name, and the columns of a row there, joined by ",".
+/// The tables that a corpus may name, and the columns of a row there, joined by ",".
 const QMap<QString, QString> &corpusColumns();
+
+/// By table; rows are told without the empty values at their end, and line ends as in C++.
+using CorpusTables = std::map<std::string, std::vector<std::string>>;
+
+/// All tables of corpusColumns() as they stand.
+CorpusTables corpusTables(Connection &connection);
+/// The same with the rows that a corpus names in the place of those that stood there.
+CorpusTables corpusTables(CorpusTables before, const QMap<QString, QStringList> &named);
+/// Puts these rows into the place of all others.
+void fillCorpusTable(Connection &connection, const QString &table, const QStringList &rows);
 
 /// The sentences of a file, such as "norwegian".
 /// @throws std::runtime_error with file and line for a file that cannot be read or is empty, a line

@@ -65,6 +65,14 @@ QString TestDatabase::single(const QString &sql, const QVariantList &values)
     return look().single(sql, values).toString();
 }
 
+QStringList TestDatabase::rows(const QString &sql)
+{
+    QStringList result;
+    look().run(sql, {},
+               [&](const QVariantList &row) { result += QVariant(row).toStringList().join(u'|'); });
+    return result;
+}
+
 void TestDatabase::use(Module1 &module)
 {
     module.DatabasePath = path();

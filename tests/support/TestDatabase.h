@@ -27,6 +27,8 @@ public:
     void add(const QString &table, const QString &columns, const QVariantList &values);
     /// First column of the first row, as text.
     QString single(const QString &sql, const QVariantList &values = {});
+    /// All rows, their columns joined by "|".
+    QStringList rows(const QString &sql);
 
     /// Sets the paths of the module, opens its connection and gives it level "6".
     void use(Module1 &module);

@@ -179,7 +179,7 @@ private:
     }
     static QStringList &table(QMap<QString, QStringList> &tables, const QString &name)
     {
-        if (!transcriptColumns().contains(name) || tables.contains(name)) {
+        if (!corpusColumns().contains(name) || tables.contains(name)) {
             fail("no such table, or named before: " + name.toStdString());
         }
         return tables[name];
@@ -193,17 +193,6 @@ private:
 };
 
 } // namespace
-
-const QMap<QString, QString> &transcriptColumns()
-{
-    static const QMap<QString, QString> kColumns = [] {
-        QMap<QString, QString> columns = corpusColumns();
-        columns[QStringLiteral("Modem")] =
-            QStringLiteral("IMEICODE,ModemManufacturer,ModemName,ModemStatus,ModemOwner");
-        return columns;
-    }();
-    return kColumns;
-}
 
 std::vector<Transcript> transcripts(const QString &folder)
 {

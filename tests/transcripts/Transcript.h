@@ -34,13 +34,10 @@ struct Transcript {
     QStringList told;   ///< boxes, in order
     QStringList showed; ///< texts of the status panels, in order, others between them
     QString ready;      ///< "yes" or "no" behind it all; empty when it doesn't matter
-    /// By table; each row is the values of transcriptColumns() joined by "|".
+    /// By table; each row is the values of corpusColumns() joined by "|".
     QMap<QString, QStringList> before;
     QMap<QString, QStringList> after;
 };
-
-/// The tables that a transcript may name, and the columns of a row there, joined by ",".
-const QMap<QString, QString> &transcriptColumns();
 
 /// All transcripts of all files of a folder, in the order of their names.
 /// @throws std::runtime_error with file and line for a file without a transcript, an unknown

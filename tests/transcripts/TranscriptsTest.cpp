@@ -1,11 +1,5 @@
-#include "data/Connection.h"
-#include "data/Module1.h"
-#include "data/Recordsets.h"
-#include "inbound/MessageReader.h"
-#include "modem/ModemLink.h"
-#include "support/Doubles.h"
-#include "support/FakeLines.h"
-#include "support/TestDatabase.h"
+#include "support/Corpus.h"
+#include "support/ReaderBench.h"
 #include "transcripts/Transcript.h"
 
 #include <QDir>
@@ -15,7 +9,6 @@
 namespace {
 
 using Kind = TranscriptStep::Kind;
-using Tables = std::map<std::string, std::vector<std::string>>;
 
 const QString kFolder = QStringLiteral(LUKORA_TRANSCRIPT_CORPUS);
 constexpr milliseconds kLongest = 20min;
@@ -24,81 +17,32 @@ constexpr milliseconds kSettling = 5s;
 /// One database for all: deriving its key takes longer than most dialogues.
 struct Site {
     Site() { database.use(module); }
-    void run(const QString &sql) { module.DatabaseConnection->run(sql); }
     void startsWith(const Transcript &transcript)
-    {
-        module.DatabaseConnection->transaction([&] {
-            for (const QString &table : transcriptColumns().keys()) {
-                run(u"DELETE FROM "_qs + table);
-                for (const QString &row : rowsBefore(transcript, table)) {
-                    add(table, row.split(u'|'));
-                }
-            }
-        });
-    }
-    static QStringList rowsBefore(const Transcript &transcript, const QString &table)
     {
         static const QMap<QString, QStringList> kAlways = {
             {u"KEYTable"_qs, {u"+4790000001|Hovedport|4"_qs}}, {u"Modem"_qs, {u"0| | |0|?"_qs}}};
-        return transcript.before.value(table, kAlways.value(table));
+        module.DatabaseConnection->transaction([&] {
+            for (const QString &table : corpusColumns().keys()) {
+                fillCorpusTable(*module.DatabaseConnection, table,
+                                transcript.before.value(table, kAlways.value(table)));
+            }
+        });
     }
-    void add(const QString &table, const QStringList &values)
-    {
-        const QStringList columns = transcriptColumns()[table].split(u',');
-        module.DatabaseConnection->run(u"INSERT INTO %1 ([%2]) VALUES (%3)"_qs.arg(
-                                           table, columns.mid(0, values.size()).join(u"],["_qs),
-                                           QStringList(values.size(), u"?"_qs).join(u',')),
-                                       QVariantList(values.begin(), values.end()));
-    }
-    /// Rows as a transcript writes them.
-    std::vector<std::string> rows(const QString &table)
-    {
-        const QStringList columns = transcriptColumns()[table].split(u',');
-        std::vector<std::string> result;
-        module.DatabaseConnection->run(
-            u"SELECT [%1] FROM %2 ORDER BY rowid"_qs.arg(columns.join(u"],["_qs), table), {},
-            [&](const QVariantList &values) {
-                QStringList texts;
-                for (const QVariant &value : values) {
-                    texts += value.toString();
-                }
-                result.push_back(written(texts.join(u'|')));
-            });
-        return result;
-    }
-    static std::string written(QString row)
-    {
-        row.replace(u"\r"_qs, u"\\r"_qs).replace(u"\n"_qs, u"\\n"_qs);
-        while (row.endsWith(u'|')) {
-            row.chop(1);
-        }
-        return row.toStdString();
-    }
-    Tables tables()
-    {
-        Tables result;
-        for (const QString &table : transcriptColumns().keys()) {
-            result[table.toStdString()] = rows(table);
-        }
-        return result;
-    }
+    CorpusTables tables() { return corpusTables(*module.DatabaseConnection); }
 
     TestDatabase database;
     Module1 module; ///< as after the login, on no line
 };
 
 /// The program's modem side and interpreter on one line, and the transcript at the far end.
-class Dialogue {
+class Dialogue : public ReaderBench {
 public:
     Dialogue(const Transcript &transcript, bool network, const Site &site)
-        : transcript_(transcript), network_(network), module(site.module)
+        : transcript_(transcript), network_(network)
     {
+        module = site.module;
         module.LoginComputer = host.computer;
         module.SmsReportOn = transcript.reports;
-        module.ActiveComPort = network ? kNetworkModem : 1;
-        link.tables.BuildCharacterTables();
-        link.watcher.StartNyBruker = [] {};
-        link.watcher.Read_SMS_MessageTEXT = [this] { reader.Read_SMS_MessageTEXT(); };
         port.onWrite = socket.onWrite = [this](const QByteArray &bytes) { hears(bytes); };
         for (const QString &box : transcript.told) {
             person.answers(box);
@@ -108,8 +52,7 @@ public:
     void play()
     {
         recordsets.OpenRecordsets();
-        network_ ? socket.connectTo(u"modem"_qs, 23) : port.open(u"COM1"_qs);
-        clock.run(1ms);
+        open(network_);
         speaks();
         if (transcript_.init) {
             link.initialiser.InitModem();
@@ -201,32 +144,13 @@ private:
     milliseconds spoken_{0};
     bool failed_ = false;
     QByteArray heard_;
-
-public:
-    VirtualClock clock;
-    ScriptedOperator person{clock};
-    FakeHost host;
-    FakeSerialPort port;
-    FakeTcpSocket socket{clock};
-    RecordingView view;
-    Module1 module;
-    Recordsets recordsets{module, person};
-    ModemLink link{clock, host, person, port, socket, view, module, recordsets};
-    MessageReader reader{link, module, recordsets, view, clock, host, [] {}};
 };
 
 void check(Site &site, const Transcript &transcript, bool network)
 {
     SCOPED_TRACE(transcript.name + (network ? " (TCP)" : " (COM)"));
     site.startsWith(transcript);
-    Tables expected = site.tables();
-    for (const auto &[table, rows] : transcript.after.asKeyValueRange()) {
-        auto &wanted = expected[table.toStdString()];
-        wanted.clear();
-        for (const QString &row : rows) {
-            wanted.push_back(Site::written(row));
-        }
-    }
+    const CorpusTables expected = corpusTables(site.tables(), transcript.after);
     Dialogue dialogue(transcript, network, site);
     dialogue.play();
     EXPECT_EQ(site.tables(), expected);

@@ -4,7 +4,7 @@
 namespace {
 
 struct FreeSmsTest : UsersWorld {
-    FreeSms sms{module, recordsets, modem, person, clock};
+    FreeSms sms{module, recordsets, link, person, clock};
 
     void toUser(const UserEntry &user, const QString &text, milliseconds openFor = 0ms)
     {
@@ -49,18 +49,18 @@ TEST_F(FreeSmsTest, TextWithAQuoteIsQueuedInAnEmptyOutboxAndElseTurnsTheFirstRow
 
 TEST_F(FreeSmsTest, NothingIsSentWhileTheOperatorWrites)
 {
-    modem.pace.restart(60000ms);
+    link.pace.restart(60000ms);
     bool composing = false;
     clock.after(30s, [&] {
-        composing = modem.flags.ComposingSms;
-        EXPECT_EQ(modem.pace.interval(), 3000ms); // hurried before the dialogue
-        modem.pace.restart(60000ms);
+        composing = link.flags.ComposingSms;
+        EXPECT_EQ(link.pace.interval(), 3000ms); // hurried before the dialogue
+        link.pace.restart(60000ms);
     });
     recordsets.rsSmsOutbox.close(); // a failed write gives the modem back as well
     toUser(guest(), u"Hei"_qs, 60s);
     EXPECT_TRUE(composing);
-    EXPECT_FALSE(modem.flags.ComposingSms);
-    EXPECT_EQ(modem.pace.interval(), 60000ms); // and not behind it
+    EXPECT_FALSE(link.flags.ComposingSms);
+    EXPECT_EQ(link.pace.interval(), 60000ms); // and not behind it
 }
 
 } // namespace

@@ -104,8 +104,8 @@ struct UserPanelTest : UsersWorld {
     }
 
     QWidget window;
-    DoorPanel doors{module, recordsets, modem, person, clock};
-    UserPanel panel{module, recordsets, modem, users, person, clock, host};
+    DoorPanel doors{module, recordsets, link, person, clock};
+    UserPanel panel{module, recordsets, link, users, person, clock, host};
     QTableView &table = *panel.findChild<QTableView *>(u"DataGrid1"_qs);
     QTabBar &tabs = *panel.findChild<QTabBar *>(u"TabStrip1"_qs);
     QLineEdit &saldo = *panel.findChild<QLineEdit *>(u"Saldo"_qs);

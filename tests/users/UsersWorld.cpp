@@ -1,7 +1,5 @@
 #include "users/UsersWorld.h"
 
-#include "data/Connection.h"
-
 UsersWorld::UsersWorld()
 {
     database.use(module);
@@ -70,11 +68,7 @@ void UsersWorld::standOn(const QString &door)
 
 std::string UsersWorld::rows(const QString &sql)
 {
-    QStringList found;
-    database.look().run(sql, {}, [&](const QVariantList &row) {
-        found.append(QVariant(row).toStringList().join(u'|'));
-    });
-    return found.join(u';').toStdString();
+    return database.rows(sql).join(u';').toStdString();
 }
 
 std::string UsersWorld::state()

@@ -1,11 +1,6 @@
 #pragma once
 
-#include "data/Module1.h"
-#include "data/Recordsets.h"
-#include "modem/ModemLink.h"
-#include "support/Doubles.h"
-#include "support/FakeLines.h"
-#include "support/TestDatabase.h"
+#include "support/Bench.h"
 #include "users/UserGrid.h"
 #include "users/UserOperations.h"
 
@@ -18,7 +13,7 @@ inline const QString kOtherUser = QStringLiteral("+4790009000");
 
 /// The users' side without a screen: a database with two doors, standing on the first. It is
 /// 1 December 2026.
-struct UsersWorld : testing::Test {
+struct UsersWorld : testing::Test, Bench {
     UsersWorld();
 
     /// A guest from 1 to 3 December 2026, as the number check leaves the fields.
@@ -42,16 +37,7 @@ struct UsersWorld : testing::Test {
     std::string queue();
 
     TestDatabase database;
-    VirtualClock clock;
-    ScriptedOperator person{clock};
-    FakeHost host;
-    FakeSerialPort MSComm1;
-    FakeTcpSocket Winsock1{clock};
-    RecordingView view;
-    Module1 module;
-    Recordsets recordsets{module, person};
-    ModemLink modem{clock, host, person, MSComm1, Winsock1, view, module, recordsets};
     int gridRefills = 0;
-    UserOperations users{module, recordsets, modem, person, clock, host, [this] { ++gridRefills; }};
+    UserOperations users{module, recordsets, link, person, clock, host, [this] { ++gridRefills; }};
     UserGrid grid{module, recordsets};
 };

@@ -295,18 +295,22 @@ TEST_P(OnLine, LivesThroughEveryFate)
     }
 }
 
-TEST_P(OnLine, FilesWhatAnybodyWritesOnceAsItStands)
+// NUL, high bytes, an index out of range, a header that is none, half a line; and one without end.
+TEST_P(OnLine, LivesThroughGarbage)
 {
-    World world({.line = GetParam()});
-    QStringList expected;
-    for (const Message &message : kMessages) {
-        world.network.send(QString::fromLatin1(message.from), world.modem.ownNumber(),
-                           message.body);
-        expected.append(filed(message));
-        world.clock.run(30s);
-    }
-    EXPECT_EQ(world.rows(kFiled).join(u'\n').toStdString(), expected.join(u'\n').toStdString());
-    EXPECT_TRUE(world.modem.store().records().empty());
+    constexpr char kGarbage[] = "\0\xff\r\n+CMGL: 999,\r\n+CMTI\r\n+CMGL: 3\r\r\n'\"";
+    Play play(GetParam());
+    play.begin([&] {
+        play.world.person.answers(u"Tallet er for stort"_qs);
+        for (const QByteArray &garbage : {QByteArray(kGarbage, sizeof kGarbage - 1),
+                                          QByteArray(10'000'000, 'x'), QByteArray("\r\n")}) {
+            play.world.modem.inject(garbage);
+            play.world.clock.run(30s);
+        }
+    });
+    play.expect(kGood, "during");
+    play.end([] {});
+    play.expectRecovered(kGood);
 }
 
 TEST_P(OnLine, CutsALineThatTakesTooLongOnComAlone)

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "data/Connection.h"
+#include "data/Module1.h"
+#include "data/Recordsets.h"
+#include "modem/ModemLink.h"
+#include "support/Doubles.h"
+#include "support/FakeLines.h"
+#include "support/TestDatabase.h"
+
+/// The program without its screens, up to the modem side, on doubles and the virtual clock. It has
+/// no database and no line, and what the watcher hands on is lost, until a test says otherwise.
+struct Bench {
+    Bench()
+    {
+        module.LoginComputer = host.computer;
+        link.tables.BuildCharacterTables();
+        link.watcher.StartNyBruker = [] {};
+        link.watcher.Read_SMS_MessageTEXT = [] {};
+    }
+
+    /// The modem's line is there: the network's or COM1.
+    void open(bool network)
+    {
+        module.ActiveComPort = network ? kNetworkModem : 1;
+        network ? socket.connectTo(u"modem"_qs, 23) : port.open(u"COM1"_qs);
+        clock.run(1ms);
+    }
+    void ready(bool network)
+    {
+        open(network);
+        module.ModemReady = true;
+    }
+    milliseconds timed(const std::function<void()> &work)
+    {
+        const milliseconds start = clock.elapsed();
+        work();
+        return clock.elapsed() - start;
+    }
+
+    VirtualClock clock;
+    ScriptedOperator person{clock};
+    FakeHost host;
+    FakeSerialPort port;
+    FakeTcpSocket socket{clock};
+    RecordingView view;
+    Module1 module;
+    Recordsets recordsets{module, person};
+    ModemLink link{clock, host, person, port, socket, view, module, recordsets};
+};
