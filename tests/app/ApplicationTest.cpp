@@ -28,7 +28,7 @@ struct Program : Desk {
             QTest::keyClick(visible(u"frmLogin"_qs)->focusWidget(), Qt::Key_Return);
         });
     }
-    Application lukora{{clock, person, settings, host, serial, socket}};
+    Application lukora{{clock, person, settings, host, port, socket}};
 };
 
 } // namespace
@@ -84,7 +84,7 @@ TEST(Program, EndsAtOnceInLoginSplashAndInitialisation)
         run.clock.after(moment, [&] { run.lukora.close(); });
         EXPECT_FALSE(run.lukora.start());
         EXPECT_LT(run.clock.elapsed(), moment + 3000ms);
-        EXPECT_FALSE(run.serial.isOpen());
+        EXPECT_FALSE(run.port.isOpen());
         EXPECT_EQ(run.settings.saved.size(), saved);
     }
 }

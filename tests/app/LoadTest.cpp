@@ -23,7 +23,7 @@ TEST_F(Load, WithEmptySettingsGivesNorwegianDoorOneAndNoLine)
     EXPECT_EQ(find<QLineEdit>("txtPort").text(), u"23");
     EXPECT_EQ(find<QComboBox>("TilTid").count(), 25);
     EXPECT_EQ(find<QComboBox>("TilTid").currentText(), u"24");
-    EXPECT_TRUE(serial.device.isEmpty());
+    EXPECT_TRUE(port.device.isEmpty());
     // The stored default is smaller than the content, so its own minimum wins.
     const QSize content = screen->minimumSizeHint();
     EXPECT_EQ(screen->size().expandedTo(content), screen->size());
@@ -34,7 +34,7 @@ TEST_F(Load, OpensPortSevenAndLeavesTheTickOff)
     language({});
     modemOn(u"7"_qs);
     load();
-    EXPECT_EQ(serial.device, u"COM7");
+    EXPECT_EQ(port.device, u"COM7");
     EXPECT_EQ(modem(u"ModemOwner"_qs), host.computer);
     EXPECT_EQ(module.OtherComPort, 7);
     EXPECT_EQ(entry("mnuComPortComOther").text(), u"com7");
@@ -70,7 +70,7 @@ TEST_F(Load, ShowsASettingThatCannotBeAndStopsThere)
         SCOPED_TRACE(value.toStdString());
         Shell shell;
         shell.language({u"Filer"_qs});
-        shell.serial.unplug();
+        shell.port.unplug();
         shell.settings.values[key] = value;
         shell.person.answers(words);
         shell.loadAndShow();

@@ -3,8 +3,7 @@
 #include "app/frmMain.h"
 #include "data/Connection.h"
 #include "data/Module1.h"
-#include "support/Doubles.h"
-#include "support/FakeLines.h"
+#include "support/FakeMachine.h"
 #include "support/TestDatabase.h"
 
 #include <QAction>
@@ -15,31 +14,63 @@
 #include <gtest/gtest.h>
 
 /// A machine of doubles, whose settings name a fresh database.
-struct Desk {
+struct Desk : FakeMachine {
     Desk() { settings.values[u"dbpath"_qs] = database.path(); }
     /// The port of the settings, with a modem on it that says "OK" to everything.
-    void modemOn(const QString &port);
+    void modemOn(const QString &number)
+    {
+        settings.values[u"lastcomport"_qs] = number;
+        port.onWrite = [this](const QByteArray &bytes) {
+            if (bytes.startsWith("AT+CPMS")) {
+                port.feed("+CPMS: 0,20,0,20,0,20\r\n");
+            } else if (bytes.startsWith("AT+CGM") || bytes.startsWith("AT+GSN")) {
+                port.feed("Eksempel\r\n");
+            }
+            port.feed("OK\r\n");
+        };
+    }
 
-    VirtualClock clock;
-    ScriptedOperator person{clock};
-    MemorySettings settings;
-    FakeHost host;
-    FakeSerialPort serial;
-    FakeTcpSocket socket{clock};
     TestDatabase database;
 };
 
 /// The main screen on such a machine, behind a login of level "6".
 struct Shell : Desk {
-    Shell();
+    Shell()
+    {
+        database.use(module);
+        module.LoginUser = host.user;
+        module.LoginComputer = host.computer;
+    }
 
     /// Makes the screen and loads it.
-    void load();
-    void loadAndShow();
+    void load()
+    {
+        screen = std::make_unique<frmMain>(clock, person, settings, host, port, socket, module);
+        screen->load();
+    }
+    void loadAndShow()
+    {
+        load();
+        screen->show();
+        clock.run(10ms);
+    }
     /// Replaces the rows of TBLLanguage by these; each is one row's text in all three languages.
-    void language(const QStringList &rows);
+    void language(const QStringList &rows)
+    {
+        // A file's worth of single writes takes seconds.
+        database.look().transaction([&] {
+            database.look().run(u"DELETE FROM TBLLanguage"_qs);
+            for (int row = 0; row < rows.size(); ++row) {
+                database.add(u"TBLLanguage"_qs, u"ID,Norsk,Dansk,Svensk"_qs,
+                             {row + 1, rows[row], rows[row], rows[row]});
+            }
+        });
+    }
     /// What stands in the Modem row.
-    QString modem(const QString &column);
+    QString modem(const QString &column)
+    {
+        return database.single(u"SELECT %1 FROM Modem"_qs.arg(column));
+    }
 
     template <class Control> Control &find(const char *name)
     {

@@ -24,7 +24,7 @@ TEST_F(Unload, SavesAllTwelveInOrderAndComesUpWhereItWasLeft)
     EXPECT_EQ(settings.get(u"SMSREPORT"_qs, {}), u"False");
     EXPECT_EQ(modem(u"ModemOwner"_qs), u"?");
     EXPECT_EQ(modem(u"ModemStatus"_qs), u"0");
-    EXPECT_FALSE(serial.isOpen());
+    EXPECT_FALSE(port.isOpen());
     EXPECT_TRUE(clock.hasEnded());
 
     Shell next;
@@ -34,7 +34,7 @@ TEST_F(Unload, SavesAllTwelveInOrderAndComesUpWhereItWasLeft)
     EXPECT_EQ(next.screen->pos(), QPoint(40, 20));
     EXPECT_EQ(next.screen->size(), QSize(1300, 900));
     EXPECT_EQ(next.module.KeySelect, u"+4790000001");
-    EXPECT_EQ(next.serial.device, u"COM3");
+    EXPECT_EQ(next.port.device, u"COM3");
 }
 
 TEST_F(Unload, WhileMinimisedSavesNothing)

@@ -1,10 +1,8 @@
 // Whatever record a modem lists: the interpreter comes back and leaves the modem side as after any
 // message, nothing of another door is touched, and the next message is read as ever.
 
-#include "data/Connection.h"
 #include "fuzz/FuzzBench.h"
 #include "inbound/MessageReader.h"
-#include "support/TestDatabase.h"
 
 namespace {
 
@@ -36,7 +34,7 @@ struct Site : FuzzBench {
         }
         link.watcher.Read_SMS_MessageTEXT = [this] { reader.Read_SMS_MessageTEXT(); };
         port.onWrite = [this](const QByteArray &) { port.feed("\r\nOK\r\n"); };
-        open(false);
+        ready(false);
     }
     Connection &connection() { return *module.DatabaseConnection; }
 

@@ -39,7 +39,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     // Pieces and steps are taken from the end, so that plain dialogues make good inputs.
     FuzzedDataProvider input(data, size);
     FuzzBench bench;
-    bench.open(input.ConsumeBool());
+    bench.ready(input.ConsumeBool());
     while (input.remaining_bytes() > 0) {
         const auto length = input.ConsumeIntegralInRange<size_t>(1, 200);
         const milliseconds delay{input.ConsumeIntegralInRange(0, 3000)};

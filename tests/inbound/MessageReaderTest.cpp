@@ -11,21 +11,6 @@ using testing::IsEmpty;
 
 struct MessageReading : testing::Test, InboundWorld {};
 
-TEST_F(MessageReading, OfSeveralRecordsEachListingHandlesTheFirstAndNothingOfTheNext)
-{
-    receives(1, "12345678", "");
-    receives(2, "+4790000001", "Hovedport\n92222222 er lagt til");
-    receives(3, "+4790000001", "Hovedport\n93333333 er lagt til");
-    lists();
-    EXPECT_EQ(store.size(), 2U);
-    clock.run(30s); // the listings that TimerSEND_SMS asks for
-    EXPECT_THAT(commands, ElementsAre("AT+CMGD=1", "AT+CMGD=2", "AT+CMGD=3"));
-    EXPECT_THAT(rows(u"SELECT FraNummer, SMS_Text FROM SMS_Received ORDER BY rowid"_qs),
-                ElementsAre("12345678|", "+4790000001|Hovedport\r\n92222222 er lagt til",
-                            "+4790000001|Hovedport\r\n93333333 er lagt til"));
-    EXPECT_EQ(users().size(), 2U);
-}
-
 TEST_F(MessageReading, TickThatComesEarlyTakesNoLineFromIt)
 {
     endsListing = false;
@@ -38,23 +23,6 @@ TEST_F(MessageReading, TickThatComesEarlyTakesNoLineFromIt)
     };
     doorSays("Sm\xf8r");
     EXPECT_THAT(commands, ElementsAre("AT+CMGD=7"));
-}
-
-TEST_F(MessageReading, DeletesInThreeAttemptsAndOnlyBehindAWholeListing)
-{
-    for (const auto &[ends, refused, deletions] :
-         {std::tuple{true, 2, 3}, {true, 3, 3}, {false, 0, 0}}) {
-        empty();
-        endsListing = ends;
-        refusedDeletes = refused;
-        doorSays("Hei");
-        EXPECT_EQ(commands.size(), deletions);
-        EXPECT_EQ(commands.count("AT+CMGD=7"), deletions);
-        EXPECT_EQ(store.empty(), refused == 2);
-        EXPECT_EQ(filed().size(), 1U);
-        EXPECT_TRUE(link.TimerCom->isEnabled());
-        EXPECT_FALSE(link.flags.ReadingMessages);
-    }
 }
 
 /// TimerCom, the send timer, its interval, ReadingMessages.

@@ -1,10 +1,7 @@
 #include "inbound/ReceivedPanel.h"
 
-#include "data/Module1.h"
-#include "data/Recordsets.h"
 #include "platform/qt/UpDown.h"
-#include "support/Doubles.h"
-#include "support/TestDatabase.h"
+#include "support/Bench.h"
 
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -14,8 +11,7 @@
 
 namespace {
 
-class ReceivedPanelTest : public testing::Test {
-protected:
+struct ReceivedPanelTest : testing::Test, Bench {
     void fill(int messages)
     {
         for (int i = 1; i <= messages; ++i) {
@@ -34,11 +30,7 @@ protected:
     }
     void click(const QString &name) { find<QToolButton>(name)->click(); }
 
-    VirtualClock clock;
-    ScriptedOperator person{clock};
     TestDatabase database;
-    Module1 module;
-    Recordsets recordsets{module, person};
     ReceivedPanel panel{recordsets, person};
 };
 

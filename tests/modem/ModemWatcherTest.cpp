@@ -93,15 +93,6 @@ TEST_F(Watcher, TakesNoLineWhileAnotherOwnsTheModem)
     EXPECT_TRUE(takes(link.flags.ComposingSms, true));
 }
 
-TEST_F(Watcher, KeepsALineWholeThatComesOverSeveralTicks)
-{
-    link.TimerCom->setEnabled(true);
-    port.feed("+CM");
-    clock.after(2500ms, [&] { port.feed("TI: \"SM\",1\r\n"); });
-    clock.run(6s);
-    EXPECT_EQ(link.response.text(), u"+CMTI: \"SM\",1"_qs);
-}
-
 TEST_F(Watcher, FeedsSendsAndAsksForTheListingOnATick)
 {
     int refreshes = 0;

@@ -16,46 +16,43 @@ QByteArray hex(const char *digits)
     return QByteArray::fromHex(digits);
 }
 
-class Received : public testing::TestWithParam<Case> {};
+const Case kBytes[] = {
+    {"plainText", "\r\nOK\r\n", "\r\nOK\r\n", {}},
+    {"nulAndHighBytesAreTheModems", hex("00800D0AFE"), hex("00800D0AFE"), {}},
+    {"willIsRefused", "O" + hex("FFFB01") + "K", "OK", hex("FFFE01")},
+    {"doIsRefused", "O" + hex("FFFD18") + "K", "OK", hex("FFFC18")},
+    {"wontAndDontGetNoAnswer", hex("FFFC01FFFE03") + "OK", "OK", {}},
+    {"optionThatIsItself255", hex("FFFDFF") + "OK", "OK", hex("FFFCFF")},
+    {"doubled255IsData", "a" + hex("FFFF") + "b", "a" + hex("FF") + "b", {}},
+    {"commandsOfTwoBytes", "a" + hex("FFF1FFF9FFF2") + "b", "ab", {}},
+    {"subnegotiation", "a" + hex("FFFA1801FFF0") + "b", "ab", {}},
+    {"subnegotiationWithDoubled255", "a" + hex("FFFA18FFFFF0FFF0") + "b", "ab", {}},
+    {"subnegotiationEndWithoutStart", "a" + hex("FFF0") + "b", "ab", {}},
+    {"aServersGreeting", hex("FFFB01FFFB03FFFD00FFFD2C") + "\r\nOK\r\n", "\r\nOK\r\n",
+     hex("FFFE01FFFE03FFFC00FFFC2C")}};
 
-TEST_P(Received, LosesNoByteOfTheModemHoweverItIsSplit)
+TEST(Received, LosesNoByteOfTheModemHoweverItIsSplit)
 {
-    const Case &expected = GetParam();
-    for (qsizetype first = 0; first <= expected.received.size(); ++first) {
-        for (qsizetype second = first; second <= expected.received.size(); ++second) {
-            TelnetFilter filter;
-            QByteArray data;
-            QByteArray answer;
-            for (const QByteArray &part :
-                 {expected.received.left(first), expected.received.mid(first, second - first),
-                  expected.received.mid(second)}) {
-                const auto result = filter.receive(part);
-                data += result.data;
-                answer += result.answer;
+    for (const Case &expected : kBytes) {
+        SCOPED_TRACE(expected.name);
+        for (qsizetype first = 0; first <= expected.received.size(); ++first) {
+            for (qsizetype second = first; second <= expected.received.size(); ++second) {
+                TelnetFilter filter;
+                QByteArray data;
+                QByteArray answer;
+                for (const QByteArray &part :
+                     {expected.received.left(first), expected.received.mid(first, second - first),
+                      expected.received.mid(second)}) {
+                    const auto result = filter.receive(part);
+                    data += result.data;
+                    answer += result.answer;
+                }
+                ASSERT_EQ(data, expected.data) << first << ", " << second;
+                ASSERT_EQ(answer, expected.answer) << first << ", " << second;
             }
-            ASSERT_EQ(data, expected.data) << first << ", " << second;
-            ASSERT_EQ(answer, expected.answer) << first << ", " << second;
         }
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Bytes, Received,
-    testing::Values(
-        Case{"plainText", "\r\nOK\r\n", "\r\nOK\r\n", {}},
-        Case{"nulAndHighBytesAreTheModems", hex("00800D0AFE"), hex("00800D0AFE"), {}},
-        Case{"willIsRefused", "O" + hex("FFFB01") + "K", "OK", hex("FFFE01")},
-        Case{"doIsRefused", "O" + hex("FFFD18") + "K", "OK", hex("FFFC18")},
-        Case{"wontAndDontGetNoAnswer", hex("FFFC01FFFE03") + "OK", "OK", {}},
-        Case{"optionThatIsItself255", hex("FFFDFF") + "OK", "OK", hex("FFFCFF")},
-        Case{"doubled255IsData", "a" + hex("FFFF") + "b", "a" + hex("FF") + "b", {}},
-        Case{"commandsOfTwoBytes", "a" + hex("FFF1FFF9FFF2") + "b", "ab", {}},
-        Case{"subnegotiation", "a" + hex("FFFA1801FFF0") + "b", "ab", {}},
-        Case{"subnegotiationWithDoubled255", "a" + hex("FFFA18FFFFF0FFF0") + "b", "ab", {}},
-        Case{"subnegotiationEndWithoutStart", "a" + hex("FFF0") + "b", "ab", {}},
-        Case{"aServersGreeting", hex("FFFB01FFFB03FFFD00FFFD2C") + "\r\nOK\r\n", "\r\nOK\r\n",
-             hex("FFFE01FFFE03FFFC00FFFC2C")}),
-    [](const auto &each) { return each.param.name; });
 
 TEST(TelnetFilter, HearsTheModemAgainAfterASubnegotiationThatNeverEnds)
 {

@@ -25,22 +25,23 @@ struct Cut {
     std::optional<QString> expected;
 };
 
-class TextCut : public testing::TestWithParam<Cut> {};
+const Cut kMid[] = {{"wholeText", 1, 8, u"91234567"_qs},
+                    {"inside", 4, 2, u"34"_qs},
+                    {"longerThanTheText", 7, 99, u"67"_qs},
+                    {"behindTheEnd", 20, 3, u""_qs},
+                    {"noLength", 4, 0, u""_qs},
+                    {"negativeLength", 4, -1, std::nullopt},
+                    {"startOfNothingFound", 0, 3, std::nullopt},
+                    {"negativeStart", -2, 17, std::nullopt}};
 
-TEST_P(TextCut, EndsOrFailsWhereItMust)
+TEST(TextCut, EndsOrFailsWhereItMust)
 {
-    const Cut &cut = GetParam();
-    EXPECT_EQ(outcome([&] { return mid(u"91234567"_qs, cut.start, cut.length); }), cut.expected);
+    for (const Cut &cut : kMid) {
+        SCOPED_TRACE(cut.name);
+        EXPECT_EQ(outcome([&] { return mid(u"91234567"_qs, cut.start, cut.length); }),
+                  cut.expected);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Mid, TextCut,
-    testing::Values(Cut{"wholeText", 1, 8, u"91234567"_qs}, Cut{"inside", 4, 2, u"34"_qs},
-                    Cut{"longerThanTheText", 7, 99, u"67"_qs}, Cut{"behindTheEnd", 20, 3, u""_qs},
-                    Cut{"noLength", 4, 0, u""_qs}, Cut{"negativeLength", 4, -1, std::nullopt},
-                    Cut{"startOfNothingFound", 0, 3, std::nullopt},
-                    Cut{"negativeStart", -2, 17, std::nullopt}),
-    [](const auto &test) { return test.param.name; });
 
 TEST(Text, LeftAndOpenCutsFailToo)
 {
@@ -58,26 +59,23 @@ struct Search {
     std::optional<int> expected;
 };
 
-class TextSearch : public testing::TestWithParam<Search> {};
+const Search kInStr[] = {{"firstCharacter", 1, u"+47"_qs, u"+"_qs, 1},
+                         {"otherCase", 1, u"er LAGT til"_qs, u"lagt"_qs, 4},
+                         {"nordicCase", 1, u"DØR ÅPNET"_qs, u"åpnet"_qs, 5},
+                         {"atTheStart", 3, u"a,b"_qs, u"b"_qs, 3},
+                         {"beforeTheStart", 2, u"a,b"_qs, u"a"_qs, 0},
+                         {"startBehindTheEnd", 9, u"a,b"_qs, u"a"_qs, 0},
+                         {"emptyNeedle", 2, u"a,b"_qs, u""_qs, 2},
+                         {"startBelowOne", 0, u"a,b"_qs, u"a"_qs, std::nullopt}};
 
-TEST_P(TextSearch, CountsFromOne)
+TEST(TextSearch, CountsFromOne)
 {
-    const Search &search = GetParam();
-    EXPECT_EQ(outcome([&] { return inStr(search.start, search.text, search.needle); }),
-              search.expected);
+    for (const Search &search : kInStr) {
+        SCOPED_TRACE(search.name);
+        EXPECT_EQ(outcome([&] { return inStr(search.start, search.text, search.needle); }),
+                  search.expected);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(InStr, TextSearch,
-                         testing::Values(Search{"firstCharacter", 1, u"+47"_qs, u"+"_qs, 1},
-                                         Search{"otherCase", 1, u"er LAGT til"_qs, u"lagt"_qs, 4},
-                                         Search{"nordicCase", 1, u"DØR ÅPNET"_qs, u"åpnet"_qs, 5},
-                                         Search{"atTheStart", 3, u"a,b"_qs, u"b"_qs, 3},
-                                         Search{"beforeTheStart", 2, u"a,b"_qs, u"a"_qs, 0},
-                                         Search{"startBehindTheEnd", 9, u"a,b"_qs, u"a"_qs, 0},
-                                         Search{"emptyNeedle", 2, u"a,b"_qs, u""_qs, 2},
-                                         Search{"startBelowOne", 0, u"a,b"_qs, u"a"_qs,
-                                                std::nullopt}),
-                         [](const auto &test) { return test.param.name; });
 
 struct Number {
     const char *name;
@@ -86,27 +84,25 @@ struct Number {
     std::optional<int> byte;
 };
 
-class TextNumber : public testing::TestWithParam<Number> {};
+const Number kNumbers[] = {{"plain", u"23"_qs, 23.0, 23},
+                           {"blanks", u" 7 "_qs, 7.0, 7},
+                           {"negative", u"-3"_qs, -3.0, std::nullopt},
+                           {"largestByte", u"255"_qs, 255.0, 255},
+                           {"aboveAByte", u"256"_qs, 256.0, std::nullopt},
+                           {"empty", u""_qs, std::nullopt, std::nullopt},
+                           {"letters", u"12a"_qs, std::nullopt, std::nullopt},
+                           {"infinite", u"inf"_qs, std::nullopt, std::nullopt},
+                           {"notANumber", u"nan"_qs, std::nullopt, std::nullopt},
+                           {"threeHundredDigits", QString(300, u'9'), 1e300, std::nullopt}};
 
-TEST_P(TextNumber, IsReadOrRefused)
+TEST(TextNumber, IsReadOrRefused)
 {
-    const Number &number = GetParam();
-    EXPECT_EQ(outcome([&] { return toNumber(number.text); }), number.number);
-    EXPECT_EQ(outcome([&] { return static_cast<int>(toByte(number.text)); }), number.byte);
+    for (const Number &number : kNumbers) {
+        SCOPED_TRACE(number.name);
+        EXPECT_EQ(outcome([&] { return toNumber(number.text); }), number.number);
+        EXPECT_EQ(outcome([&] { return static_cast<int>(toByte(number.text)); }), number.byte);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Numbers, TextNumber,
-    testing::Values(Number{"plain", u"23"_qs, 23.0, 23}, Number{"blanks", u" 7 "_qs, 7.0, 7},
-                    Number{"negative", u"-3"_qs, -3.0, std::nullopt},
-                    Number{"largestByte", u"255"_qs, 255.0, 255},
-                    Number{"aboveAByte", u"256"_qs, 256.0, std::nullopt},
-                    Number{"empty", u""_qs, std::nullopt, std::nullopt},
-                    Number{"letters", u"12a"_qs, std::nullopt, std::nullopt},
-                    Number{"infinite", u"inf"_qs, std::nullopt, std::nullopt},
-                    Number{"notANumber", u"nan"_qs, std::nullopt, std::nullopt},
-                    Number{"threeHundredDigits", QString(300, u'9'), 1e300, std::nullopt}),
-    [](const auto &test) { return test.param.name; });
 
 TEST(Text, ByteRefusesWhatOverflows)
 {

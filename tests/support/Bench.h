@@ -4,13 +4,12 @@
 #include "data/Module1.h"
 #include "data/Recordsets.h"
 #include "modem/ModemLink.h"
-#include "support/Doubles.h"
-#include "support/FakeLines.h"
+#include "support/FakeMachine.h"
 #include "support/TestDatabase.h"
 
 /// The program without its screens, up to the modem side, on doubles and the virtual clock. It has
 /// no database and no line, and what the watcher hands on is lost, until a test says otherwise.
-struct Bench {
+struct Bench : FakeMachine {
     Bench()
     {
         module.LoginComputer = host.computer;
@@ -38,11 +37,6 @@ struct Bench {
         return clock.elapsed() - start;
     }
 
-    VirtualClock clock;
-    ScriptedOperator person{clock};
-    FakeHost host;
-    FakeSerialPort port;
-    FakeTcpSocket socket{clock};
     RecordingView view;
     Module1 module;
     Recordsets recordsets{module, person};

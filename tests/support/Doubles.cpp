@@ -21,6 +21,9 @@ void ScriptedOperator::types(const QString &title, const QString &answer, millis
 
 std::optional<ScriptedOperator::Line> ScriptedOperator::next(bool input, const QString &shownText)
 {
+    if (isPatient) {
+        return {};
+    }
     if (script_.empty() || script_.front().input != input ||
         !shownText.contains(script_.front().expected)) {
         ADD_FAILURE() << "Not expected: " << shownText.toStdString();
@@ -36,6 +39,9 @@ std::optional<ScriptedOperator::Line> ScriptedOperator::next(bool input, const Q
 
 Answer ScriptedOperator::messageBox(const QString &text, const QString &title, Buttons)
 {
+    if (isPatient) {
+        return Answer::Ok;
+    }
     texts.append(text);
     titles.append(title);
     const auto line = next(false, text);

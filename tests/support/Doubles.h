@@ -29,8 +29,9 @@ public:
     void beep() override { ++beeps; }
     void setBusy(bool isBusy) override { busy = isBusy; }
 
-    QStringList texts;  ///< of all boxes, in order
-    QStringList titles; ///< of all boxes, in order
+    bool isPatient = false; ///< closes every box, script or not
+    QStringList texts;      ///< of all boxes, in order
+    QStringList titles;     ///< of all boxes, in order
     QString lastPrompt;
     QString lastPreset;
     int beeps = 0;

@@ -1,8 +1,6 @@
 #include "support/World.h"
 
 #include "app/StatusPanel.h"
-#include "data/CreateDatabase.h"
-#include "data/DatabasePaths.h"
 
 #include <QAction>
 #include <QApplication>
@@ -13,21 +11,22 @@
 
 #include <gtest/gtest.h>
 
-World::World(Setup setup) : line_(setup.line), path_(folder_.filePath(QStringLiteral("world.mdb")))
+World::World(Setup setup) : line_(setup.line)
 {
-    makeDatabase(setup);
     for (const Door &door : setup.doors) {
+        database_.add(
+            QStringLiteral("KEYTable"), QStringLiteral("KeyNummer,KeyNavn,KeySikkerhet,Bygning"),
+            {door.number, door.name, QStringLiteral("4"), QStringLiteral("Solbakken 12")});
         doors_.push_back(
             std::make_unique<DoorUnit>(network, door.number, door.name, door.language));
     }
     network.setObserver([this](const SmsMessage &message, bool delivered) {
         if (delivered && message.to != modem.ownNumber()) {
             receivedBy_[message.to].append(QString::fromLatin1(message.text));
-            deliveries.push_back(clock.elapsed());
         }
     });
     connectLine(setup.line);
-    settings.values = {{QStringLiteral("dbpath"), path_},
+    settings.values = {{QStringLiteral("dbpath"), database_.path()},
                        {QStringLiteral("countrycode"), setup.CountryCode},
                        {QStringLiteral("keyselect"), setup.doors.front().number},
                        {QStringLiteral("smsreport"),
@@ -49,39 +48,17 @@ World::World(Setup setup) : line_(setup.line), path_(folder_.filePath(QStringLit
 
 World::~World() = default;
 
-void World::makeDatabase(const Setup &setup)
-{
-    createDatabase(path_,
-                   {QStringLiteral("Hovedoperatør"), QStringLiteral("pw"), QStringLiteral("6")});
-    connection_ = Connection::open(connectionString(path_));
-    connection_->transaction([&] {
-        for (const Door &door : setup.doors) {
-            connection_->run(
-                QStringLiteral("INSERT INTO KEYTable (KeyNummer, KeyNavn, KeySikkerhet, Bygning) "
-                               "VALUES (?, ?, '4', 'Solbakken 12')"),
-                {door.number, door.name});
-        }
-    });
-}
-
 void World::connectLine(Line line)
 {
     modem.setSubmissionTime(500ms);
-    if (line == Line::Com) {
-        MSComm1.onWrite = [this](const QByteArray &bytes) { modem.receive(bytes); };
-        modem.setOutput([this](const QByteArray &bytes) { MSComm1.feed(bytes); });
-        modem.setLineDrop([this] {
-            MSComm1.unplug();
-            modem.lineClosed();
-        });
-    } else {
-        Winsock1.onWrite = [this](const QByteArray &bytes) { modem.receive(bytes); };
-        modem.setOutput([this](const QByteArray &bytes) { Winsock1.feed(bytes); });
-        modem.setLineDrop([this] {
-            Winsock1.closeByFarSide();
-            modem.lineClosed();
-        });
-    }
+    port.onWrite = socket.onWrite = [this](const QByteArray &bytes) { modem.receive(bytes); };
+    modem.setOutput([this, line](const QByteArray &bytes) {
+        line == Line::Com ? port.feed(bytes) : socket.feed(bytes);
+    });
+    modem.setLineDrop([this, line] {
+        line == Line::Com ? port.unplug() : socket.closeByFarSide();
+        modem.lineClosed();
+    });
 }
 
 void World::login()
@@ -89,7 +66,7 @@ void World::login()
     for (QWidget *window : QApplication::topLevelWidgets()) {
         if (window->objectName() == QStringLiteral("frmLogin") && window->isVisible()) {
             QTest::keyClicks(window->findChild<QLineEdit *>(QStringLiteral("txtPassword")),
-                             QStringLiteral("pw"));
+                             QStringLiteral("hemmelig"));
             QTest::keyClick(window, Qt::Key_Return);
             return;
         }
@@ -144,7 +121,7 @@ void World::registerUser(const QString &number, const QString &saldo)
 void World::chooseLineAgain(const QStringList &boxes)
 {
     if (line_ == Line::Tcp) {
-        if (Winsock1.state() != TcpSocket::State::Closed) {
+        if (socket.state() != TcpSocket::State::Closed) {
             click("cmdDisconnect");
         }
         person.answers(QStringLiteral("Kobler til: "));
@@ -159,35 +136,11 @@ void World::chooseLineAgain(const QStringList &boxes)
     }
 }
 
-QStringList World::rows(const QString &sql)
-{
-    QStringList result;
-    connection_->run(sql, {}, [&](const QVariantList &values) {
-        QStringList texts;
-        for (const QVariant &each : values) {
-            texts.append(each.toString());
-        }
-        result.append(texts.join(u'|'));
-    });
-    return result;
-}
-
-QString World::value(const QString &sql)
-{
-    return connection_->single(sql).toString();
-}
-
-void World::execute(const QString &sql)
-{
-    connection_->run(sql);
-}
-
 QString World::status(const QString &number, const QString &door)
 {
-    const QVariant found = connection_->single(
-        QStringLiteral("SELECT Status FROM TBLbrukere WHERE KeyBruker = ? AND KeyNummer = ?"),
-        {number, door});
-    return found.isValid() ? found.toString() : QStringLiteral("-");
+    const QString sql =
+        QStringLiteral("SELECT Status FROM TBLbrukere WHERE KeyBruker = '%1' AND KeyNummer = '%2'");
+    return rows(sql.arg(number, door)).value(0, QStringLiteral("-"));
 }
 
 bool World::runUntil(const std::function<bool()> &condition, milliseconds limit)

@@ -5,16 +5,14 @@
 #include "data/Connection.h"
 #include "simulator/DoorUnit.h"
 #include "simulator/SimulatedModem.h"
-#include "support/Doubles.h"
-#include "support/FakeLines.h"
-
-#include <QTemporaryDir>
+#include "support/FakeMachine.h"
+#include "support/TestDatabase.h"
 
 #include <vector>
 
 /// The whole program in one process: the real main screen offscreen, a real database file, the
 /// simulated modem, network and doors, and the virtual clock. The same each time.
-class World {
+class World : public FakeMachine {
 public:
     enum class Line { Com, Tcp };
     struct Door {
@@ -64,12 +62,12 @@ public:
     void chooseLineAgain(const QStringList &boxes = {});
 
     /// First value of the statement's first row, as text, read through a connection of its own.
-    QString value(const QString &sql);
+    QString value(const QString &sql) { return database_.single(sql); }
     /// All rows, columns joined by "|".
-    QStringList rows(const QString &sql);
+    QStringList rows(const QString &sql) { return database_.rows(sql); }
     /// Status of a number on a door, "-" without a row.
     QString status(const QString &number, const QString &door = QStringLiteral("+4790000001"));
-    void execute(const QString &sql);
+    void execute(const QString &sql) { database_.look().run(sql); }
 
     /// Lets the time go by until the condition holds; looked at once a second.
     bool runUntil(const std::function<bool()> &condition, milliseconds limit);
@@ -80,27 +78,16 @@ public:
     /// Texts that reached this door, in order.
     QStringList received(const QString &number) const { return receivedBy_.value(number); }
 
-    VirtualClock clock;
-    ScriptedOperator person{clock};
-    FakeHost host;
-    MemorySettings settings;
-    FakeSerialPort MSComm1;
-    FakeTcpSocket Winsock1{clock};
     SmsNetwork network{clock};
     SimulatedModem modem{clock, network, QStringLiteral("+4799000000")};
-    /// Moments at which messages reached the network's phones, doors only.
-    std::vector<milliseconds> deliveries;
 
 private:
-    void makeDatabase(const Setup &setup);
     void connectLine(Line line);
     void login();
 
-    QTemporaryDir folder_;
+    TestDatabase database_;
     Line line_;
-    QString path_;
     std::vector<std::unique_ptr<DoorUnit>> doors_;
     QMap<QString, QStringList> receivedBy_;
-    std::shared_ptr<Connection> connection_;
-    Application application_{{clock, person, settings, host, MSComm1, Winsock1}};
+    Application application_{{clock, person, settings, host, port, socket}};
 };

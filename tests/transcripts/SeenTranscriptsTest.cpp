@@ -75,13 +75,13 @@ class Play {
 public:
     explicit Play(Line line) : line_(line), world({.line = line})
     {
-        auto &onWrite = line == Line::Com ? world.MSComm1.onWrite : world.Winsock1.onWrite;
+        auto &onWrite = line == Line::Com ? world.port.onWrite : world.socket.onWrite;
         onWrite = [this](const QByteArray &bytes) { hears(bytes); };
     }
 
     void says(const QByteArray &bytes)
     {
-        line_ == Line::Com ? world.MSComm1.feed(bytes) : world.Winsock1.feed(bytes);
+        line_ == Line::Com ? world.port.feed(bytes) : world.socket.feed(bytes);
     }
     /// The next command that begins so is answered by these bytes alone.
     void answersOnce(const QByteArray &command, const QByteArray &bytes)
@@ -159,90 +159,79 @@ public:
 
 class SeenOn : public testing::TestWithParam<Line> {
 protected:
-    void SetUp() override { ASSERT_GE(all_.size(), 1U) << "cannot read " LUKORA_TRANSCRIPTS; }
+    /// All of the collection happens to one program, which lives on each time and in the end.
+    void all(const std::function<void(const Seen &)> &happens)
+    {
+        const std::vector<Seen> collection = seen();
+        EXPECT_GE(collection.size(), 1U) << "cannot read " LUKORA_TRANSCRIPTS;
+        for (const Seen &one : collection) {
+            SCOPED_TRACE(one.name);
+            happens(one);
+            play.livesOn();
+        }
+        play.registersAUser();
+    }
 
-    std::vector<Seen> all_ = seen();
+    Play play{GetParam()};
+    World &world = play.world;
 };
 
 TEST_P(SeenOn, ALineThatIsSaidUnasked)
 {
-    Play play(GetParam());
-    for (const Seen &one : all_) {
-        SCOPED_TRACE(one.name);
+    all([&](const Seen &one) {
         play.says("\r\n" + one.bytes + "\r\n");
-        play.world.clock.run(10s);
-        play.livesOn();
-    }
-    play.registersAUser();
+        world.clock.run(10s);
+    });
 }
 
 TEST_P(SeenOn, AnAnswerToAListing)
 {
-    Play play(GetParam());
-    for (const Seen &one : all_) {
-        SCOPED_TRACE(one.name);
+    all([&](const Seen &one) {
         play.answersOnce("AT+CMGL=ALL\r", "\r\n" + one.bytes + "\r\n");
         play.says("\r\n+CMTI: \"SM\",1\r\n");
-        EXPECT_TRUE(play.world.runUntil([&] { return play.hasAnswered(); }, 2min));
-        play.world.clock.run(30s); // it deletes what it read, which must not hit the next message
-        play.livesOn();
-    }
-    play.registersAUser();
+        EXPECT_TRUE(world.runUntil([&] { return play.hasAnswered(); }, 2min));
+        world.clock.run(30s); // it deletes what it read, which must not hit the next message
+    });
 }
 
 TEST_P(SeenOn, AnAnswerToASubmission)
 {
-    Play play(GetParam());
-    for (const Seen &one : all_) {
-        SCOPED_TRACE(one.name);
+    const QString waiting = u"SELECT count(*) FROM SMS_Sent WHERE CMGS = 'UNSENT'"_qs;
+    all([&](const Seen &one) {
         play.answersOnce("AT+CMGS=", one.bytes + "\r\n");
-        play.world.execute(u"INSERT INTO SMS_Sent (TilNummer, SMS_Text, CMGS) VALUES "
-                           "('+4798765432', 'Hei', 'UNSENT')"_qs);
-        play.livesOn();
-        const QString waiting = u"SELECT count(*) FROM SMS_Sent WHERE CMGS = 'UNSENT'"_qs;
-        EXPECT_TRUE(play.world.runUntil(
-            [&] { return play.hasAnswered() && play.world.value(waiting) == u"0"; }, 10min));
-    }
-    play.registersAUser();
+        world.execute(u"INSERT INTO SMS_Sent (TilNummer, SMS_Text, CMGS) VALUES "
+                      "('+4798765432', 'Hei', 'UNSENT')"_qs);
+        EXPECT_TRUE(world.runUntil(
+            [&] { return play.hasAnswered() && world.value(waiting) == u"0"; }, 10min));
+    });
 }
 
 TEST_P(SeenOn, AnAnswerToTheStart)
 {
-    Play play(GetParam());
-    for (const Seen &one : all_) {
-        SCOPED_TRACE(one.name);
+    all([&](const Seen &one) {
         play.answersOnce("AT+CGMI\r", "\r\n" + one.bytes + "\r\n");
-        play.world.chooseLineAgain();
-        EXPECT_TRUE(play.world.runUntil([&] { return play.hasAnswered(); }, 1min));
-        play.livesOn();
-    }
-    play.registersAUser();
+        world.chooseLineAgain();
+        EXPECT_TRUE(world.runUntil([&] { return play.hasAnswered(); }, 1min));
+    });
 }
 
 TEST_P(SeenOn, AStoreWhoseMessagesAreFiled)
 {
-    Play play(GetParam());
     int senders = 0;
-    for (const Seen &one : all_) {
-        SCOPED_TRACE(one.name);
+    all([&](const Seen &one) {
         const QByteArrayList records = recordsOf(one.bytes);
-        play.world.execute(u"DELETE FROM SMS_Received"_qs);
+        world.execute(u"DELETE FROM SMS_Received"_qs);
         play.listsStore(records);
         for (const QByteArray &record : records) {
             if (const QString sender = senderOf(record); !sender.isEmpty()) {
-                EXPECT_GE(
-                    play.world
-                        .rows(u"SELECT 1 FROM SMS_Received WHERE FraNummer = '"_qs + sender + u'\'')
-                        .size(),
-                    1)
-                    << record.constData();
+                const QString filed =
+                    u"SELECT count(*) FROM SMS_Received WHERE FraNummer = '%1'"_qs;
+                EXPECT_NE(world.value(filed.arg(sender)), u"0") << record.constData();
                 ++senders;
             }
         }
-        play.livesOn();
-    }
+    });
     EXPECT_GE(senders, 30) << "the collection holds many more than none";
-    play.registersAUser();
 }
 
 INSTANTIATE_TEST_SUITE_P(Lines, SeenOn, testing::Values(Line::Com, Line::Tcp),

@@ -1,6 +1,5 @@
 #include "support/World.h"
 
-#include <QDateEdit>
 #include <QLabel>
 #include <QPushButton>
 
@@ -82,45 +81,6 @@ TEST(Road, EndsActive)
     }
 }
 
-TEST_F(WorldOnCom, EarlierPeriodChangesPlacesWithALaterOne)
-{
-    door().setAnswerDelay(1h);
-    const auto enter = [&](const QDate &from, const QDate &to) {
-        click("cmdNyBruker");
-        type("Txtfields_0", kUser);
-        control<QDateEdit>("DTPickerFrom").setDate(from);
-        control<QDateEdit>("DTPickerTo").setDate(to);
-        click("CommandRegistrerBruker");
-    };
-    enter(QDate(2026, 12, 20), QDate(2026, 12, 24));
-    ASSERT_TRUE(runUntilStatus(kUser, u"Registrerer"_qs));
-
-    person.answers(u"Bruker er allerede registrert!!"_qs);
-    enter(QDate(2026, 12, 5), QDate(2026, 12, 6));
-    ASSERT_TRUE(runUntil([&] { return received(u"+4790000001"_qs).size() == 2; }, 3min));
-
-    EXPECT_EQ(rows(u"SELECT [Gyldig fra], [Gyldig til] FROM TBLbrukere"_qs),
-              QStringList{u"5/12/2026|6/12/2026"_qs});
-    EXPECT_EQ(rows(u"SELECT [Gyldig fra], [Gyldig til], Status FROM NYEbrukere"_qs),
-              QStringList{u"20/12/2026|24/12/2026|NY"_qs});
-    EXPECT_EQ(received(u"+4790000001"_qs).last(), u"I 91234567>26120500<26120624");
-}
-
-TEST_F(WorldOnCom, TwoMessagesOfOneDayGoInOrderAndThirtySecondsApart)
-{
-    // A door's answer would hurry the queue when it is read, so this one takes its time.
-    door().setAnswerDelay(1min);
-    registerUser(u"+4791000001"_qs);
-    registerUser(u"+4791000002"_qs);
-
-    ASSERT_TRUE(runUntilStatus(u"+4791000002"_qs, u"Aktiv "_qs));
-    EXPECT_EQ(received(u"+4790000001"_qs), (QStringList{u"I 91000001>26120100<26120324"_qs,
-                                                        u"I 91000002>26120100<26120324"_qs}));
-    ASSERT_EQ(deliveries.size(), 2U);
-    EXPECT_GE(deliveries[1] - deliveries[0], 30s);
-    EXPECT_LT(deliveries[1] - deliveries[0], 40s);
-}
-
 TEST_F(WorldOnCom, DeletedUserLeavesTheDoorAndTheTable)
 {
     registerUser(kUser);
@@ -168,11 +128,11 @@ TEST(WorldOnNetwork, ButtonsOfTheNetworkModemWorkTheLine)
     const auto enabled = [&](const char *name) { return world.control<QWidget>(name).isEnabled(); };
     EXPECT_FALSE(enabled("txtHostName"));
 
-    const auto count = world.Winsock1.written.count("AT\r");
+    const auto count = world.socket.written.count("AT\r");
     world.click("Command2");
-    EXPECT_EQ(world.Winsock1.written.count("AT\r"), count + 1);
+    EXPECT_EQ(world.socket.written.count("AT\r"), count + 1);
     world.click("Command3");
-    EXPECT_EQ(world.Winsock1.written.count("AT+CGMM"), 2);
+    EXPECT_EQ(world.socket.written.count("AT+CGMM"), 2);
 
     auto &terminal = world.control<QWidget>("rtfTerminalScreen");
     const bool wasVisible = terminal.isVisible();
