@@ -10,6 +10,20 @@ struct Submission : testing::Test, ModemBench {
     Submission() { ready(false); }
 };
 
+TEST_F(Submission, TakesALateReferenceOfTheFirstAttemptForGoodAndLetsNobodyElseRead)
+{
+    comModem.result = "";
+    link.TimerCom->setEnabled(true);
+    clock.after(19s, [&] {
+        EXPECT_FALSE(link.TimerCom->isEnabled());
+        port.feed("\r\n+CMGS: 3\r\n\r\nOK\r\n");
+    });
+    link.submitter.SendSms(u"hei"_qs, kDoor);
+    EXPECT_EQ(module.LastCmgsResult, u"3"_qs);
+    EXPECT_EQ(comModem.texts.size(), 1);
+    EXPECT_EQ(link.response.text(), QString());
+}
+
 TEST_F(Submission, GivesEachAttemptTwentySecondsAndTwoBehindIt)
 {
     comModem.result = "";
