@@ -296,13 +296,6 @@ bool Recordset::findFirst(const QString &column, const QString &value)
     return opened().find({}, {column}, {criterionValue(value)});
 }
 
-bool Recordset::findFirst(const QString &column, const QString &value, const QString &secondColumn,
-                          const QString &secondValue)
-{
-    return opened().find({}, {column, secondColumn},
-                         {criterionValue(value), criterionValue(secondValue)});
-}
-
 bool Recordset::findFirst(const QString &column, const QString &value,
                           const std::vector<std::pair<QString, QString>> &compared)
 {

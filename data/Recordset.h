@@ -82,11 +82,9 @@ public:
     bool find(const QString &column, const QString &value);
     /// moveFirst(), unless empty, and find().
     bool findFirst(const QString &column, const QString &value);
-    /// From the first row on, the row where both columns match: the search over all doors.
-    bool findFirst(const QString &column, const QString &value, const QString &secondColumn,
-                   const QString &secondValue);
-    /// The same, but the further values are compared with each hit and no criteria themselves: they
-    /// keep their leading blanks, and may hold a single quote.
+    /// From the first row on, the row where all columns match: the search over all doors. The
+    /// further values are compared with each hit and no criteria themselves: they keep their
+    /// leading blanks, and may hold a single quote.
     bool findFirst(const QString &column, const QString &value,
                    const std::vector<std::pair<QString, QString>> &compared);
 

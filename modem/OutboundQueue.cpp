@@ -80,9 +80,10 @@ void OutboundQueue::queue(const OutboundSms &sms)
         pace_.hurry();
     }
     Recordset &outbox = recordsets_.rsSmsOutbox;
-    const bool waiting = sms.sameRecipientOnly ? outbox.findFirst(u"SMS_text"_qs, sms.text,
-                                                                  u"TilNummer"_qs, sms.recipient)
-                                               : outbox.findFirst(u"SMS_text"_qs, sms.text);
+    const bool waiting =
+        sms.sameRecipientOnly
+            ? outbox.findFirst(u"SMS_text"_qs, sms.text, {{u"TilNummer"_qs, sms.recipient}})
+            : outbox.findFirst(u"SMS_text"_qs, sms.text);
     if (!waiting) {
         outbox.addNew();
         outbox.setValue(u"SMS_Text"_qs, sms.text);
@@ -167,7 +168,7 @@ void OutboundQueue::markUser(const QString &text, const QString &recipient)
                              ? catalogue.text(u"Bruker"_qs)
                              : module_.dialPrefix() + shortNumber;
     Recordset &users = recordsets_.rsBrukereAll;
-    if (!users.findFirst(u"KeyBruker"_qs, user, u"keynummer"_qs, recipient)) {
+    if (!users.findFirst(u"KeyBruker"_qs, user, {{u"keynummer"_qs, recipient}})) {
         return;
     }
     const QString command = left(text, 2);

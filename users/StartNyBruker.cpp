@@ -68,7 +68,7 @@ void UserOperations::StartNyBruker()
 bool UserOperations::findOnDoor(const QString &number, const QString &door)
 {
     return recordsets_.rsBrukereAll.findFirst(QStringLiteral("KeyBruker"), number,
-                                              QStringLiteral("KeyNummer"), door);
+                                              {{QStringLiteral("KeyNummer"), door}});
 }
 
 /// The later period goes back among the waiting ones. Nothing is sent: the next run finds the

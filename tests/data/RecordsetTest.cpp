@@ -64,7 +64,7 @@ TEST_P(RecordsetOrders, FindGoesForwardFromTheCurrentRowItselfIncluded)
     set.moveNext();
     EXPECT_FALSE(set.find(u"Bruker"_qs, first));
     EXPECT_TRUE(set.findFirst(u"[bruker]"_qs, first));
-    EXPECT_FALSE(set.findFirst(u"Bruker"_qs, first, u"Etternavn"_qs, u"Olsen"_qs));
+    EXPECT_FALSE(set.findFirst(u"Bruker"_qs, first, {{u"Etternavn"_qs, u"Olsen"_qs}}));
 }
 
 TEST_P(RecordsetOrders, MovesGoOnFromARemovedRow)
