@@ -56,6 +56,11 @@ QString comparedForm(const QString &column)
     return QStringLiteral("upper(rtrim(%1))").arg(sqlName(column));
 }
 
+QString sortedForm(const QString &column)
+{
+    return isNumberLike(bareName(column)) ? comparedForm(column) : sqlName(column);
+}
+
 QString filterValue(const QString &value)
 {
     if (value.contains(u'\'')) {

@@ -18,6 +18,9 @@ QString equals(const QString &column);
 QString differs(const QString &column);
 /// SQL for the form in which a column is compared, for the indexes of the schema.
 QString comparedForm(const QString &column);
+/// SQL for what a column sorts by, as text: the compared form where there is one, which an index
+/// may hold, else the column by its collation.
+QString sortedForm(const QString &column);
 
 /// The value to bind in a filter: as it stands.
 /// @throws RuntimeFailure when it holds a single quote: criteria have always been quoted texts, and

@@ -222,6 +222,12 @@ void Recordset::sort(const QString &column)
     requery();
 }
 
+void Recordset::search(const QString &text)
+{
+    opened().reader.search(text);
+    requery();
+}
+
 bool Recordset::bof() const
 {
     const Private &set = settled();
@@ -335,6 +341,16 @@ std::optional<RecordsetRow> Recordset::row() const
 std::vector<RecordsetRow> Recordset::rows() const
 {
     return opened().reader.rows();
+}
+
+std::vector<RecordsetRow> Recordset::rows(const std::vector<qint64> &bookmarks) const
+{
+    return opened().reader.rows(bookmarks);
+}
+
+std::shared_ptr<RowList> Recordset::list() const
+{
+    return opened().reader.list();
 }
 
 const QStringList &Recordset::columns() const

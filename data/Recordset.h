@@ -10,6 +10,7 @@
 #include <vector>
 
 class Connection;
+class RowList;
 
 /// What a recordset shows: rows of one table or saved query.
 ///
@@ -21,6 +22,7 @@ struct Query {
     QString filter = {};                   ///< empty for all rows
     QVariantList values = {};              ///< for the "?" of the filter, in order
     QString sort = {};                     ///< column to sort by; empty for the table's own order
+    QString search = {};                   ///< text that some column holds, case ignored; empty for all
     QString key = QStringLiteral("rowid"); ///< whole number that names a row of the source for good
 
     bool operator==(const Query &) const = default;
@@ -35,8 +37,8 @@ struct RecordsetRow {
 /// Rows of a query and a place among them: on a row, before the first or behind the last.
 ///
 /// Opening and requerying cost next to nothing: rows are read when the place moves to them, and of
-/// a sorted set the list of its rows when the first is. A row
-/// keeps the values that it had when the place came to it, until the place moves or requery().
+/// a sorted set the list of its rows when the first is. A row keeps the values that it had when the
+/// place came to it, until the place moves or requery().
 /// Two places are special: a row that is being added (from addNew() to update()), and a row that
 /// was just removed; from both, moves go on from where the place was.
 ///
@@ -59,6 +61,8 @@ public:
     /// "Gyldig fra" and "Gyldig til" sort as dates, what is no date behind them as text; all other
     /// texts as text. Rows of like value keep the table's order.
     void sort(const QString &column);
+    /// From now on the set has only rows where one of the columns holds the text, case ignored.
+    void search(const QString &text);
 
     bool bof() const;
     bool eof() const;
@@ -95,6 +99,12 @@ public:
     std::optional<RecordsetRow> row() const;
     /// Reads the whole set in its order; the place stays.
     std::vector<RecordsetRow> rows() const;
+    /// The rows of these bookmarks, in their order; those that are gone are left out. The place
+    /// stays.
+    std::vector<RecordsetRow> rows(const std::vector<qint64> &bookmarks) const;
+    /// The set's rows by number, for a grid, which reads it on. The set walks along the same list
+    /// when it is sorted; sort(), search() and requery() begin another one.
+    std::shared_ptr<RowList> list() const;
     const QStringList &columns() const;
 
     /// Starts a new row; setValue() fills it, update() writes it and stays on it.

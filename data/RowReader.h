@@ -1,13 +1,15 @@
 #pragma once
 
-#include "data/Recordset.h"
+#include "data/RowSelect.h"
 
-#include <QHash>
+#include <optional>
 
-/// The SQL of a recordset: finds single rows of a query in its order, and all of them.
+class RowList;
+
+/// Reads the rows of a recordset: single ones in the query's order, and all of them.
 ///
 /// The table's own order is the order of the key, so there each step is one look-up that an index
-/// answers. A sorted query keeps a list of its keys, read at the first step.
+/// answers. A sorted query walks along the list of its rows, read at the first step.
 class RowReader {
 public:
     /// @throws RuntimeFailure when the query names what the file doesn't have.
@@ -25,44 +27,41 @@ public:
     /// The row of a key, whether the filter still holds for it or not.
     std::optional<RecordsetRow> row(qint64 key);
     std::vector<RecordsetRow> rows();
+    /// The rows of these keys, in their order; those that are gone are left out.
+    std::vector<RecordsetRow> rows(const std::vector<qint64> &keys);
     int count();
     /// Place of the key's row, from 1.
     int position(qint64 key);
 
     /// Sorts from now on by a column of the query.
     void sort(const QString &column);
+    /// Looks from now on for a text; for none when it is empty.
+    void search(const QString &text);
     /// Place of a column among the query's, from 0; brackets and case don't count.
     /// @throws RuntimeFailure when it is none of them.
     int columnIndex(const QString &column) const;
-    /// Forgets the list of keys.
+    /// Forgets the list of rows.
     void refresh() { list_.reset(); }
     /// Lets a new row follow behind the others until the next refresh().
     void append(qint64 key);
+    /// The rows by number, begun when somebody asks for it.
+    const std::shared_ptr<RowList> &list();
 
-    const Query &query() const { return query_; }
+    const Query &query() const { return select_.query(); }
     bool reads(const Connection *connection, const Query &query) const
     {
-        return connection_.get() == connection && query_ == query;
+        return connection_.get() == connection && select_.query() == query;
     }
     Connection &connection() { return *connection_; }
 
 private:
-    struct List {
-        std::vector<qint64> keys;
-        QHash<qint64, std::size_t> places;
-        void append(qint64 key);
-    };
     std::optional<RecordsetRow> stepByKey(const Step &step);
     std::optional<RecordsetRow> stepInList(const Step &step);
-    const List &list();
-    QString select(const QString &what, const QString &condition) const;
-    QString order() const;
+    RowList &wholeList();
+    bool isSorted() const { return !select_.order().isEmpty(); }
     bool isRowNumber(const QString &column);
-    QString source() const;
 
     std::shared_ptr<Connection> connection_;
-    Query query_;
-    QString columns_; ///< key and columns, as SQL
-    bool sorted_ = false;
-    std::optional<List> list_;
+    RowSelect select_;
+    std::shared_ptr<RowList> list_;
 };

@@ -19,6 +19,7 @@ public:
                              const QString &preset) = 0;
     /// Empty when cancelled. The filter is in the form of QFileDialog.
     virtual QString chooseFile(const QString &startFrom, const QString &filter) = 0;
+    virtual QString chooseNewFile(const QString &startFrom, const QString &filter) = 0;
     virtual void beep() = 0;
     /// Busy pointer on or off; repeated calls don't add up.
     virtual void setBusy(bool busy) = 0;

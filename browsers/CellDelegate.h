@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+/// A cell of a grid: what is cut off shows in a tool tip.
+class CellDelegate : public QStyledItemDelegate {
+    Q_OBJECT
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                   const QModelIndex &index) override;
+};

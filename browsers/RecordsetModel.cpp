@@ -1,0 +1,426 @@
+#include "browsers/RecordsetModel.h"
+
+#include "data/RowList.h"
+#include "platform/Clock.h"
+#include "platform/Rules.h"
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+QString onOneLine(QString text)
+{
+    return text.replace(QStringLiteral("\r\n"), QStringLiteral(" "))
+        .replace(u'\r', u' ')
+        .replace(u'\n', u' ');
+}
+
+constexpr int kFirstRows = 2'000; ///< listed at once: some 2 ms
+constexpr milliseconds kBetweenSlices = 1ms;
+constexpr milliseconds kBeforeNextTry = 500ms; ///< when the file is in other hands
+
+} // namespace
+
+RecordsetModel::RecordsetModel(Clock &clock, QObject *parent)
+    : QAbstractTableModel(parent), slices_(clock.timer([this] { readSlice(RowList::kSlice); }))
+{
+}
+
+RecordsetModel::~RecordsetModel() = default;
+
+void RecordsetModel::show(Recordset &rows)
+{
+    const std::shared_ptr<RowList> fresh = rows.list();
+    if (!fresh->isComplete()) {
+        fresh->readSlice(kFirstRows);
+    }
+    const bool sameSet = set_ == &rows && columns_ == rows.columns();
+    set_ = &rows;
+    reading_ = fresh;
+    if (!sameSet || fresh->count() > 0 || fresh->isComplete()) {
+        takeOver();
+    }
+    takeRows();
+    if (isReading()) {
+        lookAgain(kBetweenSlices);
+    }
+}
+
+/// The list that is being read is shown instead of the one before.
+void RecordsetModel::takeOver()
+{
+    beginResetModel();
+    list_ = reading_;
+    rows_ = 0;
+    edited_ = -1;
+    columns_ = set_->columns();
+    gone_.clear();
+    forgetWindows();
+    endResetModel();
+}
+
+void RecordsetModel::readSlice(int rows)
+{
+    slices_->setEnabled(false);
+    if (std::exchange(unreadable_, false) && rowCount() > 0) {
+        emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
+    }
+    removeGone();
+    if (!reading_) {
+        return;
+    }
+    // A file that is in other hands is tried again, and says nothing meanwhile.
+    bool read = false;
+    kept([&] {
+        reading_->readSlice(rows);
+        read = true;
+    });
+    if (read && list_ != reading_ && (reading_->count() > 0 || reading_->isComplete())) {
+        takeOver();
+    }
+    takeRows();
+    if (reading_) {
+        lookAgain(read ? kBetweenSlices : kBeforeNextTry);
+    }
+}
+
+void RecordsetModel::lookAgain(milliseconds after) const
+{
+    slices_->setInterval(after);
+    slices_->setEnabled(true);
+}
+
+/// Rows that have been listed since become rows of the model.
+void RecordsetModel::takeRows()
+{
+    if (list_ == reading_) {
+        insertListed();
+    }
+    if (reading_ && reading_->isComplete()) {
+        reading_.reset();
+    }
+    emit readOn();
+}
+
+void RecordsetModel::insertListed()
+{
+    const int listed = list_->count();
+    if (listed <= rows_) {
+        return;
+    }
+    beginInsertRows({}, rows_, listed - 1);
+    edited_ = isNewRow(edited_) ? listed : edited_; // the empty row stands behind these
+    forgetWindows(rows_);
+    rows_ = listed;
+    endInsertRows();
+}
+
+void RecordsetModel::stopReading()
+{
+    reading_.reset();
+    emit readOn();
+}
+
+void RecordsetModel::readAll()
+{
+    if (!reading_) {
+        return;
+    }
+    reading_->readAll();
+    if (list_ != reading_) {
+        takeOver();
+    }
+    takeRows();
+}
+
+qint64 RecordsetModel::bookmark(int row) const
+{
+    return row >= 0 && row < rows_ ? list_->key(row) : 0;
+}
+
+int RecordsetModel::rowOf(qint64 bookmark) const
+{
+    const int row = list_ ? list_->rowOf(bookmark) : -1;
+    return row < rows_ ? row : -1;
+}
+
+const RecordsetModel::Window &RecordsetModel::window(int number) const
+{
+    static const Window kNothing;
+    if (const auto kept = windows_.find(number); kept != windows_.end()) {
+        return kept->second;
+    }
+    if (unreadable_) {
+        return kNothing;
+    }
+    std::vector<qint64> keys;
+    const int first = number * kWindow;
+    for (int row = first; row < std::min(first + kWindow, rows_); ++row) {
+        keys.push_back(list_->key(row));
+    }
+    std::vector<RecordsetRow> read;
+    unreadable_ = true;
+    kept([&] {
+        read = set_->rows(keys);
+        unreadable_ = false;
+    });
+    if (unreadable_) {
+        lookAgain(kBeforeNextTry);
+        return kNothing;
+    }
+    Window fresh;
+    auto next = read.begin(); // in the order of the keys
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        if (next != read.end() && next->bookmark == keys[i]) {
+            fresh[first + static_cast<int>(i)] = std::move(next->values);
+            ++next;
+        } else {
+            gone_.push_back(keys[i]);
+        }
+    }
+    if (!gone_.empty()) {
+        lookAgain(kBetweenSlices);
+    }
+    if (windows_.size() >= kKept) { // the one farthest off is in sight least likely
+        const bool above = number - windows_.begin()->first > windows_.rbegin()->first - number;
+        windows_.erase(above ? windows_.begin() : std::prev(windows_.end()));
+    }
+    return windows_[number] = std::move(fresh);
+}
+
+const QVariantList &RecordsetModel::values(int row) const
+{
+    static const QVariantList kNothing;
+    const Window &rows = window(row / kWindow);
+    const auto found = rows.find(row);
+    return found == rows.end() ? kNothing : found->second;
+}
+
+void RecordsetModel::forgetWindows(int fromRow)
+{
+    windows_.erase(windows_.lower_bound(fromRow / kWindow), windows_.end());
+}
+
+/// Takes out what others have deleted. Where a whole window is gone the table is another than was
+/// listed, and is listed anew.
+void RecordsetModel::removeGone()
+{
+    std::vector<qint64> gone;
+    gone.swap(gone_);
+    if (gone.size() >= kWindow && edited_ < 0) {
+        kept([&] {
+            set_->requery();
+            show(*set_);
+        });
+        return;
+    }
+    for (const qint64 key : gone) {
+        const int row = rowOf(key);
+        if (row >= 0 && row != edited_) {
+            removeShown(row, row);
+        }
+    }
+}
+
+void RecordsetModel::removeShown(int first, int last)
+{
+    beginRemoveRows({}, first, last);
+    for (int row = last; row >= first; --row) {
+        list_->remove(row);
+    }
+    const int removed = last - first + 1;
+    rows_ -= removed;
+    edited_ = edited_ > last ? edited_ - removed : edited_;
+    forgetWindows(first);
+    endRemoveRows();
+}
+
+QString RecordsetModel::text(int row, int column) const
+{
+    if (row == edited_) {
+        QString text;
+        kept([&] { text = set_->text(columns_.value(column)); });
+        return text;
+    }
+    return row >= 0 && row < rows_ ? values(row).value(column).toString() : QString();
+}
+
+void RecordsetModel::setColumns(std::vector<Column> columns)
+{
+    layout_ = std::move(columns);
+    if (columnCount() > 0) {
+        emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
+    }
+}
+
+RecordsetModel::Column RecordsetModel::column(int place) const
+{
+    const auto number = static_cast<std::size_t>(place);
+    return number < layout_.size() ? layout_[number] : Column{};
+}
+
+void RecordsetModel::setAddsRows(bool adds)
+{
+    if (adds == addsRows_) {
+        return;
+    }
+    if (adds) {
+        beginInsertRows({}, rows_, rows_);
+    } else {
+        beginRemoveRows({}, rows_, rows_);
+    }
+    addsRows_ = adds;
+    adds ? endInsertRows() : endRemoveRows();
+}
+
+void RecordsetModel::beginEdit(int row)
+{
+    if (isNewRow(row)) {
+        set_->addNew();
+    } else if (set_->bookmark() != bookmark(row)) {
+        set_->setBookmark(bookmark(row));
+    }
+    edited_ = row;
+    emit headerDataChanged(Qt::Vertical, row, row);
+}
+
+void RecordsetModel::endEdit()
+{
+    const int row = std::exchange(edited_, -1);
+    forgetWindows(row);
+    emit dataChanged(index(row, 0), index(row, columnCount() - 1));
+    emit headerDataChanged(Qt::Vertical, row, row);
+}
+
+void RecordsetModel::setValue(int column, const QVariant &value)
+{
+    set_->setValue(columns_.value(column), value);
+    emit dataChanged(index(edited_, column), index(edited_, column));
+}
+
+void RecordsetModel::saveEdit()
+{
+    if (edited_ < 0) {
+        return;
+    }
+    const bool isNew = isNewRow(edited_);
+    set_->update();
+    endEdit();
+    if (isNew) {
+        if (list_->rowOf(set_->bookmark()) < 0) {
+            list_->append(set_->bookmark());
+        }
+        insertListed();
+    }
+}
+
+void RecordsetModel::cancelEdit()
+{
+    if (edited_ >= 0) {
+        kept([&] { set_->cancelUpdate(); });
+        endEdit();
+    }
+}
+
+void RecordsetModel::readAgain(int row)
+{
+    forgetWindows(row);
+    kept([&] { set_->setBookmark(bookmark(row)); });
+    emit dataChanged(index(row, 0), index(row, columnCount() - 1));
+}
+
+void RecordsetModel::deleteRow(int row)
+{
+    if (set_->bookmark() != bookmark(row)) {
+        set_->setBookmark(bookmark(row));
+    }
+    set_->remove();
+    removeShown(row, row);
+}
+
+int RecordsetModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : rows_ + (addsRows_ ? 1 : 0);
+}
+
+int RecordsetModel::columnCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(columns_.size());
+}
+
+QVariant RecordsetModel::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
+        return {};
+    }
+    switch (role) {
+    case Qt::DisplayRole: {
+        const QString shown = text(index.row(), index.column());
+        return column(index.column()).wraps ? shown : onOneLine(shown);
+    }
+    case Qt::EditRole:
+        return text(index.row(), index.column());
+    case Qt::TextAlignmentRole:
+        return QVariant::fromValue(column(index.column()).alignment | Qt::AlignVCenter);
+    default:
+        return {};
+    }
+}
+
+bool RecordsetModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    const int row = index.row();
+    if (role != Qt::EditRole || !flags(index).testFlag(Qt::ItemIsEditable) ||
+        (edited_ >= 0 && edited_ != row)) {
+        return false;
+    }
+    const QString typed = toWindows1252(value.toString());
+    if (typed == text(row, index.column())) {
+        return true;
+    }
+    bool done = false;
+    const bool begins = isNewRow(row) && edited_ < 0;
+    kept([&] {
+        if (edited_ < 0) {
+            beginEdit(row);
+        }
+        setValue(index.column(), typed);
+        done = true;
+    });
+    if (done && begins) {
+        emit newRowBegun(index.column());
+    }
+    return done;
+}
+
+QVariant RecordsetModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (orientation == Qt::Vertical) {
+        if (role != Qt::DisplayRole) {
+            return {};
+        }
+        return section == edited_  ? QStringLiteral("✎")
+               : isNewRow(section) ? QStringLiteral("*")
+                                   : QString();
+    }
+    if (section < 0 || section >= columns_.size()) {
+        return {};
+    }
+    if (role == Qt::TextAlignmentRole) {
+        return QVariant::fromValue(column(section).alignment | Qt::AlignVCenter);
+    }
+    if (role != Qt::DisplayRole) {
+        return {};
+    }
+    const QString heading = column(section).heading;
+    return heading.isEmpty() ? columns_[section] : heading;
+}
+
+Qt::ItemFlags RecordsetModel::flags(const QModelIndex &index) const
+{
+    const Qt::ItemFlags usual = QAbstractTableModel::flags(index);
+    return index.isValid() && column(index.column()).isEditable ? usual | Qt::ItemIsEditable
+                                                                : usual;
+}

@@ -1,0 +1,124 @@
+#pragma once
+
+#include "data/Recordset.h"
+
+#include <QAbstractTableModel>
+
+#include <chrono>
+#include <map>
+#include <memory>
+
+class Clock;
+class RowList;
+class Timer;
+
+/// The rows of a recordset, for every grid of the program.
+///
+/// Rows are known by number: the first are there when show() returns, the others follow slice by
+/// slice on the clock's timer. Their values are read when a view asks for them, a window of rows at
+/// a time, and only a few windows are kept. So a million rows cost what is in sight.
+///
+/// Where cells may be edited the changes gather in the recordset until saveEdit(): as long as one
+/// row is being changed no other can be.
+class RecordsetModel : public QAbstractTableModel {
+    Q_OBJECT
+public:
+    struct Column {
+        QString heading = {}; ///< empty: the column's own name
+        Qt::Alignment alignment = Qt::AlignLeft;
+        bool isEditable = false;
+        bool wraps = false; ///< keeps its line breaks; elsewhere each becomes a blank
+    };
+
+    explicit RecordsetModel(Clock &clock, QObject *parent = nullptr);
+    ~RecordsetModel() override;
+
+    /// Shows the set's rows from now on, in its order and by its search; the set must outlive the
+    /// model or be replaced by another show(). What was shown stays until the first of the new rows
+    /// are known.
+    /// @throws RuntimeFailure when the rows cannot be listed; what was shown stays.
+    void show(Recordset &rows);
+    /// Headings and rights from the left; columns behind these have none.
+    void setColumns(std::vector<Column> columns);
+    /// An empty last row, in which a new one can be typed.
+    void setAddsRows(bool adds);
+
+    /// More rows will follow by themselves.
+    bool isReading() const { return reading_ != nullptr; }
+    /// What was found so far is all there is; of a set that was not shown yet nothing is.
+    void stopReading();
+    /// Reads on to the last row, however long that takes.
+    /// @throws RuntimeFailure when it fails on the way.
+    void readAll();
+
+    /// Rows of the set, the empty one left out.
+    int recordCount() const { return rows_; }
+    /// Names the row for good; 0 for the empty row and for none.
+    qint64 bookmark(int row) const;
+    /// -1 when the row is not shown, or not yet.
+    int rowOf(qint64 bookmark) const;
+    /// The row's value in a column of the set, as text; empty when it is gone.
+    QString text(int row, int column) const;
+    const QStringList &columns() const { return columns_; }
+    bool isNewRow(int row) const { return addsRows_ && row == rows_; }
+
+    /// The row with changes that are not saved; -1 without any.
+    int editedRow() const { return edited_; }
+    /// Writes the changed row. A new row takes its place behind the others.
+    /// @throws RuntimeFailure when it cannot be written; the changes stay.
+    void saveEdit();
+    /// Drops the changes.
+    void cancelEdit();
+    /// Changes a column without a cell's editor, as a new row's defaults are.
+    void setValue(int column, const QVariant &value);
+    /// Reads the values of the row anew.
+    void readAgain(int row);
+    /// Deletes the row.
+    /// @throws RuntimeFailure when it cannot be deleted, or is another than was shown.
+    void deleteRow(int row);
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    bool setData(const QModelIndex &index, const QVariant &value, int role) override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+
+signals:
+    /// More rows are known, or all are.
+    void readOn();
+    /// The first cell of a new row has been changed: its other columns can be given now.
+    void newRowBegun(int column);
+
+private:
+    static constexpr int kWindow = 64;       ///< rows read at once
+    static constexpr std::size_t kKept = 12; ///< windows
+
+    using Window = std::map<int, QVariantList>; ///< by row
+    const QVariantList &values(int row) const;
+    const Window &window(int number) const;
+    void forgetWindows(int fromRow = 0);
+    void readSlice(int rows);
+    void takeOver();
+    void takeRows();
+    void insertListed();
+    void removeGone();
+    void removeShown(int first, int last);
+    void beginEdit(int row);
+    void endEdit();
+    void lookAgain(std::chrono::milliseconds after) const;
+    Column column(int place) const;
+
+    std::unique_ptr<Timer> slices_;
+    Recordset *set_ = nullptr;
+    std::shared_ptr<RowList> list_;    ///< shown
+    std::shared_ptr<RowList> reading_; ///< not complete: list_, or what will take its place
+    int rows_ = 0;
+    bool addsRows_ = false;
+    int edited_ = -1;
+    QStringList columns_;
+    std::vector<Column> layout_;
+    mutable std::map<int, Window> windows_; ///< by number
+    mutable std::vector<qint64> gone_;      ///< rows that were listed and are not there any more
+    mutable bool unreadable_ = false; ///< the last window could not be read: until the next tick
+};

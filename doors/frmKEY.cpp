@@ -1,0 +1,229 @@
+#include "doors/frmKEY.h"
+
+#include "data/Connection.h"
+#include "data/Criteria.h"
+#include "data/Module1.h"
+#include "platform/Operator.h"
+#include "platform/Rules.h"
+#include "platform/Text.h"
+
+#include <QAbstractButton>
+#include <QSignalBlocker>
+#include <QTabBar>
+#include <QTableView>
+
+namespace {
+
+const char *const kAll = QT_TRANSLATE_NOOP("BrowserTable", "ALLE");
+
+/// What a new door says and does until it is told otherwise. Nothing is sent: the unit gets these
+/// when the operator presses the button of each in its configuration. The state has one blank
+/// where the list there has two, so a new door matches no entry of the list.
+constexpr std::pair<const char *, const char *> kDefaults[] = {
+    {"Tekst1", QT_TRANSLATE_NOOP("BrowserTable", "Velkommen som ny bruker")},
+    {"Tekst2", QT_TRANSLATE_NOOP("BrowserTable", "for å åpne porten")},
+    {"Tekst3", QT_TRANSLATE_NOOP("BrowserTable", "De er slettet som bruker")},
+    {"Tekst4", QT_TRANSLATE_NOOP("BrowserTable", "Takk for besøket og velkommen igjen")},
+    {"Tekst5", QT_TRANSLATE_NOOP("BrowserTable", "**ALARM** Alarm Loop")},
+    {"Tekst6", QT_TRANSLATE_NOOP("BrowserTable", "Ostrand a.s")},
+    {"Alarmstatus", QT_TRANSLATE_NOOP("BrowserTable", "ALARM AV")},
+    {"KeyStatus", QT_TRANSLATE_NOOP("BrowserTable", "Normal (N)")},
+};
+
+int column(const char *field)
+{
+    const auto found = std::ranges::find_if(kKEYTable.columns, [&](const BrowserColumn &each) {
+        return QLatin1StringView(each.field) == QLatin1StringView(field);
+    });
+    return static_cast<int>(found - kKEYTable.columns.begin());
+}
+
+Query visibleDoors(const QString &level)
+{
+    return {.source = QStringLiteral("KEYTable"),
+            .columns = {QStringLiteral("KeyNummer"), QStringLiteral("Bygning")},
+            .filter = QStringLiteral("KeySikkerhet <= ?"),
+            .values = {filterValue(level)}};
+}
+
+} // namespace
+
+frmKEY::frmKEY(const BrowserTools &tools, std::function<void()> openProperties)
+    : RecordBrowser(kKEYTable, tools),
+      openProperties_(std::move(openProperties)),
+      TabStrip1(new QTabBar)
+{
+    TabStrip1->setObjectName(QStringLiteral("TabStrip1"));
+    TabStrip1->setExpanding(false);
+    TabStrip1->setDrawBase(false);
+    TabStrip1->installEventFilter(this);
+    placeAboveGrid(TabStrip1);
+    connect(TabStrip1, &QTabBar::currentChanged, this, &frmKEY::TabStrip1_Click);
+    // A click on the active tab is no change, but counts: the list may show another building.
+    connect(TabStrip1, &QTabBar::tabBarClicked, this, [this](int tab) {
+        if (tab == TabStrip1->currentIndex()) {
+            TabStrip1_Click(tab);
+        }
+    });
+    auto *grid = findChild<QTableView *>(QStringLiteral("grdDataGrid"));
+    // A double click opens the configuration, and no cell.
+    grid->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed);
+    button("cmdDelete").setVisible(isLevel(u"65"));
+}
+
+bool frmKEY::isLevel(QStringView levels) const
+{
+    return module_.SecurityLevel.size() == 1 && levels.contains(module_.SecurityLevel);
+}
+
+bool frmKEY::addsRows() const
+{
+    return isLevel(u"65");
+}
+
+bool frmKEY::isEditable(const BrowserColumn &column) const
+{
+    return isLevel(u"654") && RecordBrowser::isEditable(column);
+}
+
+Query frmKEY::query() const
+{
+    Query query = RecordBrowser::query();
+    query.filter = QStringLiteral("KeySikkerhet <= ?");
+    query.values = {filterValue(module_.SecurityLevel)};
+    if (!selectedTab_.isEmpty()) {
+        query.filter += QStringLiteral(" AND ") + equals(QStringLiteral("Bygning"));
+        query.values += filterValue(selectedTab_);
+    }
+    return query;
+}
+
+/// The list opens on the current door, so that to look at it changes nothing.
+qint64 frmKEY::startRow()
+{
+    return adoPrimaryRS.findFirst(QStringLiteral("KeyNummer"), module_.KeySelect)
+               ? adoPrimaryRS.bookmark()
+               : 0;
+}
+
+void frmKEY::loaded()
+{
+    buildTabs();
+}
+
+/// A tab for all doors, and one for each building of the doors in sight. Behind a reload the first
+/// tab is the active one, whichever building the list shows: it has always been so.
+void frmKEY::buildTabs()
+{
+    const QSignalBlocker quiet(TabStrip1);
+    Recordset doors;
+    doors.open(connection_, visibleDoors(module_.SecurityLevel));
+    doors.sort(QStringLiteral("Bygning"));
+    showTab(0, {});
+    int tabs = 1;
+    QString last;
+    for (const RecordsetRow &door : doors.rows()) {
+        const QString building = door.values.last().toString();
+        if (!same(building, last)) {
+            showTab(tabs++, building);
+            last = building;
+        }
+    }
+    while (TabStrip1->count() > tabs) {
+        TabStrip1->removeTab(TabStrip1->count() - 1);
+    }
+    TabStrip1->setCurrentIndex(0);
+}
+
+void frmKEY::showTab(int tab, const QString &building)
+{
+    // A single "&" would mark a shortcut.
+    const QString caption = building.isEmpty()
+                                ? sourceText(kAll)
+                                : QString(building).replace(u'&', QStringLiteral("&&"));
+    if (tab == TabStrip1->count()) {
+        TabStrip1->addTab(caption);
+    }
+    TabStrip1->setTabText(tab, caption);
+    TabStrip1->setTabData(tab, building);
+}
+
+void frmKEY::TabStrip1_Click(int tab)
+{
+    if (tab < 0 || !saveEdit()) {
+        return;
+    }
+    selectedTab_ = TabStrip1->tabData(tab).toString();
+    shown(person_, {}, [this] { load(); });
+}
+
+/// The row that the list stands on is the current door.
+void frmKEY::rowChanged()
+{
+    if (const QString door = value("KeyNummer"); !door.isEmpty()) {
+        module_.KeySelect = door;
+    }
+}
+
+void frmKEY::newRowBegun(int begun)
+{
+    for (const auto &[field, text] : kDefaults) {
+        model_.setValue(column(field), sourceText(text));
+    }
+    if (begun == 0 && !model_.text(model_.editedRow(), 0).startsWith(u'+')) {
+        // A reminder only: the text stays.
+        person_.messageBox(sourceText(QT_TRANSLATE_NOOP(
+                               "BrowserTable", " Husk Internasjonalt telefonnummer +47...")),
+                           {}, Buttons::Ok);
+    }
+}
+
+void frmKEY::rowSaved()
+{
+    rowChanged();
+}
+
+void frmKEY::cmdDelete_Click()
+{
+    const QString door = value("KeyNummer");
+    if (currentRow() < 0 || currentRow() >= model_.recordCount()) {
+        return;
+    }
+    if (person_.messageBox(
+            sourceText(QT_TRANSLATE_NOOP(
+                "BrowserTable",
+                "Er Du sikker. Dette vil slette NØKKEL og alle tilhørende brukere!!")),
+            QStringLiteral("DELETE KEY"), Buttons::OkCancel) != Answer::Ok) {
+        return;
+    }
+    // What waits for a door that is no more, is not to be sent: neither its messages nor periods
+    // that would become messages. What was sent stays; its users go by the database itself.
+    connection_->transaction([&] {
+        const QString state = equals(QStringLiteral("CMGS"));
+        deleteAll(QStringLiteral("SMS_Sent"), QStringLiteral("TilNummer"), door,
+                  state + QStringLiteral(" OR ") + state,
+                  {QStringLiteral("UNSENT"), QStringLiteral("SLETTET")});
+        deleteAll(QStringLiteral("NYEbrukere"), QStringLiteral("KeyNummer"), door);
+        RecordBrowser::cmdDelete_Click();
+    });
+}
+
+void frmKEY::deleteAll(const QString &table, const QString &column, const QString &door,
+                       const QString &filter, const QVariantList &values)
+{
+    Recordset rows;
+    rows.open(connection_,
+              {.source = table, .columns = {column}, .filter = filter, .values = values});
+    for (bool found = rows.findFirst(column, door); found; found = rows.find(column, door)) {
+        rows.remove();
+    }
+}
+
+void frmKEY::cellDoubleClicked()
+{
+    bool isNumber = false;
+    const double level = module_.SecurityLevel.toDouble(&isNumber);
+    if (isNumber && level > 4 && saveEdit()) {
+        openProperties_();
+    }
+}
