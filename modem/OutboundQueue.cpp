@@ -33,7 +33,95 @@ QString numberIn(const QString &text)
     return behindWord.left(end - behindWord.begin());
 }
 
+/// What all commands to a door have in common. Each door gets its own: taking over the row of
+/// another door would lose that one's command.
+OutboundSms toDoor(const QString &door, const QString &doorName, const QString &text,
+                   const QDate &date, OutboundSms::Hurry hurry)
+{
+    return {.recipient = door,
+            .recipientShort = mid(door, kBehindCountryCode),
+            .text = text,
+            .Etternavn = doorName,
+            .Fornavn = {},
+            .date = date,
+            .takesOver = OutboundSms::TakesOver::SameRecipients,
+            .hurry = hurry};
+}
+
 } // namespace
+
+OutboundSms OutboundSms::freeText(const QString &recipient, const QString &text,
+                                  const QString &Etternavn, const QString &Fornavn,
+                                  const QDate &today)
+{
+    return {.recipient = recipient,
+            .recipientShort = mid(recipient, kBehindCountryCode, kShortLength),
+            .text = text,
+            .Etternavn = Etternavn,
+            .Fornavn = Fornavn,
+            .date = today,
+            .takesOver = TakesOver::Anybodys,
+            .hurry = Hurry::Always};
+}
+
+OutboundSms OutboundSms::doorCommand(const QString &door, const QString &doorName,
+                                     const QString &text, const QDate &day, const QString &state)
+{
+    // The operations on users hurry by themselves, before they begin.
+    OutboundSms sms = toDoor(door, doorName, text, day, Hurry::Never);
+    sms.state = state;
+    return sms;
+}
+
+OutboundSms OutboundSms::doorSetting(const QString &door, const QString &doorName,
+                                     const QString &text, const QDate &today)
+{
+    return toDoor(door, doorName, text, today, Hurry::Never);
+}
+
+OutboundSms OutboundSms::logRequest(const QString &door, const QString &doorName,
+                                    const QString &text, const QDate &today)
+{
+    return toDoor(door, doorName, text, today, Hurry::ForNewRow);
+}
+
+bool queueSms(Recordset &outbox, const OutboundSms &sms)
+{
+    const bool anybodys = sms.takesOver == OutboundSms::TakesOver::Anybodys;
+    const bool waits =
+        anybodys ? outbox.findFirst(u"SMS_text"_qs, sms.text)
+                 : outbox.findFirst(u"SMS_text"_qs, sms.text, {{u"TilNummer"_qs, sms.recipient}});
+    if (!waits) {
+        outbox.addNew();
+        outbox.setValue(u"SMS_Text"_qs, sms.text);
+    }
+    if (!waits || anybodys) {
+        outbox.setValue(u"TilNummer"_qs, sms.recipient);
+        outbox.setValue(u"TilNummerKort"_qs, sms.recipientShort);
+    }
+    outbox.setValue(u"Dato"_qs, storedDate(sms.date));
+    outbox.setValue(u"DatoLNG"_qs, dayNumber(sms.date));
+    outbox.setValue(u"CMGS"_qs, sms.state);
+    if (!sms.Etternavn.isEmpty()) {
+        outbox.setValue(u"Etternavn"_qs, sms.Etternavn);
+    }
+    if (!sms.Fornavn.isEmpty()) {
+        outbox.setValue(u"Fornavn"_qs, sms.Fornavn);
+    }
+    outbox.update();
+    return !waits;
+}
+
+void queueSms(Recordset &outbox, SendPace &pace, const OutboundSms &sms)
+{
+    // First, so that a message that fails hurries what waits already, as it always did.
+    if (sms.hurry == OutboundSms::Hurry::Always) {
+        pace.hurry();
+    }
+    if (queueSms(outbox, sms) && sms.hurry == OutboundSms::Hurry::ForNewRow) {
+        pace.hurry();
+    }
+}
 
 OutboundQueue::OutboundQueue(Clock &clock, Module1 &module, ModemFlags &flags,
                              Recordsets &recordsets, SmsSubmitter &submitter, SendPace &pace,
@@ -51,59 +139,19 @@ OutboundQueue::OutboundQueue(Clock &clock, Module1 &module, ModemFlags &flags,
 void OutboundQueue::QueueOutboundSms(const QString &recipient, const QString &text,
                                      const QString &Etternavn, const QString &Fornavn)
 {
-    queue({.recipient = recipient,
-           .recipientShort = mid(recipient, kBehindCountryCode, kShortLength),
-           .text = text,
-           .Etternavn = Etternavn,
-           .Fornavn = Fornavn,
-           .date = clock_.now().date()});
+    queue(OutboundSms::freeText(recipient, text, Etternavn, Fornavn, clock_.now().date()));
 }
 
 void OutboundQueue::queueDoorCommand(const QString &door, const QString &doorName,
                                      const QString &command, const QDate &date,
                                      const QString &state)
 {
-    queue({.recipient = door,
-           .recipientShort = mid(door, kBehindCountryCode),
-           .text = command,
-           .Etternavn = doorName,
-           .Fornavn = {},
-           .date = date,
-           .state = state,
-           .sameRecipientOnly = true,
-           .hurry = false});
+    queue(OutboundSms::doorCommand(door, doorName, command, date, state));
 }
 
 void OutboundQueue::queue(const OutboundSms &sms)
 {
-    if (sms.hurry) {
-        pace_.hurry();
-    }
-    Recordset &outbox = recordsets_.rsSmsOutbox;
-    const bool waiting =
-        sms.sameRecipientOnly
-            ? outbox.findFirst(u"SMS_text"_qs, sms.text, {{u"TilNummer"_qs, sms.recipient}})
-            : outbox.findFirst(u"SMS_text"_qs, sms.text);
-    if (!waiting) {
-        outbox.addNew();
-        outbox.setValue(u"SMS_Text"_qs, sms.text);
-    }
-    // Of the plain form, a waiting message of the same wording goes to the new recipient instead
-    // of the one that it was for.
-    if (!waiting || !sms.sameRecipientOnly) {
-        outbox.setValue(u"TilNummer"_qs, sms.recipient);
-        outbox.setValue(u"TilNummerKort"_qs, sms.recipientShort);
-    }
-    outbox.setValue(u"Dato"_qs, storedDate(sms.date));
-    outbox.setValue(u"DatoLNG"_qs, dayNumber(sms.date));
-    outbox.setValue(u"CMGS"_qs, sms.state);
-    if (!sms.Etternavn.isEmpty()) {
-        outbox.setValue(u"Etternavn"_qs, sms.Etternavn);
-    }
-    if (!sms.Fornavn.isEmpty()) {
-        outbox.setValue(u"Fornavn"_qs, sms.Fornavn);
-    }
-    outbox.update();
+    queueSms(recordsets_.rsSmsOutbox, pace_, sms);
 }
 
 void OutboundQueue::SendQueuedSms()

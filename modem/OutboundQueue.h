@@ -16,6 +16,11 @@ struct Module1;
 
 /// A message for the queue, and how it meets a waiting one of the same text.
 struct OutboundSms {
+    /// Whose waiting row of the same text is taken over, instead of a second one being added.
+    enum class TakesOver { Anybodys, SameRecipients };
+    /// When TimerSEND_SMS is hurried, unless QueuePending.
+    enum class Hurry { Always, ForNewRow, Never };
+
     QString recipient;      ///< full number, into TilNummer
     QString recipientShort; ///< into TilNummerKort
     QString text;
@@ -23,11 +28,34 @@ struct OutboundSms {
     QString Fornavn;   ///< written when not empty
     QDate date;        ///< into Dato and DatoLNG; the queue sends in this order
     QString state = QStringLiteral("UNSENT"); ///< into CMGS
-    /// A waiting row of the same text is taken over only when it goes to the same recipient.
-    bool sameRecipientOnly = false;
-    /// TimerSEND_SMS is hurried first, unless QueuePending.
-    bool hurry = true;
+    TakesOver takesOver = TakesOver::Anybodys;
+    Hurry hurry = Hurry::Always;
+
+    // The four forms in use, which differ on purpose; side by side in OutboundQueue.cpp.
+
+    /// A free text to anybody.
+    static OutboundSms freeText(const QString &recipient, const QString &text,
+                                const QString &Etternavn, const QString &Fornavn,
+                                const QDate &today);
+    /// The command that registers or deletes a user on a door. The day is the first of the user's
+    /// period; the state is "UNSENT", or "SLETTET" to have the row swept away.
+    static OutboundSms doorCommand(const QString &door, const QString &doorName,
+                                   const QString &text, const QDate &day, const QString &state);
+    /// A command of the door configuration screen.
+    static OutboundSms doorSetting(const QString &door, const QString &doorName,
+                                   const QString &text, const QDate &today);
+    /// The question for a door's log.
+    static OutboundSms logRequest(const QString &door, const QString &doorName, const QString &text,
+                                  const QDate &today);
 };
+
+/// The one way into a queue: the shared rsSmsOutbox, or a screen's own set of SMS_Sent with the
+/// same columns. Leaves the pace alone; gives true when a row was added, false when a waiting one
+/// was taken over.
+/// @throws RuntimeFailure when the text holds a single quote, or the row cannot be written.
+bool queueSms(Recordset &outbox, const OutboundSms &sms);
+/// The same with the hurry that the message asks for.
+void queueSms(Recordset &outbox, SendPace &pace, const OutboundSms &sms);
 
 /// The rows of SMS_Sent that wait ("UNSENT"), and the way out of them.
 /// No screen ever talks to the modem about a message: it puts a row here.
@@ -36,16 +64,13 @@ public:
     OutboundQueue(Clock &clock, Module1 &module, ModemFlags &flags, Recordsets &recordsets,
                   SmsSubmitter &submitter, SendPace &pace, Timer &timerCom);
 
-    /// A free text to anybody, dated today: a waiting row of the same wording is taken over,
-    /// whoever it was for.
+    /// OutboundSms::freeText, dated today.
     void QueueOutboundSms(const QString &recipient, const QString &text, const QString &Etternavn,
                           const QString &Fornavn);
-    /// A command to a door: a waiting row is refreshed only for the same door. It leaves the pace
-    /// alone. The state is "UNSENT", or "SLETTET" to have the row swept away.
+    /// OutboundSms::doorCommand.
     void queueDoorCommand(const QString &door, const QString &doorName, const QString &command,
                           const QDate &date, const QString &state);
-    /// The core of both.
-    /// @throws RuntimeFailure when the text holds a single quote, or the row cannot be written.
+    /// queueSms() into rsSmsOutbox.
     void queue(const OutboundSms &sms);
 
     /// Hands at most one waiting row to the modem. It never fails; what happened to the row stands

@@ -38,7 +38,7 @@ void FreeSms::toDoor()
 void FreeSms::send(OutboundSms sms)
 {
     const ScreenTexts &texts = module_.texts;
-    sms.hurry = false; // before the dialogue, and not behind it
+    sms.hurry = OutboundSms::Hurry::Never; // before the dialogue, and not behind it
     skipped({
         [&] { modem_.flags.ComposingSms = true; },
         [&] { modem_.pace.hurry(); },

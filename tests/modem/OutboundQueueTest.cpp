@@ -39,17 +39,57 @@ TEST_F(Queue, WritesAWholeRowAndGivesAWaitingTextToTheNewRecipient)
     EXPECT_EQ(link.pace.interval(), 30000ms);
 }
 
-TEST_F(Queue, KeepsACommandForEachDoor)
+// "R5" waits since yesterday, for another door and then for the same one, when "r5" is queued. The
+// rows are TilNummer, TilNummerKort, Etternavn, Fornavn, Dato and CMGS.
+TEST_F(Queue, HasFourFormsWhichDifferOnPurpose)
 {
-    const QString command = u"I 91234567*25"_qs;
-    const QString longNumber = u"+479000000212345"_qs; // a door's short number is cut nowhere
-    link.queue.queueDoorCommand(kDoor, u"Hovedport"_qs, command, kToday, u"UNSENT"_qs);
-    link.queue.queueDoorCommand(longNumber, u"Bakdør"_qs, command, kToday, u"UNSENT"_qs);
-    link.queue.queueDoorCommand(longNumber, u"Port"_qs, command, kToday.addDays(3), u"SLETTET"_qs);
-    EXPECT_EQ(sent(u"TilNummer, TilNummerKort, Etternavn, Fornavn, Dato, DatoLNG, CMGS"_qs),
-              (QStringList{u"+4790000001|90000001|Hovedport||2026-12-01|46357|UNSENT"_qs,
-                           u"+479000000212345|9000000212345|Port||2026-12-04|46360|SLETTET"_qs}));
-    EXPECT_EQ(link.pace.interval(), 4500ms) << "commands leave the pace alone";
+    const QString longNumber = u"+47900000012345"_qs;
+    const QDate day(2026, 12, 24);
+    const QString others = kOtherDoor + u"|old|Berg||2026-11-30|UNSENT"_qs;
+    const struct {
+        const char *name;
+        OutboundSms sms;
+        QString others; ///< the other door's row, if it stays
+        bool hurriesAdding;
+        QString added;
+        QString refreshed; ///< the door's own row
+        bool hurriesRefreshing;
+    } forms[] = {
+        {"free text",
+         OutboundSms::freeText(longNumber, u"r5"_qs, u"Port"_qs, u"Per"_qs, kToday),
+         {},
+         true,
+         longNumber + u"|900000012|Port|Per|2026-12-01|UNSENT"_qs,
+         longNumber + u"|900000012|Port|Per|2026-12-01|UNSENT"_qs,
+         true},
+        {"register", OutboundSms::doorCommand(longNumber, u"Port"_qs, u"r5"_qs, day, u"SLETTET"_qs),
+         others, false, longNumber + u"|900000012345|Port||2026-12-24|SLETTET"_qs,
+         longNumber + u"|old|Port||2026-12-24|SLETTET"_qs, false},
+        {"setting", OutboundSms::doorSetting(longNumber, u"Port"_qs, u"r5"_qs, kToday), others,
+         false, longNumber + u"|900000012345|Port||2026-12-01|UNSENT"_qs,
+         longNumber + u"|old|Port||2026-12-01|UNSENT"_qs, false},
+        {"log request", OutboundSms::logRequest(longNumber, u"Port"_qs, u"r5"_qs, kToday), others,
+         true, longNumber + u"|900000012345|Port||2026-12-01|UNSENT"_qs,
+         longNumber + u"|old|Port||2026-12-01|UNSENT"_qs, false},
+    };
+    const auto queued = [&](const QString &number, const OutboundSms &sms) {
+        database.look().run(u"DELETE FROM SMS_Sent"_qs);
+        database.add(u"SMS_Sent"_qs, u"TilNummer,TilNummerKort,Etternavn,Dato,SMS_Text,CMGS"_qs,
+                     {number, u"old"_qs, u"Berg"_qs, u"2026-11-30"_qs, u"R5"_qs, u"UNSENT"_qs});
+        recordsets.OpenRecordsets();
+        link.pace.restart(4500ms);
+        queueSms(recordsets.rsSmsOutbox, link.pace, sms);
+        return sent(u"TilNummer, TilNummerKort, Etternavn, Fornavn, Dato, CMGS"_qs);
+    };
+    for (const auto &form : forms) {
+        SCOPED_TRACE(form.name);
+        QStringList expected{form.others, form.added};
+        expected.removeAll(QString());
+        EXPECT_EQ(queued(kOtherDoor, form.sms), expected);
+        EXPECT_EQ(link.pace.interval() == 3000ms, form.hurriesAdding);
+        EXPECT_EQ(queued(longNumber, form.sms), QStringList{form.refreshed});
+        EXPECT_EQ(link.pace.interval() == 3000ms, form.hurriesRefreshing);
+    }
 }
 
 TEST_F(Queue, RefusesASingleQuoteAndKeepsTheOutboxUsable)
