@@ -2,6 +2,7 @@
 
 #include "data/DatabasePaths.h"
 #include "data/EngineFunctions.h"
+#include "data/FileKey.h"
 #include "data/FileUse.h"
 #include "platform/RuntimeFailure.h"
 
@@ -18,6 +19,7 @@ namespace {
 
 constexpr int kBusyTimeout = 5000; // ms
 constexpr int kPreparedStatements = 200;
+constexpr int kSaltSize = 16; // bytes
 
 QString translated(const char *text)
 {
@@ -45,14 +47,26 @@ void check(sqlite3 *database, int result)
 }
 
 /// Absolute, so that no name is special to the engine.
-QString existingFile(const QString &connectionString)
+QString existingFile(const QString &path)
 {
-    const QString path = connectionParts(connectionString).path;
     const QFileInfo file(path);
     if (!file.isFile()) {
         throw RuntimeFailure(translated("Finner ikke databasefilen: %1").arg(path));
     }
     return file.absoluteFilePath();
+}
+
+/// The salt that the file begins with; nothing when it is too short to have one. It is read through
+/// the engine: were the file opened and closed beside it, the system would take away all locks that
+/// this program holds on it.
+QByteArray saltOf(sqlite3 *database)
+{
+    sqlite3_file *file = nullptr;
+    check(database, sqlite3_file_control(database, "main", SQLITE_FCNTL_FILE_POINTER,
+                                         static_cast<void *>(&file)));
+    QByteArray salt(kSaltSize, '\0');
+    return file->pMethods->xRead(file, salt.data(), kSaltSize, 0) == SQLITE_OK ? salt
+                                                                               : QByteArray();
 }
 
 /// A prepared statement.
@@ -164,6 +178,10 @@ private:
 } // namespace
 
 struct Connection::Private {
+    Private(QString file, FileKey fileKey, std::shared_ptr<FileUse> fileUse)
+        : path(std::move(file)), key(std::move(fileKey)), use(std::move(fileUse))
+    {
+    }
     ~Private() { close(); }
 
     void close()
@@ -197,8 +215,10 @@ struct Connection::Private {
         }
     }
 
-    sqlite3 *database = nullptr;
+    const QString path; ///< absolute
+    FileKey key;
     std::shared_ptr<FileUse> use;
+    sqlite3 *database = nullptr;
     /// Prepared statements by their text. One at work is not here, so that its reader may run the
     /// same text again.
     QCache<QString, Statement> idle{kPreparedStatements};
@@ -210,22 +230,35 @@ Connection::~Connection() = default;
 
 std::shared_ptr<Connection> Connection::open(const QString &connectionString)
 {
-    return open(connectionString, FileUse::shared(existingFile(connectionString)));
+    const QString path = existingFile(connectionParts(connectionString).path);
+    return open(connectionString, FileUse::shared(path));
 }
 
 std::shared_ptr<Connection> Connection::open(const QString &connectionString,
                                              std::shared_ptr<FileUse> use)
 {
-    const QString path = existingFile(connectionString);
-    auto state = std::make_unique<Private>();
-    state->use = std::move(use);
+    const auto [path, password] = connectionParts(connectionString);
+    return open(existingFile(path), FileKey(password.toUtf8()), std::move(use));
+}
+
+std::shared_ptr<Connection> Connection::another() const
+{
+    d->opened();
+    const QString path = existingFile(d->path);
+    return open(path, d->key, FileUse::shared(path));
+}
+
+std::shared_ptr<Connection> Connection::open(const QString &path, FileKey key,
+                                             std::shared_ptr<FileUse> use)
+{
+    auto state = std::make_unique<Private>(path, std::move(key), std::move(use));
     const int opened = sqlite3_open_v2(path.toUtf8().constData(), &state->database,
                                        SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     check(state->database, opened);
-    const QByteArray password = connectionParts(connectionString).password.toUtf8();
-    if (!password.isEmpty()) {
-        check(state->database, sqlite3_key(state->database, password.constData(),
-                                           static_cast<int>(password.size())));
+    const QByteArray engineKey = state->key.forSalt(saltOf(state->database));
+    if (!engineKey.isEmpty()) {
+        check(state->database, sqlite3_key(state->database, engineKey.constData(),
+                                           static_cast<int>(engineKey.size())));
     }
     sqlite3_busy_timeout(state->database, kBusyTimeout);
     addEngineFunctions(state->database);

@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 
+class FileKey;
 class FileUse;
 
 /// One open database file. The engine stands wholly behind this class: no other header of the
@@ -26,6 +27,10 @@ public:
     /// The same for one who has said already how the file is used.
     static std::shared_ptr<Connection> open(const QString &connectionString,
                                             std::shared_ptr<FileUse> use);
+    /// A further connection to the same file, with a share of its own in it. It costs little: the
+    /// key is not derived again, unless another file has come into the place of this one.
+    /// @throws RuntimeFailure as open() does, and when this connection is closed.
+    std::shared_ptr<Connection> another() const;
     ~Connection();
     Connection(const Connection &) = delete;
     Connection &operator=(const Connection &) = delete;
@@ -53,6 +58,8 @@ public:
 
 private:
     struct Private;
+    static std::shared_ptr<Connection> open(const QString &path, FileKey key,
+                                            std::shared_ptr<FileUse> use);
     explicit Connection(std::unique_ptr<Private> p);
     void between(const QString &begin, const std::function<void()> &work);
     std::unique_ptr<Private> d;

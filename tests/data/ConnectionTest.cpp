@@ -1,3 +1,4 @@
+#include "data/CreateDatabase.h"
 #include "data/Criteria.h"
 #include "data/DataTest.h"
 #include "data/DatabasePaths.h"
@@ -93,6 +94,39 @@ TEST_F(ConnectionTest, ClosedConnectionFailsForAllWhoHoldIt)
     EXPECT_THROW(connection->run(u"SELECT 1"_qs), RuntimeFailure);
     EXPECT_THROW(connection->transaction([] {}), RuntimeFailure);
     EXPECT_NO_THROW(FileUse::alone(database.path()));
+}
+
+TEST_F(ConnectionTest, AnotherOneStandsByItself)
+{
+    const auto first = database.open();
+    const auto second = first->another();
+    first->close();
+    EXPECT_THAT(failureOf([&] { first->another(); }), HasSubstr("er lukket"));
+    EXPECT_EQ(second->single(u"SELECT USER_ID FROM Passwords"_qs), u"Hovedoperatør"_qs);
+    EXPECT_THROW(FileUse::alone(database.path()), RuntimeFailure);
+    second->close();
+    EXPECT_NO_THROW(FileUse::alone(database.path()));
+}
+
+TEST_F(ConnectionTest, AnotherOneTakesTheFileThatStandsThereNow)
+{
+    const auto first = database.open();
+    ASSERT_TRUE(QFile::remove(database.path()));
+    EXPECT_THAT(failureOf([&] { first->another(); }), HasSubstr("Finner ikke databasefilen"));
+    write(database.path(), QByteArray(2048, 'x'));
+    EXPECT_THAT(failureOf([&] { first->another(); }), HasSubstr("ikke en database"));
+    QFile::remove(database.path());
+    createDatabase(database.path(), {u"Ny"_qs, {}, u"1"_qs});
+    EXPECT_EQ(first->another()->single(u"SELECT USER_ID FROM Passwords"_qs), u"Ny"_qs);
+}
+
+TEST_F(ConnectionTest, AnotherOneTakesNoLockAway)
+{
+    database.look().transaction([&] {
+        database.look().another();
+        EXPECT_TRUE(sqlcipherSays(database.path(), u"DELETE FROM Passwords;"_qs, u"kaLmir"_qs)
+                        .contains(u"locked"));
+    });
 }
 
 TEST_F(ConnectionTest, OtherProgramReadsTheFileWithThePasswordOnly)

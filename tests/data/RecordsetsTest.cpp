@@ -119,7 +119,7 @@ struct CompactionTest : RecordsetsTest {
             " INSERT INTO SMS_Sent (CMGS) SELECT 'UNSENT' FROM n"_qs);
         run(u"DELETE FROM SMS_Sent WHERE ID > 2 AND ID <> 150"_qs);
         run(u"DELETE FROM KEYTable WHERE KeyNavn = 'Hovedport'"_qs);
-        database.look().close();
+        database.letGo();
         recordsets.OpenRecordsets();
         recordsets.CompactRequested = true;
     }

@@ -41,7 +41,7 @@ QString TestDatabase::path() const
 
 std::shared_ptr<Connection> TestDatabase::open() const
 {
-    return Connection::open(connectionString(path()));
+    return look_ ? look_->another() : Connection::open(connectionString(path()));
 }
 
 const std::shared_ptr<Connection> &TestDatabase::own()
@@ -50,6 +50,14 @@ const std::shared_ptr<Connection> &TestDatabase::own()
         look_ = open();
     }
     return look_;
+}
+
+void TestDatabase::letGo()
+{
+    if (look_) {
+        look_->close();
+        look_.reset();
+    }
 }
 
 void TestDatabase::add(const QString &table, const QString &columns, const QVariantList &values)

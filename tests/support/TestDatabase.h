@@ -23,6 +23,8 @@ public:
     /// The connection of this object, for looking at the file and for filling it.
     const std::shared_ptr<Connection> &own();
     Connection &look() { return *own(); }
+    /// Closes it, so that others can have the file alone; the next use opens it again.
+    void letGo();
     /// Writes a row: the table, its columns joined by ",", and their values.
     void add(const QString &table, const QString &columns, const QVariantList &values);
     /// First column of the first row, as text.
