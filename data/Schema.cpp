@@ -136,15 +136,20 @@ struct Index {
     const char16_t *table;
     const char16_t *column;
     bool unique = false;
-    const char16_t *second = nullptr; ///< a further column, where the first has too many rows alike
+    const char16_t *second = nullptr; ///< a further column, where the first has many rows alike
 };
 
 constexpr Index kIndexes[] = {
-    {u"KEYTable", u"KeyNummer", true}, {u"TBLbrukere", u"KeyNummer"},
-    {u"TBLbrukere", u"KeyBruker"},     {u"NYEbrukere", u"KeyNummer"},
-    {u"NYEbrukere", u"Bruker"},        {u"Katalog", u"Bruker", true},
-    {u"Katalog", u"BrukerKort"},       {u"SMS_Sent", u"CMGS"},
-    {u"LOGGData", u"KeyNummer"},       {u"LOGGData", u"Dato", false, u"KeyUser"},
+    {u"KEYTable", u"KeyNummer", true},
+    {u"TBLbrukere", u"KeyNummer"},
+    {u"TBLbrukere", u"KeyBruker"},
+    {u"NYEbrukere", u"KeyNummer"},
+    {u"NYEbrukere", u"Bruker"},
+    {u"Katalog", u"Bruker", true},
+    {u"Katalog", u"BrukerKort"},
+    {u"SMS_Sent", u"CMGS"},
+    {u"LOGGData", u"KeyNummer", false, u"Dato"},
+    {u"LOGGData", u"Dato", false, u"KeyUser"},
 };
 
 void createIndex(Connection &connection, const Index &index)

@@ -2,7 +2,8 @@
 
 class Connection;
 
-/// Numbers the shape of the tables; it stands in the file as user_version.
+/// Numbers the shape of the tables; it stands in the file as user_version. Indexes don't count: a
+/// file with those of an earlier day works as well, only slower.
 constexpr int kSchemaNumber = 1;
 
 /// Makes all tables, saved queries, indexes and the trigger in an empty file.

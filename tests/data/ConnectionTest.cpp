@@ -19,7 +19,17 @@ QString sqlcipherSays(const QString &path, const QString &sql, const QString &pa
     return QString::fromUtf8(program.readAllStandardOutput() + program.readAllStandardError());
 }
 
-using ConnectionTest = DataTest;
+struct ConnectionTest : DataTest {
+    /// How the engine would go about "SELECT 1 FROM" this.
+    QString plan(QString sql)
+    {
+        QString steps;
+        database.look().run(u"EXPLAIN QUERY PLAN SELECT 1 FROM "_qs +
+                                sql.replace(u"?"_qs, u"'x'"_qs),
+                            {}, [&](const QVariantList &row) { steps += row[3].toString(); });
+        return steps;
+    }
+};
 
 TEST_F(ConnectionTest, BadFilesAndPasswordsAreRefusedInWords)
 {
@@ -162,12 +172,19 @@ TEST_F(ConnectionTest, LookupsAreAnsweredByAnIndex)
           {u"LOGGData WHERE %1 ORDER BY rowid"_qs.arg(equals(u"Dato"_qs)), "LOGGData_Dato"},
           {u"brukere WHERE %1 AND Rad > 7 ORDER BY Rad"_qs.arg(equals(u"KeyNummer"_qs)),
            "TBLbrukere_KeyNummer"}}) {
-        QString plan;
-        database.look().run(u"EXPLAIN QUERY PLAN SELECT 1 FROM %1 LIMIT 1"_qs.arg(
-                                QString(sql).replace(u"?"_qs, u"'x'"_qs)),
-                            {}, [&](const QVariantList &row) { plan += row[3].toString(); });
-        EXPECT_THAT(plan.toStdString(), HasSubstr(index));
-        EXPECT_FALSE(plan.contains(u"SCAN")) << plan.toStdString();
+        const QString steps = plan(sql + u" LIMIT 1"_qs);
+        EXPECT_THAT(steps.toStdString(), HasSubstr(index));
+        EXPECT_FALSE(steps.contains(u"SCAN")) << steps.toStdString();
+    }
+}
+
+TEST_F(ConnectionTest, LogOfADoorIsSortedByItsIndex)
+{
+    for (const QString &way : {u""_qs, u" DESC"_qs}) {
+        const QString steps = plan(u"LOGGData WHERE %1 ORDER BY %2%3, [Rad]%3"_qs.arg(
+            equals(u"KeyNummer"_qs), comparedForm(u"Dato"_qs), way));
+        EXPECT_THAT(steps.toStdString(), HasSubstr("LOGGData_KeyNummer"));
+        EXPECT_FALSE(steps.contains(u"TEMP B-TREE")) << steps.toStdString();
     }
 }
 
