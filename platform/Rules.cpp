@@ -4,14 +4,15 @@
 #include "platform/Operator.h"
 #include "platform/RuntimeFailure.h"
 
-bool shown(Operator &person, const QString &title, const std::function<void()> &handler)
+bool shown(Operator &person, const QString &title, const std::function<void()> &handler,
+           const QString &advice)
 {
     try {
         handler();
         return true;
     } catch (const RuntimeFailure &failure) {
         try {
-            person.showFailure(failure.description(), title);
+            person.showFailure(failure.description() + advice, title);
         } catch (const ProgramEnds &) {
         }
     } catch (const ProgramEnds &) {

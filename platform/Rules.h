@@ -12,8 +12,10 @@ class Operator;
 // interpreter). All of them also end a handler in silence when the program ends under it.
 
 /// Shows the description in a message box; the handler ends. While the box of a failure is open
-/// the same failure opens no second one. Gives false when it failed.
-bool shown(Operator &person, const QString &title, const std::function<void()> &handler);
+/// the same failure opens no second one. The advice stands behind the description. Gives false when
+/// it failed.
+bool shown(Operator &person, const QString &title, const std::function<void()> &handler,
+           const QString &advice = {});
 
 /// Leaves a failing step out and goes on with the next, in silence.
 void skipped(std::initializer_list<std::function<void()>> steps);

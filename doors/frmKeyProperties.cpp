@@ -1,0 +1,646 @@
+#include "doors/frmKeyProperties.h"
+
+#include "data/Connection.h"
+#include "data/Criteria.h"
+#include "data/Module1.h"
+#include "modem/OutboundQueue.h"
+#include "platform/Clock.h"
+#include "platform/Operator.h"
+#include "platform/Rules.h"
+#include "platform/RuntimeFailure.h"
+#include "platform/Text.h"
+#include "ui_frmKeyProperties.h"
+
+#include <QApplication>
+#include <QButtonGroup>
+#include <QCloseEvent>
+#include <QScopedValueRollback>
+#include <QShortcut>
+
+#include <algorithm>
+
+namespace {
+
+constexpr milliseconds kReloadInterval = 10000ms;
+constexpr int kAdmin = 14;
+constexpr int kOwnNumber = 9;
+constexpr int kFirstEdit = 4; ///< the fields with buttons of the same index …
+constexpr int kLastEdit = 20; ///< … from the first to the last
+constexpr int kFixedText = 21;
+constexpr int kAlarmList = 4;
+constexpr int kModeList = 5;
+constexpr int kMode = 12;
+constexpr int kPulse = 13;
+constexpr int kUsers = 14;
+constexpr int kHours = 21;
+
+/// By the index of the field. The last field is bound to none.
+constexpr const char *kColumns[] = {
+    "KeyNummer", "KeyNavn", "KeySikkerhet", "Bygning",     "Admin1",      "Admin2",    "Admin3",
+    "Admin4",    "Admin5",  "Eget_Nummer",  "Beskrivelse", "Alarmstatus", "KeyStatus", "Pulslengde",
+    "Admin",     "Tekst1",  "Tekst2",       "Tekst3",      "Tekst4",      "Tekst5",    "Tekst6",
+};
+
+/// By the index of the list.
+constexpr const char *kListColumns[] = {"TimeInStart", "TimeInStop",  "TimeOutStart",
+                                        "TimeOutStop", "Alarmstatus", "KeyStatus"};
+
+QString named(const char *column)
+{
+    return QString::fromLatin1(column);
+}
+
+QString translated(const char *text)
+{
+    return QCoreApplication::translate("frmKeyProperties", text);
+}
+
+Query doors(const QString &SecurityLevel)
+{
+    Query query{.source = QStringLiteral("KEYTable"),
+                // The level is compared as text, with a blank behind it, as on the main screen.
+                .filter = QStringLiteral("KeySikkerhet <= ?"),
+                .values = {filterValue(SecurityLevel) + u' '}};
+    for (const char *const column : kColumns) {
+        query.columns += named(column);
+    }
+    query.columns += {QStringLiteral("TimeInStart"), QStringLiteral("TimeInStop"),
+                      QStringLiteral("TimeOutStart"), QStringLiteral("TimeOutStop")};
+    return query;
+}
+
+Query waitingMessages()
+{
+    return {.source = QStringLiteral("SMS_Sent"),
+            .columns = QStringLiteral("ID,TilNummer,TilNummerKort,Etternavn,Fornavn,Dato,DatoLNG,"
+                                      "SMS_Text,CMGS,TimeSent,TimeReceived,ReceivedStatus")
+                           .split(u','),
+            .filter = equals(QStringLiteral("CMGS")),
+            .values = {QStringLiteral("UNSENT")}};
+}
+
+QStringList hours()
+{
+    QStringList result;
+    for (int hour = 0; hour <= 24; ++hour) {
+        result += QStringLiteral("%1").arg(hour, 2, 10, QChar(u'0'));
+    }
+    return result;
+}
+
+// A list shows what is stored, also what is none of its entries (the word of another language, the
+// "Normal (N)" of a new door): then nothing is selected.
+
+void showText(QComboBox &list, const QString &text)
+{
+    const int entry = list.findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    list.setPlaceholderText(entry < 0 ? text : QString());
+    list.setCurrentIndex(entry);
+}
+
+QString textOf(const QComboBox &list)
+{
+    return list.currentIndex() < 0 ? list.placeholderText() : list.currentText();
+}
+
+void fill(QComboBox &list, const QStringList &entries)
+{
+    list.clear();
+    list.addItems(entries);
+    list.setCurrentIndex(-1);
+}
+
+/// The same entries in another language.
+void reword(QComboBox &list, const QStringList &entries)
+{
+    for (int i = 0; i < list.count(); ++i) {
+        list.setItemText(i, entries.at(i));
+    }
+}
+
+void keepPlaceWhenHidden(QWidget &control)
+{
+    QSizePolicy policy = control.sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    control.setSizePolicy(policy);
+}
+
+} // namespace
+
+frmKeyProperties::frmKeyProperties(Module1 &module, Operator &person, Clock &clock, QWidget *parent)
+    : QWidget(parent, Qt::Window),
+      module_(module),
+      person_(person),
+      clock_(clock),
+      Timer1_(clock.timer([this] { Timer1_Timer(); })),
+      ui_(std::make_unique<Ui::frmKeyProperties>()),
+      types_(new QButtonGroup(this))
+{
+    ui_->setupUi(this);
+    Timer1_->setInterval(kReloadInterval);
+    collectControls();
+    connectControls();
+    paintReadOnly();
+}
+
+frmKeyProperties::~frmKeyProperties() = default;
+
+void frmKeyProperties::collectControls()
+{
+    const auto collect = [this]<class Control, std::size_t size>(
+                             std::array<Control *, size> &controls, const char *name) {
+        for (std::size_t i = 0; i < size; ++i) {
+            controls[i] = findChild<Control *>(QStringLiteral("%1_%2").arg(named(name)).arg(i));
+        }
+    };
+    collect(KeyTXT_, "KeyTXT");
+    collect(Command1_, "Command1");
+    collect(Combo1_, "Combo1");
+    collect(KeyType_, "KeyType");
+}
+
+void frmKeyProperties::connectControls()
+{
+    for (QLineEdit *field : KeyTXT_) {
+        field->installEventFilter(this);
+        connect(field, &QLineEdit::textChanged, this, [this] { captionAdministrator(); });
+        connect(field, &QLineEdit::textEdited, this, [this] { KeyTXT_Change(); });
+    }
+    for (std::size_t i = 0; i < Command1_.size(); ++i) {
+        if (QPushButton *button = Command1_[i]) {
+            keepPlaceWhenHidden(*button);
+            const int index = static_cast<int>(i);
+            connect(button, &QPushButton::clicked, this, [this, index] { SendDoorCommand(index); });
+        }
+    }
+    for (std::size_t i = 0; i < Combo1_.size(); ++i) {
+        keepPlaceWhenHidden(*Combo1_[i]);
+        Combo1_[i]->installEventFilter(this);
+        // The operator's choice alone, not what a load or a step puts there.
+        const int index = static_cast<int>(i);
+        connect(Combo1_[i], &QComboBox::activated, this, [this, index] { Combo1_Click(index); });
+    }
+    for (QWidget *label :
+         {ui_->Label1_13, ui_->Label1_14, ui_->Label1_15, ui_->Label1_16, ui_->Label1_17}) {
+        keepPlaceWhenHidden(*label);
+    }
+    for (std::size_t i = 0; i < KeyType_.size(); ++i) {
+        types_->addButton(KeyType_[i], static_cast<int>(i));
+    }
+    connect(types_, &QButtonGroup::idClicked, this, &frmKeyProperties::ApplyDoorType);
+    connect(ui_->UpDown1, &UpDown::up, this, [this] { UpDown1_Change(true); });
+    connect(ui_->UpDown1, &UpDown::down, this, [this] { UpDown1_Change(false); });
+
+    const auto onKey = [this](const char *keys, auto action) {
+        connect(new QShortcut(QKeySequence(named(keys)), this), &QShortcut::activated, this,
+                action);
+    };
+    onKey("Esc", [this] { close(); });
+    onKey("Ctrl+PgDown", [this] { UpDown1_Change(true); });
+    onKey("Ctrl+PgUp", [this] { UpDown1_Change(false); });
+}
+
+bool frmKeyProperties::eventFilter(QObject *watched, QEvent *event)
+{
+    auto *list = qobject_cast<QComboBox *>(watched);
+    if (list == nullptr && event->type() == QEvent::FocusIn) {
+        // Nobody's typing is to be run over by a reload.
+        Timer1_->setEnabled(false);
+    }
+    if (list != nullptr && event->type() == QEvent::Wheel && !list->hasFocus()) {
+        // Who scrolls the screen chooses nothing on the way.
+        event->ignore();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void frmKeyProperties::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (!event->spontaneous()) {
+        Timer1_->setEnabled(true);
+        // In no field, which would stop the timer, and where no key sends or stores anything.
+        KeyType_[0]->setFocus();
+    }
+}
+
+void frmKeyProperties::closeEvent(QCloseEvent *event)
+{
+    // Closing leaves the row, as a step does: what was typed is saved.
+    const bool mayClose = !busy_ && (!rsDoor_.isOpen() || act([this] { saveRow(); }) ||
+                                     clock_.hasEnded() || mayLoseEdits());
+    event->setAccepted(mayClose);
+    if (mayClose) {
+        Timer1_->setEnabled(false);
+        rsDoor_.close();
+        rsQueue_.close();
+        connection_.reset();
+    }
+}
+
+/// A file that is gone for good must not keep the window open for ever.
+bool frmKeyProperties::mayLoseEdits()
+{
+    bool mayLose = false;
+    act([&] {
+        mayLose = ask(translated("Endringene er ikke lagret. Vil du lukke likevel?"),
+                      Buttons::OkCancel) == Answer::Ok;
+    });
+    return mayLose;
+}
+
+void frmKeyProperties::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange) {
+        retranslate();
+    } else if (event->type() == QEvent::PaletteChange) {
+        paintReadOnly();
+    }
+}
+
+void frmKeyProperties::retranslate()
+{
+    const QString fixedText = KeyTXT_[kFixedText]->text();
+    ui_->retranslateUi(this);
+    if (rsDoor_.isOpen()) {
+        KeyTXT_[kFixedText]->setText(fixedText);
+        captionAdministrator();
+    }
+    reword(*Combo1_[kAlarmList], alarmFunctions());
+    reword(*Combo1_[kModeList], functionModes());
+}
+
+/// In the colour of what lies behind it; the words of a list without a selection are as plain as
+/// those of the others.
+void frmKeyProperties::paintReadOnly()
+{
+    QPalette flat;
+    flat.setColor(QPalette::Base, palette().color(QPalette::Window));
+    KeyTXT_[kFixedText]->setPalette(flat);
+    QPalette plain;
+    plain.setColor(QPalette::PlaceholderText, palette().color(QPalette::ButtonText));
+    for (QComboBox *list : Combo1_) {
+        list->setPalette(plain);
+    }
+}
+
+/// Runs a handler to its end, a box of its failure included. While it runs nothing else does, and
+/// no tick reloads the screen under it: boxes leave the other windows alive.
+bool frmKeyProperties::act(const std::function<void()> &handler, const QString &advice)
+{
+    if (busy_) {
+        return false;
+    }
+    const QScopedValueRollback busy(busy_, true);
+    return shown(person_, QString(), handler, advice);
+}
+
+Answer frmKeyProperties::ask(const QString &text, Buttons buttons)
+{
+    return person_.messageBox(text, QString(), buttons);
+}
+
+void frmKeyProperties::load()
+{
+    if (rsDoor_.isOpen() && !act([this] { saveRow(); })) {
+        return;
+    }
+    act([this] { loadDoor(); },
+        u'\r' + translated(" Er det opprettet noen nøkkel under Key Data??"));
+}
+
+void frmKeyProperties::loadDoor()
+{
+    openDatabase();
+    OpenDoorRecord();
+    fillLists();
+    for (int i = kFirstEdit; i <= kHours; ++i) {
+        if (i != kUsers) { // that one goes with the lists
+            Command1_[i]->hide();
+        }
+    }
+    captionAdministrator();
+    Command1_[1]->show();
+    checkOwnNumber();
+    module_.RefreshPending = false;
+    clearModel();
+    showControls(false);
+    // It stands ready after every load, with nothing changed. Command1_12 looks as if it had been
+    // meant, but this is the button that operators know there.
+    Command1_[kPulse]->show();
+    KeyTXT_[kFixedText]->setText(QStringLiteral("Ring: ") + text(kOwnNumber));
+}
+
+void frmKeyProperties::openDatabase()
+{
+    if (!module_.DatabaseConnection) {
+        throw RuntimeFailure(QCoreApplication::translate("Recordset", "Ingen database er åpen"));
+    }
+    connection_ = Connection::open(module_.ConnectionString);
+    rsQueue_.open(connection_, waitingMessages());
+}
+
+/// A door that isn't found leaves the set past its end and the fields empty.
+void frmKeyProperties::OpenDoorRecord()
+{
+    rsDoor_.open(connection_, doors(module_.SecurityLevel));
+    rsDoor_.findFirst(QStringLiteral("KeyNummer"), module_.KeySelect);
+    showRow();
+}
+
+void frmKeyProperties::fillLists()
+{
+    for (std::size_t i = 0; i < kAlarmList; ++i) {
+        fill(*Combo1_[i], hours());
+    }
+    fill(*Combo1_[kAlarmList], alarmFunctions());
+    fill(*Combo1_[kModeList], functionModes());
+    for (std::size_t i = 0; i < Combo1_.size(); ++i) {
+        showText(*Combo1_[i], rsDoor_.text(named(kListColumns[i])));
+    }
+}
+
+void frmKeyProperties::checkOwnNumber()
+{
+    // Of a new door nobody knows the administrator yet; that is no failure.
+    if (text(kAdmin).isEmpty() || toNumber(text(kAdmin)) <= 0) {
+        return;
+    }
+    const QString national = mid(module_.KeySelect, 4, 9);
+    if (isUnsetOwnNumber(text(kOwnNumber))) {
+        if (ask(translated("Eget nummer er ikke angitt. Du bør sende dette til nøkkelenhet!!"),
+                Buttons::OkCancel) == Answer::Ok) {
+            KeyTXT_[kOwnNumber]->setText(national);
+            KeyTXT_[kOwnNumber]->setModified(true);
+            KeyTXT_Change(); // brings "Send EGET nr.": the unit hears of it only from there
+            saveRow();
+        }
+    } else if (text(kOwnNumber) != national) {
+        ask(translated("Sjekk om EGET NUMMER er riktig !!!"), Buttons::Ok);
+    }
+}
+
+void frmKeyProperties::captionAdministrator()
+{
+    Command1_[1]->setText(lacksAdministrator(text(kAdmin)) ? translated("Registrer ADMIN")
+                                                           : translated("Reset ADMIN"));
+}
+
+void frmKeyProperties::clearModel()
+{
+    types_->setExclusive(false);
+    for (QRadioButton *type : KeyType_) {
+        type->setChecked(false);
+    }
+    types_->setExclusive(true);
+}
+
+/// The lists, their labels and the buttons that need a model. Command1_12 comes with them, but a
+/// load has hidden it before.
+void frmKeyProperties::showControls(bool forLists)
+{
+    for (QComboBox *list : Combo1_) {
+        list->setVisible(forLists);
+    }
+    for (const int button : {11, 12, 14, 21}) {
+        Command1_[button]->setVisible(forLists);
+    }
+    for (QWidget *label :
+         {ui_->Label1_13, ui_->Label1_14, ui_->Label1_15, ui_->Label1_16, ui_->Label1_17}) {
+        label->setVisible(forLists);
+    }
+}
+
+/// No column holds the model: the operator chooses it for as long as he works with the door.
+void frmKeyProperties::ApplyDoorType(int index)
+{
+    showControls(static_cast<DoorModel>(index) != DoorModel::Argon);
+}
+
+/// An edit brings the button of the same index. By that, Admin brings the one that fetches users:
+/// the main administrator has none, that number is set by "Registrer ADMIN" and by reports alone.
+void frmKeyProperties::KeyTXT_Change()
+{
+    for (int i = kFirstEdit; i <= kLastEdit; ++i) {
+        if (KeyTXT_[i]->isModified()) {
+            Command1_[i]->show();
+        }
+    }
+    Command1_[1]->show();
+    captionAdministrator();
+}
+
+/// A tick finds an answer of the unit, or of any other door. It waits while something is open.
+void frmKeyProperties::Timer1_Timer()
+{
+    if (!module_.RefreshPending || busy_ || QApplication::activeModalWidget() != nullptr ||
+        QApplication::activePopupWidget() != nullptr) {
+        return;
+    }
+    load();
+    module_.RefreshPending = false;
+}
+
+void frmKeyProperties::Combo1_Click(int index)
+{
+    act([&] {
+        if (index == kAlarmList) {
+            chooseWarned(index, translated("Dette vil endre ALARMFUNKSJONEN. Vil du fortsette?"),
+                         QStringLiteral("Alarmstatus"), 11);
+        } else if (index == kModeList) {
+            chooseWarned(index,
+                         translated("Dette vil Åpne eller Lukke port eller dør for alle brukere. "
+                                    "Vil du fortsette?"),
+                         QStringLiteral("KeyStatus"), kMode);
+        } else {
+            Command1_[kHours]->show(); // stored when it is pressed
+        }
+    });
+}
+
+void frmKeyProperties::chooseWarned(int list, const QString &question, const QString &column,
+                                    int button)
+{
+    if (ask(question, Buttons::OkCancel) == Answer::Cancel) {
+        showText(*Combo1_[list], rsDoor_.text(column));
+        return;
+    }
+    saveRow({{column, textOf(*Combo1_[list])}});
+    Command1_[button]->show();
+}
+
+void frmKeyProperties::SendDoorCommand(int index)
+{
+    act([&] {
+        DoorEntry entered = entry();
+        if (index == kMode && isTimedMode(entered.functionMode)) {
+            entered.period = askPeriod();
+        }
+        const std::optional<QString> command = doorCommand(index, entered);
+        if (!command) {
+            return;
+        }
+        Values times;
+        for (std::size_t i = 0; index == kHours && i < entered.hours.size(); ++i) {
+            times.emplace_back(named(kListColumns[i]), entered.hours[i]);
+        }
+        // The file takes the settings here, whatever the answer is: it is ahead of the unit then,
+        // until the field is edited and sent again.
+        saveRow(times);
+        Timer1_->setEnabled(true);
+
+        const QString what = index == kMode ? QStringLiteral(" :") + *command : QString();
+        const Answer answer = ask(translated("Ny instilling (") + Command1_[index]->text() + what +
+                                      translated(") blir sendt til nøkkelenhet"),
+                                  Buttons::OkCancel);
+        hideSent(*Command1_[index]);
+        if (answer == Answer::Ok && !command->isEmpty()) {
+            queue(*command);
+        }
+    });
+}
+
+/// The button goes whatever the answer was. The focus must not fall into the next field, where it
+/// would stop the timer and with it the reload that shows the unit's answer.
+void frmKeyProperties::hideSent(QPushButton &button)
+{
+    if (focusWidget() == &button) {
+        const int chosen = types_->checkedId();
+        KeyType_[chosen < 0 ? 0 : static_cast<std::size_t>(chosen)]->setFocus();
+    }
+    button.hide();
+}
+
+void frmKeyProperties::queue(const QString &command)
+{
+    // Nobody can be sent this: it would stand at the head of the queue and block it for ever.
+    if (text(0).trimmed().isEmpty()) {
+        throw RuntimeFailure(translated("Det er ikke valgt noen dør. Ingenting ble sendt."));
+    }
+    queueSms(rsQueue_, OutboundSms::doorSetting(text(0), text(1), command, clock_.now().date()));
+}
+
+QString frmKeyProperties::askPeriod()
+{
+    const std::optional<DoorModel> door = model();
+    const QString prompt = translated("Tast inn ÅPNINGSTID hverdager") + QStringLiteral("\n\n") +
+                           (door == DoorModel::Type310 ? QStringLiteral("           07-16")
+                                                       : QStringLiteral("           07:45-16:15"));
+    QString typed;
+    do {
+        // What did not pass comes again, to be mended.
+        typed = toWindows1252(person_.inputBox(prompt, translated("ÅPNE"), typed));
+        const QString period = TimeFieldNormalise(typed);
+        const PeriodCheck check = checkPeriod(period);
+        if (check == PeriodCheck::Passes) {
+            return periodText(period, door);
+        }
+        if (check == PeriodCheck::Fails) {
+            person_.beep();
+        }
+    } while (!typed.isEmpty());
+    return {};
+}
+
+/// Only the fields follow. The lists go on showing the door that was loaded, and "Send nye tider"
+/// stores what they show on the new one; model, buttons and the fixed text stay as well, and no own
+/// number is checked.
+void frmKeyProperties::UpDown1_Change(bool up)
+{
+    act([&] {
+        saveRow();
+        if (up ? !rsDoor_.eof() : !rsDoor_.bof()) {
+            up ? rsDoor_.moveNext() : rsDoor_.movePrevious();
+        }
+        if ((up ? rsDoor_.eof() : rsDoor_.bof()) && !rsDoor_.isEmpty()) {
+            person_.beep();
+            up ? rsDoor_.moveLast() : rsDoor_.moveFirst();
+        }
+        showRow();
+        if (!text(0).isEmpty()) {
+            module_.KeySelect = text(0);
+        }
+    });
+}
+
+void frmKeyProperties::showRow()
+{
+    const bool onRow = rsDoor_.row().has_value();
+    for (std::size_t i = 0; i < std::size(kColumns); ++i) {
+        KeyTXT_[i]->setText(onRow ? rsDoor_.text(named(kColumns[i])) : QString());
+    }
+}
+
+frmKeyProperties::Values frmKeyProperties::edits() const
+{
+    Values result;
+    for (std::size_t i = 0; i < std::size(kColumns); ++i) {
+        if (KeyTXT_[i]->isModified()) {
+            result.emplace_back(named(kColumns[i]), text(static_cast<int>(i)));
+        }
+    }
+    return result;
+}
+
+/// Writes what was typed, and the further values, over the row as it stands in the file by now. A
+/// report of the unit that came in meanwhile is no reason to fail, unless it, or another PC,
+/// changed one of these very columns: then nothing is written, and the operator, who has been told,
+/// may press again.
+void frmKeyProperties::saveRow(const Values &further)
+{
+    if (!rsDoor_.row() && further.empty()) {
+        return; // typed for no door
+    }
+    Values changes = edits();
+    changes.insert(changes.end(), further.begin(), further.end());
+    if (changes.empty()) {
+        return;
+    }
+    Values before;
+    for (const auto &[column, value] : changes) {
+        before.emplace_back(column, rsDoor_.text(column));
+    }
+    rsDoor_.setBookmark(rsDoor_.bookmark());
+    const auto isUnchanged = [this](const auto &read) {
+        return rsDoor_.text(read.first) == read.second;
+    };
+    if (!rsDoor_.row()) {
+        showRow();
+    }
+    if (!rsDoor_.row() || !std::all_of(before.begin(), before.end(), isUnchanged)) {
+        throw RuntimeFailure(QCoreApplication::translate(
+            "Recordset", "Raden er endret eller slettet av en annen siden den ble lest"));
+    }
+    for (const auto &[column, value] : changes) {
+        rsDoor_.setValue(column, value);
+    }
+    rsDoor_.update();
+    showRow();
+}
+
+QString frmKeyProperties::text(int field) const
+{
+    return toWindows1252(KeyTXT_[static_cast<std::size_t>(field)]->text());
+}
+
+DoorEntry frmKeyProperties::entry() const
+{
+    DoorEntry entered;
+    for (std::size_t i = 0; i < KeyTXT_.size(); ++i) {
+        entered.KeyTXT[i] = text(static_cast<int>(i));
+    }
+    for (std::size_t i = 0; i < entered.hours.size(); ++i) {
+        entered.hours[i] = textOf(*Combo1_[i]);
+    }
+    entered.alarmFunction = Combo1_[kAlarmList]->currentIndex();
+    entered.functionMode = Combo1_[kModeList]->currentIndex();
+    return entered;
+}
+
+std::optional<DoorModel> frmKeyProperties::model() const
+{
+    const int chosen = types_->checkedId();
+    return chosen < 0 ? std::nullopt : std::optional(static_cast<DoorModel>(chosen));
+}
