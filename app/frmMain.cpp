@@ -69,7 +69,8 @@ frmMain::frmMain(Clock &clock, Operator &person, SettingsStore &settings, const 
 
 frmMain::~frmMain()
 {
-    // The panels stand on members of this screen, so they go before those do.
+    // The panels and the other screens stand on members of this screen, so they go before those do.
+    screens_.clear();
     delete takeCentralWidget();
 }
 
@@ -245,6 +246,7 @@ void frmMain::activated()
     if (unloading_) {
         return;
     }
+    forgetClosedScreens();
     shown(operator_, {}, [this] {
         link_.pace.hurry();
         userPanel_->CLEAR_INPUT();

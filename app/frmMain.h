@@ -9,6 +9,8 @@
 #include <QMainWindow>
 
 #include <array>
+#include <functional>
+#include <map>
 #include <memory>
 
 class DoorPanel;
@@ -80,6 +82,11 @@ private:
     void mnuFileCompactDatabase();
     void VisBrukerTabell();
 
+    // frmMainScreens.cpp: the screens beside this one
+    void wireScreens();
+    template <class Make> void openScreen(const Make &make, const QString &title);
+    void forgetClosedScreens();
+
     // frmMainView.cpp: what the recordsets and the modem side show
     void display();
     QString portWord() const;
@@ -115,6 +122,9 @@ private:
     ModemPanel *modemPanel_;
     NetworkModemPanel *networkPanel_;
     StatusPanel *sbStatusBar_[3] = {};
+
+    /// The open screens, by object name; closed ones go when this screen has the focus again.
+    std::map<QString, std::unique_ptr<QWidget>> screens_;
 
     bool hasFocus_ = false; ///< the screen, or a question that it asks, has the focus
     bool unloading_ = false;

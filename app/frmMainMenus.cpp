@@ -42,6 +42,7 @@ void frmMain::wireMenus()
     onClick(ui_->mnuSpråkDansk, this, [this] { chooseLanguage(QStringLiteral("45")); });
     onClick(ui_->mnuSpråkSvensk, this, [this] { chooseLanguage(QStringLiteral("46")); });
     wirePortMenu();
+    wireScreens();
 }
 
 void frmMain::wirePortMenu()

@@ -2,6 +2,7 @@
 #include "browsers/frmBrukere.h"
 #include "data/Module1.h"
 #include "doors/frmKEY.h"
+#include "doors/frmKeyProperties.h"
 #include "inbound/frmLOGG.h"
 #include "inbound/frmSMSReceived.h"
 #include "inbound/frmSMSSent.h"
@@ -12,14 +13,32 @@
 // The screens that open beside the main screen. Each is there once: opened again, it is read anew
 // and comes to the front.
 
+namespace {
+
+QString captionOf(const QAction *entry)
+{
+    return entry->text().remove(u'&').simplified();
+}
+
+} // namespace
+
 void frmMain::wireScreens()
 {
     const BrowserTools tools{module_, operator_, clock_, settings_};
     const auto opens = [this](QAction *entry, auto make) {
         connect(entry, &QAction::triggered, this,
-                [this, entry, make] { openScreen(make, entry->text().remove(u'&').simplified()); });
+                [this, entry, make] { openScreen(make, captionOf(entry)); });
     };
-    opens(ui_->mnuDatafrmKey, [this, tools] { return std::make_unique<frmKEY>(tools, [] {}); });
+    // A double click in the list opens it where the menu may not.
+    const auto properties = [this] {
+        return std::make_unique<frmKeyProperties>(module_, operator_, clock_);
+    };
+    opens(ui_->mnuDatafrmKeyOppsett, properties);
+    opens(ui_->mnuDatafrmKey, [this, tools, properties] {
+        return std::make_unique<frmKEY>(tools, [this, properties] {
+            openScreen(properties, captionOf(ui_->mnuDatafrmKeyOppsett));
+        });
+    });
     opens(ui_->mnuDatafrmKeyLogg,
           [this, tools] { return std::make_unique<frmLOGG>(tools, recordsets_, link_.pace); });
     opens(ui_->mnuDatafrmPassWords,

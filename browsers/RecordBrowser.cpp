@@ -53,6 +53,7 @@ RecordBrowser::RecordBrowser(const BrowserTable &table, const BrowserTools &tool
 {
     ui_->setupUi(this);
     setObjectName(utf8(table_.name));
+    setWindowTitle(sourceText(table_.title));
     buildButtons();
     buildGrid();
     wire();
@@ -141,6 +142,9 @@ void RecordBrowser::wire()
 
 void RecordBrowser::load()
 {
+    if (EditFlag || AddNewFlag || !saveEdit()) {
+        return;
+    }
     keepPlace();
     translate();
     connectToDatabase();
@@ -283,8 +287,9 @@ QString RecordBrowser::sourceText(const char *caption) const
 
 void RecordBrowser::translate()
 {
+    const QString title = windowTitle();
     ui_->retranslateUi(this);
-    setWindowTitle(givenTitle_.isEmpty() ? sourceText(table_.title) : givenTitle_);
+    setWindowTitle(title); // whoever opened the screen may have given it another
     std::map<int, QString> replaced;
     if (module_.DatabaseConnection) {
         readLanguage(*module_.DatabaseConnection, module_.CountryCode,
@@ -315,12 +320,6 @@ void RecordBrowser::translate()
 
 void RecordBrowser::applyLanguage(int, const QString &) {}
 
-void RecordBrowser::setTitle(const QString &title)
-{
-    givenTitle_ = title;
-    setWindowTitle(title);
-}
-
 bool RecordBrowser::isEditable(const BrowserColumn &column) const
 {
     return column.use == BrowserColumn::Edited;
@@ -341,7 +340,7 @@ void RecordBrowser::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange && connection_) {
-        givenTitle_.clear(); // it was the caption of a menu entry, in the language before
+        setWindowTitle(sourceText(table_.title));
         kept([this] { translate(); });
     }
 }

@@ -39,11 +39,10 @@ public:
     RecordBrowser(const BrowserTable &table, const BrowserTools &tools);
     ~RecordBrowser() override;
 
-    /// Reads captions and rows, and stands on the first row; again, it stands where it stood.
+    /// Reads captions and rows, and stands on the first row; again, it stands where it stood. An
+    /// edit that cannot be ended now stays as it is, and nothing is read.
     /// @throws RuntimeFailure when that fails.
     void load();
-    /// Instead of the designed title, until the language changes.
-    void setTitle(const QString &title);
 
 protected:
     /// What adoPrimaryRS shows; a screen whose rows depend on something adds its filter.
@@ -158,7 +157,6 @@ private:
     std::unique_ptr<Timer> work_;
     std::function<bool(int &)> slice_; ///< of the long work that is going on
     QStringList headings_;
-    QString givenTitle_;
     QString sortColumn_;     ///< in force; empty for the order of the query
     bool wantsLast_ = false; ///< the last row is moved to once it is known
     bool settled_ = false;   ///< columns stand as their operator left them

@@ -77,8 +77,35 @@ constexpr Text kTexts[] = {
     {59, u"Send SMS til DØR", u"Send SMS til DØR", u"Skicka SMS till DÖRR"},
     {60, u"Send SMS til Bruker", u"Send SMS til Bruger", u"Skicka SMS till Användare"},
 
-    // Words of the tab strip.
+    // Buttons of the table screens. The designed Norwegian captions of 108 and 109 differ from
+    // screen to screen, so nothing replaces those. The letters behind & differ from each other
+    // within a language; L and K are those of other buttons.
+    {108, u"", u"&Afslut", u"&Avsluta"},
+    {109, u"", u"&Opdater", u"&Uppdatera"},
+    {110, u"&Slett", u"&Slet", u"&Ta bort"},
+
+    // Columns of the table screens, and the label above the text of a message.
+    {111, u"ID", u"ID", u"ID"},
+    {112, u"Til", u"Til", u"Till"},
+    {113, u"Dato", u"Dato", u"Datum"},
+    {114, u"Fornavn", u"Fornavn", u"Förnamn"},
+    {115, u"Etternavn", u"Efternavn", u"Efternamn"},
+    {116, u"Tekst", u"Tekst", u"Text"},
+    {117, u"Meld.No", u"Medd.nr.", u"Medd.nr"},
+    {118, u"Tid Sendt", u"Tid Sendt", u"Tid Skickat"},
+    {119, u"Tid Mottatt", u"Tid Modtaget", u"Tid Mottaget"},
+    {120, u"Status", u"Status", u"Status"},
+    {121, u"SMS TEKST", u"SMS-TEKST", u"SMS-TEXT"},
+    {122, u"Bruker", u"Bruger", u"Användare"},
+    {128, u"Dør", u"Dør", u"Dörr"},
+
+    // Words of the tab strip, and between them the buttons that fetch a door's log.
     {131, u"Alle", u"Alle", u"Alla"},
+    {132, u"Hent LOGG(5)", u"Hent LOG(5)", u"Hämta LOGG(5)"},
+    {133, u"Hent LOGG(10)", u"Hent LOG(10)", u"Hämta LOGG(10)"},
+    {134, u"Hent LOGG(25)", u"Hent LOG(25)", u"Hämta LOGG(25)"},
+    {135, u"Hent LOGG(50)", u"Hent LOG(50)", u"Hämta LOGG(50)"},
+    {136, u"Hent LOGG(100)", u"Hent LOG(100)", u"Hämta LOGG(100)"},
     {137, u"Nye", u"Nye", u"Nya"},
 
     // Tool tips of the main screen.

@@ -19,6 +19,9 @@ public:
                              const QString &preset) = 0;
     /// Empty when cancelled. The filter is in the form of QFileDialog.
     virtual QString chooseFile(const QString &startFrom, const QString &filter) = 0;
+    /// The path to write a file to, with the ending of the filter's first pattern where none was
+    /// typed; startFrom holds the folder and the suggested name. Empty when cancelled. Whoever
+    /// picks a file that exists has agreed to lose it.
     virtual QString chooseNewFile(const QString &startFrom, const QString &filter) = 0;
     virtual void beep() = 0;
     /// Busy pointer on or off; repeated calls don't add up.

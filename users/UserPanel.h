@@ -1,10 +1,10 @@
 #pragma once
 
+#include "browsers/RecordsetModel.h"
 #include "users/FreeSms.h"
 #include "users/NumberCheck.h"
 #include "users/UserEntry.h"
 #include "users/UserGrid.h"
-#include "users/UserGridModel.h"
 
 #include <QWidget>
 
@@ -72,7 +72,7 @@ private:
     QString selectedTab() const;
     void showTabs();
     void showRows();
-    QStringList headings() const;
+    std::vector<RecordsetModel::Column> columns() const;
     void layOutColumns();
     void widenToDesign();
     void makeRoomForStatus();
@@ -90,7 +90,7 @@ private:
     NumberCheck check_;
     FreeSms freeSms_;
     UserGrid grid_;
-    UserGridModel model_;
+    RecordsetModel model_;
     std::unique_ptr<Ui::UserPanel> ui_;
     std::array<QLineEdit *, 6> Txtfields_;
     bool NewUserMode_ = false;      ///< a save makes a waiting period

@@ -13,6 +13,24 @@
 
 namespace {
 
+/// The columns of the grid under every tab but "Saldo", from the left.
+struct DesignedColumn {
+    int twips; ///< starting width; 0 for what its content needs
+    Qt::Alignment alignment;
+    const char *label; ///< object name of the label that gives the heading; none: the column's
+};
+constexpr DesignedColumn kLayout[] = {
+    {1200, Qt::AlignLeft, "NummerLBL"},    // Bruker
+    {1600, Qt::AlignLeft, "EtternavnLBL"}, // Etternavn
+    {1600, Qt::AlignLeft, "FornavnLBL"},   // Fornavn
+    {1000, Qt::AlignLeft, "DatoLBL1"},     // Gyldig fra
+    {600, Qt::AlignHCenter, nullptr},      // FraTid
+    {1000, Qt::AlignLeft, "DatoLBL2"},     // Gyldig til
+    {600, Qt::AlignHCenter, nullptr},      // TilTid
+    {900, Qt::AlignLeft, "KontoLBL"},      // Konto
+    {0, Qt::AlignLeft, "StatusLBL"},       // Status
+};
+
 constexpr int kTwipsPerPixel = 15;
 /// The columns behind these, KeyNummer and ID, name a row and say nothing to an operator.
 constexpr int kColumnsInSight = 10;
@@ -90,20 +108,24 @@ void UserPanel::showTabs()
 
 void UserPanel::showRows()
 {
-    model_.show(grid_.rows(), grid_.hasOwnLayout() ? headings() : QStringList(),
-                grid_.hasOwnLayout());
+    model_.setColumns(columns());
+    model_.show(grid_.rows());
     layOutColumns();
 }
 
-QStringList UserPanel::headings() const
+/// Under the tab "Saldo" the headings are those of the query.
+std::vector<RecordsetModel::Column> UserPanel::columns() const
 {
-    QStringList headings;
-    for (const UserGridModel::Column &column : UserGridModel::layout()) {
-        const auto *label =
-            column.label ? findChild<QLabel *>(QString::fromLatin1(column.label)) : nullptr;
-        headings.append(label ? label->text() : QString());
+    std::vector<RecordsetModel::Column> columns;
+    if (grid_.hasOwnLayout()) {
+        for (const DesignedColumn &designed : kLayout) {
+            const auto *label =
+                designed.label ? findChild<QLabel *>(QString::fromLatin1(designed.label)) : nullptr;
+            columns.push_back(
+                {.heading = label ? label->text() : QString(), .alignment = designed.alignment});
+        }
     }
-    return headings;
+    return columns;
 }
 
 /// Widths to start with: as designed, but wide enough for what stands there now. From then on
@@ -134,7 +156,7 @@ void UserPanel::widenToDesign()
 {
     QTableView &grid = *ui_->DataGrid1;
     int column = 0;
-    for (const UserGridModel::Column &designed : UserGridModel::layout()) {
+    for (const DesignedColumn &designed : kLayout) {
         if (const int width = designed.twips / kTwipsPerPixel; width > 0) {
             const int content = std::min(grid.columnWidth(column), 2 * width);
             grid.setColumnWidth(column, std::max(width, content));

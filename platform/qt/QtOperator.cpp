@@ -13,6 +13,7 @@
 #include <QPainter>
 #include <QPointer>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScopeGuard>
 #include <QVBoxLayout>
 
@@ -77,6 +78,13 @@ QPixmap sign(QChar character, const QWidget &screen)
 QString orProgramName(const QString &title)
 {
     return title.isEmpty() ? QGuiApplication::applicationDisplayName() : title;
+}
+
+/// "csv" of "CSV (*.csv *.txt)"; empty when the first pattern takes any ending.
+QString firstEnding(const QString &filter)
+{
+    static const QRegularExpression pattern(QStringLiteral("^[^*]*\\*\\.(\\w+)"));
+    return pattern.match(filter).captured(1);
 }
 
 /// The window that a question belongs to, also while another program has the focus.
@@ -155,10 +163,34 @@ QString QtOperator::inputBox(const QString &prompt, const QString &title, const 
 
 QString QtOperator::chooseFile(const QString &startFrom, const QString &filter)
 {
+    return askForFile(startFrom, filter, false);
+}
+
+QString QtOperator::chooseNewFile(const QString &startFrom, const QString &filter)
+{
+    QString path = askForFile(startFrom, filter, true);
+    // Not by the dialogue's own question, which would wait without the clock.
+    while (QFileInfo::exists(path) &&
+           messageBox(QCoreApplication::translate("QtOperator",
+                                                  "%1 finnes allerede. Vil du erstatte filen?")
+                          .arg(path),
+                      {}, Buttons::OkCancel) == Answer::Cancel) {
+        path = askForFile(path, filter, true);
+    }
+    return path;
+}
+
+QString QtOperator::askForFile(const QString &startFrom, const QString &filter, bool forWriting)
+{
     const QPointer dialog = new QFileDialog(open_.isEmpty() ? frontWindow() : open_.last());
     const auto remove = qScopeGuard([&] { delete dialog; });
-    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setFileMode(forWriting ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog->setNameFilter(filter);
+    if (forWriting) {
+        dialog->setAcceptMode(QFileDialog::AcceptSave);
+        dialog->setOption(QFileDialog::DontConfirmOverwrite);
+        dialog->setDefaultSuffix(firstEnding(filter));
+    }
     dialog->setDirectory(QFileInfo(startFrom).absolutePath());
     dialog->selectFile(QFileInfo(startFrom).fileName());
     return ask(*dialog) && dialog ? dialog->selectedFiles().value(0) : QString();

@@ -19,6 +19,7 @@ public:
     Answer messageBox(const QString &text, const QString &title, Buttons buttons) override;
     QString inputBox(const QString &prompt, const QString &title, const QString &preset) override;
     QString chooseFile(const QString &startFrom, const QString &filter) override;
+    QString chooseNewFile(const QString &startFrom, const QString &filter) override;
     void beep() override;
     void setBusy(bool busy) override;
 
@@ -30,6 +31,7 @@ public:
 private:
     /// Opens the dialogue and waits until it is finished; true when it was accepted.
     bool ask(QDialog &dialog);
+    QString askForFile(const QString &startFrom, const QString &filter, bool forWriting);
     void captionButtons(QDialogButtonBox &buttons) const;
 
     Clock &clock_;

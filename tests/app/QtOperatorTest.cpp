@@ -3,9 +3,11 @@
 #include "support/VirtualClock.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -86,6 +88,32 @@ TEST_F(Questions, OfferThePresetForTypingAndGiveNothingWhenCancelled)
     EXPECT_EQ(person.inputBox(u"Velg"_qs, u"Com Port"_qs, u"5"_qs), u"12");
     clock.after(100ms, [] { QTest::keyClick(dialogue(), Qt::Key_Escape); });
     EXPECT_EQ(person.inputBox(u"Velg"_qs, {}, u"5"_qs), QString());
+}
+
+TEST_F(Questions, AskBeforeAFileIsOverwritten)
+{
+    const QTemporaryDir folder;
+    QFile old(folder.filePath(u"dører.csv"_qs));
+    ASSERT_TRUE(old.open(QIODevice::WriteOnly));
+    QStringList suggested;
+    const auto type = [&](const QString &name) {
+        auto *field = dialogue()->findChild<QLineEdit *>(u"fileNameEdit"_qs);
+        suggested.append(field->text());
+        field->setText(name);
+        QTest::keyClick(field, Qt::Key_Return);
+    };
+    clock.after(100ms, [&] { type(u"dører"_qs); });
+    clock.after(200ms, [&] {
+        EXPECT_TRUE(box()->text().contains(old.fileName()));
+        box()->button(QMessageBox::Cancel)->click();
+    });
+    clock.after(300ms, [&] { type(u"nye"_qs); });
+    const QString filter = u"CSV (*.csv *.txt)"_qs;
+    const QString start = folder.filePath(u"liste.csv"_qs);
+    EXPECT_EQ(person.chooseNewFile(start, filter), folder.filePath(u"nye.csv"_qs));
+    EXPECT_EQ(suggested, (QStringList{u"liste.csv"_qs, u"dører.csv"_qs}));
+    clock.after(100ms, [] { QTest::keyClick(dialogue(), Qt::Key_Escape); });
+    EXPECT_EQ(person.chooseNewFile(old.fileName(), filter), QString());
 }
 
 TEST_F(Questions, SpeakTheLanguageOfTheCountry)

@@ -1,5 +1,7 @@
 #include "support/Doubles.h"
 
+#include <QFileInfo>
+
 #include <gtest/gtest.h>
 
 ScriptedOperator::~ScriptedOperator()
@@ -11,20 +13,26 @@ ScriptedOperator::~ScriptedOperator()
 
 void ScriptedOperator::answers(const QString &text, Answer answer, milliseconds openFor)
 {
-    script_.push_back({false, text, answer, {}, openFor});
+    script_.push_back({Kind::Box, text, answer, {}, openFor});
 }
 
 void ScriptedOperator::types(const QString &title, const QString &answer, milliseconds openFor)
 {
-    script_.push_back({true, title, Answer::Ok, answer, openFor});
+    script_.push_back({Kind::Input, title, Answer::Ok, answer, openFor});
 }
 
-std::optional<ScriptedOperator::Line> ScriptedOperator::next(bool input, const QString &shownText)
+void ScriptedOperator::picksNewFile(const QString &suggestedName, const QString &filter,
+                                    const QString &path)
+{
+    script_.push_back({Kind::NewFile, u'/' + suggestedName + u' ' + filter, Answer::Ok, path, 0ms});
+}
+
+std::optional<ScriptedOperator::Line> ScriptedOperator::next(Kind kind, const QString &shownText)
 {
     if (isPatient) {
         return {};
     }
-    if (script_.empty() || script_.front().input != input ||
+    if (script_.empty() || script_.front().kind != kind ||
         !shownText.contains(script_.front().expected)) {
         ADD_FAILURE() << "Not expected: " << shownText.toStdString();
         return {};
@@ -44,7 +52,7 @@ Answer ScriptedOperator::messageBox(const QString &text, const QString &title, B
     }
     texts.append(text);
     titles.append(title);
-    const auto line = next(false, text);
+    const auto line = next(Kind::Box, text);
     return line ? line->answer : Answer::Cancel;
 }
 
@@ -53,11 +61,17 @@ QString ScriptedOperator::inputBox(const QString &prompt, const QString &title,
 {
     lastPrompt = prompt;
     lastPreset = preset;
-    const auto line = next(true, title);
+    const auto line = next(Kind::Input, title);
     return line ? line->typed : QString();
 }
 
 QString ScriptedOperator::chooseFile(const QString &, const QString &)
 {
     return file_;
+}
+
+QString ScriptedOperator::chooseNewFile(const QString &startFrom, const QString &filter)
+{
+    const auto line = next(Kind::NewFile, QFileInfo(startFrom).absoluteFilePath() + u' ' + filter);
+    return line ? line->typed : QString();
 }

@@ -22,10 +22,14 @@ public:
     /// The next input box must have this title; an empty answer stands for Cancel.
     void types(const QString &title, const QString &answer, milliseconds openFor = 0ms);
     void picksFile(const QString &path) { file_ = path; }
+    /// The next question for a file to write must suggest this name and have this filter; an empty
+    /// path stands for Cancel.
+    void picksNewFile(const QString &suggestedName, const QString &filter, const QString &path);
 
     Answer messageBox(const QString &text, const QString &title, Buttons buttons) override;
     QString inputBox(const QString &prompt, const QString &title, const QString &preset) override;
     QString chooseFile(const QString &startFrom, const QString &filter) override;
+    QString chooseNewFile(const QString &startFrom, const QString &filter) override;
     void beep() override { ++beeps; }
     void setBusy(bool isBusy) override { busy = isBusy; }
 
@@ -38,14 +42,15 @@ public:
     bool busy = false;
 
 private:
+    enum class Kind { Box, Input, NewFile };
     struct Line {
-        bool input;
+        Kind kind;
         QString expected;
         Answer answer;
         QString typed;
         milliseconds openFor;
     };
-    std::optional<Line> next(bool input, const QString &shownText);
+    std::optional<Line> next(Kind kind, const QString &shownText);
 
     VirtualClock &clock_;
     std::deque<Line> script_;

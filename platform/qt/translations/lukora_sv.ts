@@ -159,6 +159,13 @@
     </message>
 </context>
 <context>
+    <name>QtOperator</name>
+    <message>
+        <source>%1 finnes allerede. Vil du erstatte filen?</source>
+        <translation>%1 finns redan. Vill du ersätta filen?</translation>
+    </message>
+</context>
+<context>
     <name>SerialPort</name>
     <message>
         <source>Porten %1 finnes ikke.</source>
