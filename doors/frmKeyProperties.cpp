@@ -345,7 +345,7 @@ void frmKeyProperties::openDatabase()
     if (!module_.DatabaseConnection) {
         throw RuntimeFailure(QCoreApplication::translate("Recordset", "Ingen database er åpen"));
     }
-    connection_ = Connection::open(module_.ConnectionString);
+    connection_ = module_.DatabaseConnection->another();
     rsQueue_.open(connection_, waitingMessages());
 }
 
@@ -604,6 +604,10 @@ void frmKeyProperties::saveRow(const Values &further)
 {
     if (!rsDoor_.row() && further.empty()) {
         return; // typed for no door
+    }
+    if (KeyTXT_[0]->isModified() && text(0).trimmed().isEmpty()) {
+        // Nothing would ever find that row again.
+        throw RuntimeFailure(translated("En dør må ha et nummer."));
     }
     Values changes = edits();
     changes.insert(changes.end(), further.begin(), further.end());

@@ -416,7 +416,7 @@ TEST_F(KeyProperties, ReloadsAfterAReportUnlessTheOperatorIsInAField)
     EXPECT_EQ(field(6).text(), u"94444444"_qs);
 }
 
-TEST_F(KeyProperties, TellsOfAConflictAndWritesNothing)
+TEST_F(KeyProperties, TellsWhyItCannotSaveAndWritesNothing)
 {
     open();
     type(4, u"91234567"_qs);
@@ -428,6 +428,14 @@ TEST_F(KeyProperties, TellsOfAConflictAndWritesNothing)
     EXPECT_EQ(shownButtons(), "1 4 5 13");
     press(4); // once told, the operator's word stands
     EXPECT_EQ(stored(u"Admin1, Admin2"_qs), "91234567|92345678");
+
+    field(0).setFocus();
+    field(0).selectAll();
+    QTest::keyClick(&field(0), Qt::Key_Delete);
+    person.answers(u"En dør må ha et nummer."_qs);
+    button(13).click();
+    EXPECT_EQ(stored(u"KeyNavn"_qs), "Port 1");
+    field(0).setText(kDoor);
 
     type(4, u"1"_qs);
     database.look().run(u"DELETE FROM KEYTable"_qs);

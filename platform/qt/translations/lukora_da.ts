@@ -688,6 +688,10 @@
         <translation>Ændringerne er ikke gemt. Vil du lukke alligevel?</translation>
     </message>
     <message>
+        <source>En dør må ha et nummer.</source>
+        <translation>En dør skal have et nummer.</translation>
+    </message>
+    <message>
         <source>Det er ikke valgt noen dør. Ingenting ble sendt.</source>
         <translation>Der er ikke valgt nogen dør. Intet blev sendt.</translation>
     </message>

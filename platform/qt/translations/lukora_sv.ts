@@ -688,6 +688,10 @@
         <translation>Ändringarna är inte sparade. Vill du stänga ändå?</translation>
     </message>
     <message>
+        <source>En dør må ha et nummer.</source>
+        <translation>En dörr måste ha ett nummer.</translation>
+    </message>
+    <message>
         <source>Det er ikke valgt noen dør. Ingenting ble sendt.</source>
         <translation>Ingen dörr är vald. Inget skickades.</translation>
     </message>
