@@ -15,6 +15,8 @@
 #include <QButtonGroup>
 #include <QCloseEvent>
 #include <QScopedValueRollback>
+#include <QScreen>
+#include <QScrollBar>
 #include <QShortcut>
 
 #include <algorithm>
@@ -137,6 +139,7 @@ frmKeyProperties::frmKeyProperties(Module1 &module, Operator &person, Clock &clo
       types_(new QButtonGroup(this))
 {
     ui_->setupUi(this);
+    ui_->UpDown1->setMaximumHeight(ui_->KeyTXT_0->sizeHint().height());
     Timer1_->setInterval(kReloadInterval);
     collectControls();
     connectControls();
@@ -180,8 +183,7 @@ void frmKeyProperties::connectControls()
         const int index = static_cast<int>(i);
         connect(Combo1_[i], &QComboBox::activated, this, [this, index] { Combo1_Click(index); });
     }
-    for (QWidget *label :
-         {ui_->Label1_13, ui_->Label1_14, ui_->Label1_15, ui_->Label1_16, ui_->Label1_17}) {
+    for (QWidget *label : listLabels()) {
         keepPlaceWhenHidden(*label);
     }
     for (std::size_t i = 0; i < KeyType_.size(); ++i) {
@@ -219,6 +221,11 @@ void frmKeyProperties::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
     if (!event->spontaneous()) {
+        if (!testAttribute(Qt::WA_Resized)) {
+            // All of it, where the screen has the room.
+            const QSize bars(ui_->scrollArea->verticalScrollBar()->sizeHint().width(), 0);
+            resize((ui_->content->sizeHint() + bars).boundedTo(screen()->availableSize()));
+        }
         Timer1_->setEnabled(true);
         // In no field, which would stop the timer, and where no key sends or stores anything.
         KeyType_[0]->setFocus();
@@ -338,7 +345,7 @@ void frmKeyProperties::openDatabase()
     if (!module_.DatabaseConnection) {
         throw RuntimeFailure(QCoreApplication::translate("Recordset", "Ingen database er åpen"));
     }
-    connection_ = Connection::open(module_.ConnectionString);
+    connection_ = module_.DatabaseConnection->another();
     rsQueue_.open(connection_, waitingMessages());
 }
 
@@ -397,6 +404,12 @@ void frmKeyProperties::clearModel()
     types_->setExclusive(true);
 }
 
+std::array<QWidget *, 6> frmKeyProperties::listLabels() const
+{
+    return {ui_->lblLister, ui_->Label1_13, ui_->Label1_14,
+            ui_->Label1_15, ui_->Label1_16, ui_->Label1_17};
+}
+
 /// The lists, their labels and the buttons that need a model. Command1_12 comes with them, but a
 /// load has hidden it before.
 void frmKeyProperties::showControls(bool forLists)
@@ -407,8 +420,7 @@ void frmKeyProperties::showControls(bool forLists)
     for (const int button : {11, 12, 14, 21}) {
         Command1_[button]->setVisible(forLists);
     }
-    for (QWidget *label :
-         {ui_->Label1_13, ui_->Label1_14, ui_->Label1_15, ui_->Label1_16, ui_->Label1_17}) {
+    for (QWidget *label : listLabels()) {
         label->setVisible(forLists);
     }
 }
@@ -592,6 +604,10 @@ void frmKeyProperties::saveRow(const Values &further)
 {
     if (!rsDoor_.row() && further.empty()) {
         return; // typed for no door
+    }
+    if (KeyTXT_[0]->isModified() && text(0).trimmed().isEmpty()) {
+        // Nothing would ever find that row again.
+        throw RuntimeFailure(translated("En dør må ha et nummer."));
     }
     Values changes = edits();
     changes.insert(changes.end(), further.begin(), further.end());

@@ -89,6 +89,7 @@ private:
     std::optional<DoorModel> model() const;
     void hideSent(QPushButton &button);
     void queue(const QString &command);
+    std::array<QWidget *, 6> listLabels() const;
     void showControls(bool forLists);
     void retranslate();
     void paintReadOnly();

@@ -32,8 +32,8 @@ TEST(Translations, NoFailureSpeaksNorwegianToADaneOrASwede)
     ASSERT_TRUE(languages[0].load(u":/translations/lukora_da"_qs));
     ASSERT_TRUE(languages[1].load(u":/translations/lukora_sv"_qs));
     int count = 0;
-    for (const QString &folder :
-         {u"platform"_qs, u"data"_qs, u"modem"_qs, u"inbound"_qs, u"users"_qs, u"app"_qs}) {
+    for (const QString &folder : {u"platform"_qs, u"data"_qs, u"modem"_qs, u"inbound"_qs,
+                                  u"users"_qs, u"doors"_qs, u"app"_qs}) {
         QDirIterator files(QString::fromUtf8(LUKORA_SOURCE "/") + folder, {u"*.cpp"_qs},
                            QDir::Files, QDirIterator::Subdirectories);
         while (files.hasNext()) {
@@ -49,4 +49,24 @@ TEST(Translations, NoFailureSpeaksNorwegianToADaneOrASwede)
         }
     }
     EXPECT_GT(count, 40);
+}
+
+// Of the screens whose captions have no place in the table of texts.
+TEST(Translations, NoCaptionOfADoorScreenIsNorwegianToADaneOrASwede)
+{
+    static const QRegularExpression caption(QString::fromLatin1(R"re(<string>([^<]+)</string>)re"));
+    QTranslator languages[2];
+    ASSERT_TRUE(languages[0].load(u":/translations/lukora_da"_qs));
+    ASSERT_TRUE(languages[1].load(u":/translations/lukora_sv"_qs));
+    QFile file(QString::fromUtf8(LUKORA_SOURCE "/doors/frmKeyProperties.ui"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    auto found = caption.globalMatch(QString::fromUtf8(file.readAll()));
+    EXPECT_TRUE(found.hasNext());
+    while (found.hasNext()) {
+        const QByteArray text = found.next().captured(1).toUtf8();
+        for (const QTranslator &language : languages) {
+            EXPECT_FALSE(language.translate("frmKeyProperties", text).isEmpty())
+                << text.constData();
+        }
+    }
 }

@@ -258,4 +258,442 @@
         <translation>Annuller</translation>
     </message>
 </context>
+<context>
+    <name>DoorCommands</name>
+    <message>
+        <source>Normal  (N)</source>
+        <translation>Normal  (N)</translation>
+    </message>
+    <message>
+        <source>Lukket  (L)</source>
+        <translation>Lukket  (L)</translation>
+    </message>
+    <message>
+        <source>Oppe    (O)</source>
+        <translation>Åben    (O)</translation>
+    </message>
+    <message>
+        <source>Oppe hverdager</source>
+        <translation>Åben hverdage</translation>
+    </message>
+    <message>
+        <source>Oppe alle dager</source>
+        <translation>Åben alle dage</translation>
+    </message>
+    <message>
+        <source>Bistabil hverdager</source>
+        <translation>Bistabil hverdage</translation>
+    </message>
+    <message>
+        <source>Bistabil alle dager</source>
+        <translation>Bistabil alle dage</translation>
+    </message>
+    <message>
+        <source>Bare i dag</source>
+        <translation>Kun i dag</translation>
+    </message>
+    <message>
+        <source>Hverdager int. 2</source>
+        <translation>Hverdage int. 2</translation>
+    </message>
+    <message>
+        <source>Alle dager int. 2</source>
+        <translation>Alle dage int. 2</translation>
+    </message>
+    <message>
+        <source>ALARM AV</source>
+        <translation>ALARM FRA</translation>
+    </message>
+    <message>
+        <source>ALARM PÅ</source>
+        <translation>ALARM TIL</translation>
+    </message>
+    <message>
+        <source>Åpnet ved ALARM</source>
+        <translation>Åbnet ved ALARM</translation>
+    </message>
+    <message>
+        <source>Stengt ved ALARM</source>
+        <translation>Lukket ved ALARM</translation>
+    </message>
+    <message>
+        <source>Endebryter A</source>
+        <translation>Endestop A</translation>
+    </message>
+    <message>
+        <source>Endebryter B</source>
+        <translation>Endestop B</translation>
+    </message>
+    <message>
+        <source>Endebr.A m/rapport</source>
+        <translation>Endestop A m/rapport</translation>
+    </message>
+    <message>
+        <source>Endebr.B m/rapport</source>
+        <translation>Endestop B m/rapport</translation>
+    </message>
+    <message>
+        <source>ALARM Enderbryter</source>
+        <translation>ALARM Endestop</translation>
+    </message>
+</context>
+<context>
+    <name>frmKeyProperties</name>
+    <message>
+        <source>Dør Oppsett</source>
+        <translation>Dør Opsætning</translation>
+    </message>
+    <message>
+        <source>DØR NUMMER</source>
+        <translation>DØR NUMMER</translation>
+    </message>
+    <message>
+        <source>DØR NAVN</source>
+        <translation>DØR NAVN</translation>
+    </message>
+    <message>
+        <source>Bygning</source>
+        <translation>Bygning</translation>
+    </message>
+    <message>
+        <source>Sikkerhetsnivå</source>
+        <translation>Sikkerhedsniveau</translation>
+    </message>
+    <message>
+        <source>Type dørenhet</source>
+        <translation>Type dørenhed</translation>
+    </message>
+    <message>
+        <source>N - Normal, L - Låst, O - Oppe</source>
+        <translation>N - Normal, L - Låst, O - Åben</translation>
+    </message>
+    <message>
+        <source>Administratorer</source>
+        <translation>Administratorer</translation>
+    </message>
+    <message>
+        <source>Administrator</source>
+        <translation>Administrator</translation>
+    </message>
+    <message>
+        <source>Telefonnummer til Admin - 8 SIFFER</source>
+        <translation>Telefonnummer til Admin - 8 CIFRE</translation>
+    </message>
+    <message>
+        <source>RESET ADMIN</source>
+        <translation>RESET ADMIN</translation>
+    </message>
+    <message>
+        <source>Administrator 1</source>
+        <translation>Administrator 1</translation>
+    </message>
+    <message>
+        <source>Administrator 2</source>
+        <translation>Administrator 2</translation>
+    </message>
+    <message>
+        <source>Administrator 3</source>
+        <translation>Administrator 3</translation>
+    </message>
+    <message>
+        <source>Administrator 4</source>
+        <translation>Administrator 4</translation>
+    </message>
+    <message>
+        <source>Administrator 5</source>
+        <translation>Administrator 5</translation>
+    </message>
+    <message>
+        <source>Telefonnummer til Admin1 - 8 SIFFER</source>
+        <translation>Telefonnummer til Admin1 - 8 CIFRE</translation>
+    </message>
+    <message>
+        <source>Telefonnummer til Admin2 - 8 SIFFER</source>
+        <translation>Telefonnummer til Admin2 - 8 CIFRE</translation>
+    </message>
+    <message>
+        <source>Telefonnummer til Admin3 - 8 SIFFER</source>
+        <translation>Telefonnummer til Admin3 - 8 CIFRE</translation>
+    </message>
+    <message>
+        <source>Telefonnummer til Admin4 - 8 SIFFER</source>
+        <translation>Telefonnummer til Admin4 - 8 CIFRE</translation>
+    </message>
+    <message>
+        <source>Telefonnummer til Admin5 - 8 SIFFER</source>
+        <translation>Telefonnummer til Admin5 - 8 CIFRE</translation>
+    </message>
+    <message>
+        <source>Send ny ADMIN 1</source>
+        <translation>Send ny ADMIN 1</translation>
+    </message>
+    <message>
+        <source>Send ny ADMIN 2</source>
+        <translation>Send ny ADMIN 2</translation>
+    </message>
+    <message>
+        <source>Send ny ADMIN 3</source>
+        <translation>Send ny ADMIN 3</translation>
+    </message>
+    <message>
+        <source>Send ny ADMIN 4</source>
+        <translation>Send ny ADMIN 4</translation>
+    </message>
+    <message>
+        <source>Send ny ADMIN 5</source>
+        <translation>Send ny ADMIN 5</translation>
+    </message>
+    <message>
+        <source>Dørenhet</source>
+        <translation>Dørenhed</translation>
+    </message>
+    <message>
+        <source>Eget Nummer</source>
+        <translation>Eget Nummer</translation>
+    </message>
+    <message>
+        <source>Nøkkelens eget nummer - 8 siffer</source>
+        <translation>Nøglens eget nummer - 8 cifre</translation>
+    </message>
+    <message>
+        <source>Send EGET nr.</source>
+        <translation>Send EGET nr.</translation>
+    </message>
+    <message>
+        <source>Navn</source>
+        <translation>Navn</translation>
+    </message>
+    <message>
+        <source>Send Navn</source>
+        <translation>Send Navn</translation>
+    </message>
+    <message>
+        <source>Åpningstid (sek.)</source>
+        <translation>Åbningstid (sek.)</translation>
+    </message>
+    <message>
+        <source>Pulslengde i sekund</source>
+        <translation>Pulslængde i sekunder</translation>
+    </message>
+    <message>
+        <source>Send Åpningstid</source>
+        <translation>Send Åbningstid</translation>
+    </message>
+    <message>
+        <source>Velkommen SMS</source>
+        <translation>Velkommen SMS</translation>
+    </message>
+    <message>
+        <source>Utmelding SMS</source>
+        <translation>Afmelding SMS</translation>
+    </message>
+    <message>
+        <source>Alarmtekst</source>
+        <translation>Alarmtekst</translation>
+    </message>
+    <message>
+        <source>Undertekst</source>
+        <translation>Undertekst</translation>
+    </message>
+    <message>
+        <source>TEKST 1</source>
+        <translation>TEKST 1</translation>
+    </message>
+    <message>
+        <source>TEKST 2</source>
+        <translation>TEKST 2</translation>
+    </message>
+    <message>
+        <source>TEKST 3</source>
+        <translation>TEKST 3</translation>
+    </message>
+    <message>
+        <source>TEKST 4</source>
+        <translation>TEKST 4</translation>
+    </message>
+    <message>
+        <source>TEKST 5</source>
+        <translation>TEKST 5</translation>
+    </message>
+    <message>
+        <source>TEKST 6</source>
+        <translation>TEKST 6</translation>
+    </message>
+    <message>
+        <source>Del en av velkomstmelding</source>
+        <translation>Første del af velkomstbeskeden</translation>
+    </message>
+    <message>
+        <source>Del to av velkomstmeldingen</source>
+        <translation>Anden del af velkomstbeskeden</translation>
+    </message>
+    <message>
+        <source>Del en av utmeldingen</source>
+        <translation>Første del af afmeldingen</translation>
+    </message>
+    <message>
+        <source>Del to av utmeldingen</source>
+        <translation>Anden del af afmeldingen</translation>
+    </message>
+    <message>
+        <source>Tekst ved eventuell ALARM</source>
+        <translation>Tekst ved eventuel ALARM</translation>
+    </message>
+    <message>
+        <source>Undertekst i meldingene</source>
+        <translation>Undertekst i beskederne</translation>
+    </message>
+    <message>
+        <source>Send ny tekst 1</source>
+        <translation>Send ny tekst 1</translation>
+    </message>
+    <message>
+        <source>Send ny tekst 2</source>
+        <translation>Send ny tekst 2</translation>
+    </message>
+    <message>
+        <source>Send ny tekst 3</source>
+        <translation>Send ny tekst 3</translation>
+    </message>
+    <message>
+        <source>Send ny tekst4</source>
+        <translation>Send ny tekst4</translation>
+    </message>
+    <message>
+        <source>Send ny tekst5</source>
+        <translation>Send ny tekst5</translation>
+    </message>
+    <message>
+        <source>Send ny tekst 6</source>
+        <translation>Send ny tekst 6</translation>
+    </message>
+    <message>
+        <source>Denne delen av velkomsmeldingen er fast</source>
+        <translation>Denne del af velkomstbeskeden er fast</translation>
+    </message>
+    <message>
+        <source>Fast del av velkomstmeldingen</source>
+        <translation>Fast del af velkomstbeskeden</translation>
+    </message>
+    <message>
+        <source>Ring (nummer til dør)</source>
+        <translation>Ring (nummer til dør)</translation>
+    </message>
+    <message>
+        <source>Tider og funksjoner</source>
+        <translation>Tider og funktioner</translation>
+    </message>
+    <message>
+        <source>Innmelding fra klokken:</source>
+        <translation>Tilmelding fra klokken:</translation>
+    </message>
+    <message>
+        <source>Utmelding fra klokken:</source>
+        <translation>Afmelding fra klokken:</translation>
+    </message>
+    <message>
+        <source>til</source>
+        <translation>til</translation>
+    </message>
+    <message>
+        <source>Innmelding fra klokken</source>
+        <translation>Tilmelding fra klokken</translation>
+    </message>
+    <message>
+        <source>Innmelding til klokken</source>
+        <translation>Tilmelding til klokken</translation>
+    </message>
+    <message>
+        <source>Utmelding fra klokken</source>
+        <translation>Afmelding fra klokken</translation>
+    </message>
+    <message>
+        <source>Utmelding til klokken</source>
+        <translation>Afmelding til klokken</translation>
+    </message>
+    <message>
+        <source>Send nye tider</source>
+        <translation>Send nye tider</translation>
+    </message>
+    <message>
+        <source>Alarmfunksjon</source>
+        <translation>Alarmfunktion</translation>
+    </message>
+    <message>
+        <source>Send  Funksjon</source>
+        <translation>Send  Funktion</translation>
+    </message>
+    <message>
+        <source>Lås Status</source>
+        <translation>Lås Status</translation>
+    </message>
+    <message>
+        <source>Send Lås Status</source>
+        <translation>Send Lås Status</translation>
+    </message>
+    <message>
+        <source>HENT BRUKERE FRA LÅS</source>
+        <translation>HENT BRUGERE FRA LÅS</translation>
+    </message>
+    <message>
+        <source>Hent BRUKERE</source>
+        <translation>Hent BRUGERE</translation>
+    </message>
+    <message>
+        <source>Registrer ADMIN</source>
+        <translation>Registrer ADMIN</translation>
+    </message>
+    <message>
+        <source>Reset ADMIN</source>
+        <translation>Reset ADMIN</translation>
+    </message>
+    <message>
+        <source> Er det opprettet noen nøkkel under Key Data??</source>
+        <translation> Er der oprettet nogen nøgle under Key Data??</translation>
+    </message>
+    <message>
+        <source>Eget nummer er ikke angitt. Du bør sende dette til nøkkelenhet!!</source>
+        <translation>Eget nummer er ikke angivet. Du bør sende det til nøgleenheden!!</translation>
+    </message>
+    <message>
+        <source>Sjekk om EGET NUMMER er riktig !!!</source>
+        <translation>Kontrollér, om EGET NUMMER er rigtigt !!!</translation>
+    </message>
+    <message>
+        <source>Dette vil endre ALARMFUNKSJONEN. Vil du fortsette?</source>
+        <translation>Dette vil ændre ALARMFUNKTIONEN. Vil du fortsætte?</translation>
+    </message>
+    <message>
+        <source>Dette vil Åpne eller Lukke port eller dør for alle brukere. Vil du fortsette?</source>
+        <translation>Dette vil Åbne eller Lukke port eller dør for alle brugere. Vil du fortsætte?</translation>
+    </message>
+    <message>
+        <source>Ny instilling (</source>
+        <translation>Ny indstilling (</translation>
+    </message>
+    <message>
+        <source>) blir sendt til nøkkelenhet</source>
+        <translation>) bliver sendt til nøgleenheden</translation>
+    </message>
+    <message>
+        <source>Tast inn ÅPNINGSTID hverdager</source>
+        <translation>Indtast ÅBNINGSTID hverdage</translation>
+    </message>
+    <message>
+        <source>ÅPNE</source>
+        <translation>ÅBN</translation>
+    </message>
+    <message>
+        <source>Endringene er ikke lagret. Vil du lukke likevel?</source>
+        <translation>Ændringerne er ikke gemt. Vil du lukke alligevel?</translation>
+    </message>
+    <message>
+        <source>En dør må ha et nummer.</source>
+        <translation>En dør skal have et nummer.</translation>
+    </message>
+    <message>
+        <source>Det er ikke valgt noen dør. Ingenting ble sendt.</source>
+        <translation>Der er ikke valgt nogen dør. Intet blev sendt.</translation>
+    </message>
+</context>
 </TS>

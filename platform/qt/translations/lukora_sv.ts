@@ -258,4 +258,442 @@
         <translation>Avbryt</translation>
     </message>
 </context>
+<context>
+    <name>DoorCommands</name>
+    <message>
+        <source>Normal  (N)</source>
+        <translation>Normal  (N)</translation>
+    </message>
+    <message>
+        <source>Lukket  (L)</source>
+        <translation>Stängd  (L)</translation>
+    </message>
+    <message>
+        <source>Oppe    (O)</source>
+        <translation>Öppen   (O)</translation>
+    </message>
+    <message>
+        <source>Oppe hverdager</source>
+        <translation>Öppen vardagar</translation>
+    </message>
+    <message>
+        <source>Oppe alle dager</source>
+        <translation>Öppen alla dagar</translation>
+    </message>
+    <message>
+        <source>Bistabil hverdager</source>
+        <translation>Bistabil vardagar</translation>
+    </message>
+    <message>
+        <source>Bistabil alle dager</source>
+        <translation>Bistabil alla dagar</translation>
+    </message>
+    <message>
+        <source>Bare i dag</source>
+        <translation>Bara i dag</translation>
+    </message>
+    <message>
+        <source>Hverdager int. 2</source>
+        <translation>Vardagar int. 2</translation>
+    </message>
+    <message>
+        <source>Alle dager int. 2</source>
+        <translation>Alla dagar int. 2</translation>
+    </message>
+    <message>
+        <source>ALARM AV</source>
+        <translation>LARM AV</translation>
+    </message>
+    <message>
+        <source>ALARM PÅ</source>
+        <translation>LARM PÅ</translation>
+    </message>
+    <message>
+        <source>Åpnet ved ALARM</source>
+        <translation>Öppnad vid LARM</translation>
+    </message>
+    <message>
+        <source>Stengt ved ALARM</source>
+        <translation>Stängd vid LARM</translation>
+    </message>
+    <message>
+        <source>Endebryter A</source>
+        <translation>Gränslägesbrytare A</translation>
+    </message>
+    <message>
+        <source>Endebryter B</source>
+        <translation>Gränslägesbrytare B</translation>
+    </message>
+    <message>
+        <source>Endebr.A m/rapport</source>
+        <translation>Gränsläge A m/rapport</translation>
+    </message>
+    <message>
+        <source>Endebr.B m/rapport</source>
+        <translation>Gränsläge B m/rapport</translation>
+    </message>
+    <message>
+        <source>ALARM Enderbryter</source>
+        <translation>LARM Gränslägesbrytare</translation>
+    </message>
+</context>
+<context>
+    <name>frmKeyProperties</name>
+    <message>
+        <source>Dør Oppsett</source>
+        <translation>Dörrinställningar</translation>
+    </message>
+    <message>
+        <source>DØR NUMMER</source>
+        <translation>DÖRRNUMMER</translation>
+    </message>
+    <message>
+        <source>DØR NAVN</source>
+        <translation>DÖRRNAMN</translation>
+    </message>
+    <message>
+        <source>Bygning</source>
+        <translation>Byggnad</translation>
+    </message>
+    <message>
+        <source>Sikkerhetsnivå</source>
+        <translation>Säkerhetsnivå</translation>
+    </message>
+    <message>
+        <source>Type dørenhet</source>
+        <translation>Typ av dörrenhet</translation>
+    </message>
+    <message>
+        <source>N - Normal, L - Låst, O - Oppe</source>
+        <translation>N - Normal, L - Låst, O - Öppen</translation>
+    </message>
+    <message>
+        <source>Administratorer</source>
+        <translation>Administratörer</translation>
+    </message>
+    <message>
+        <source>Administrator</source>
+        <translation>Administratör</translation>
+    </message>
+    <message>
+        <source>Telefonnummer til Admin - 8 SIFFER</source>
+        <translation>Telefonnummer till Admin - 8 SIFFROR</translation>
+    </message>
+    <message>
+        <source>RESET ADMIN</source>
+        <translation>RESET ADMIN</translation>
+    </message>
+    <message>
+        <source>Administrator 1</source>
+        <translation>Administratör 1</translation>
+    </message>
+    <message>
+        <source>Administrator 2</source>
+        <translation>Administratör 2</translation>
+    </message>
+    <message>
+        <source>Administrator 3</source>
+        <translation>Administratör 3</translation>
+    </message>
+    <message>
+        <source>Administrator 4</source>
+        <translation>Administratör 4</translation>
+    </message>
+    <message>
+        <source>Administrator 5</source>
+        <translation>Administratör 5</translation>
+    </message>
+    <message>
+        <source>Telefonnummer til Admin1 - 8 SIFFER</source>
+        <translation>Telefonnummer till Admin1 - 8 SIFFROR</translation>
+    </message>
+    <message>
+        <source>Telefonnummer til Admin2 - 8 SIFFER</source>
+        <translation>Telefonnummer till Admin2 - 8 SIFFROR</translation>
+    </message>
+    <message>
+        <source>Telefonnummer til Admin3 - 8 SIFFER</source>
+        <translation>Telefonnummer till Admin3 - 8 SIFFROR</translation>
+    </message>
+    <message>
+        <source>Telefonnummer til Admin4 - 8 SIFFER</source>
+        <translation>Telefonnummer till Admin4 - 8 SIFFROR</translation>
+    </message>
+    <message>
+        <source>Telefonnummer til Admin5 - 8 SIFFER</source>
+        <translation>Telefonnummer till Admin5 - 8 SIFFROR</translation>
+    </message>
+    <message>
+        <source>Send ny ADMIN 1</source>
+        <translation>Skicka ny ADMIN 1</translation>
+    </message>
+    <message>
+        <source>Send ny ADMIN 2</source>
+        <translation>Skicka ny ADMIN 2</translation>
+    </message>
+    <message>
+        <source>Send ny ADMIN 3</source>
+        <translation>Skicka ny ADMIN 3</translation>
+    </message>
+    <message>
+        <source>Send ny ADMIN 4</source>
+        <translation>Skicka ny ADMIN 4</translation>
+    </message>
+    <message>
+        <source>Send ny ADMIN 5</source>
+        <translation>Skicka ny ADMIN 5</translation>
+    </message>
+    <message>
+        <source>Dørenhet</source>
+        <translation>Dörrenhet</translation>
+    </message>
+    <message>
+        <source>Eget Nummer</source>
+        <translation>Eget Nummer</translation>
+    </message>
+    <message>
+        <source>Nøkkelens eget nummer - 8 siffer</source>
+        <translation>Nyckelns eget nummer - 8 siffror</translation>
+    </message>
+    <message>
+        <source>Send EGET nr.</source>
+        <translation>Skicka EGET nr.</translation>
+    </message>
+    <message>
+        <source>Navn</source>
+        <translation>Namn</translation>
+    </message>
+    <message>
+        <source>Send Navn</source>
+        <translation>Skicka Namn</translation>
+    </message>
+    <message>
+        <source>Åpningstid (sek.)</source>
+        <translation>Öppettid (sek.)</translation>
+    </message>
+    <message>
+        <source>Pulslengde i sekund</source>
+        <translation>Pulslängd i sekunder</translation>
+    </message>
+    <message>
+        <source>Send Åpningstid</source>
+        <translation>Skicka Öppettid</translation>
+    </message>
+    <message>
+        <source>Velkommen SMS</source>
+        <translation>Välkommen SMS</translation>
+    </message>
+    <message>
+        <source>Utmelding SMS</source>
+        <translation>Avanmälan SMS</translation>
+    </message>
+    <message>
+        <source>Alarmtekst</source>
+        <translation>Larmtext</translation>
+    </message>
+    <message>
+        <source>Undertekst</source>
+        <translation>Undertext</translation>
+    </message>
+    <message>
+        <source>TEKST 1</source>
+        <translation>TEXT 1</translation>
+    </message>
+    <message>
+        <source>TEKST 2</source>
+        <translation>TEXT 2</translation>
+    </message>
+    <message>
+        <source>TEKST 3</source>
+        <translation>TEXT 3</translation>
+    </message>
+    <message>
+        <source>TEKST 4</source>
+        <translation>TEXT 4</translation>
+    </message>
+    <message>
+        <source>TEKST 5</source>
+        <translation>TEXT 5</translation>
+    </message>
+    <message>
+        <source>TEKST 6</source>
+        <translation>TEXT 6</translation>
+    </message>
+    <message>
+        <source>Del en av velkomstmelding</source>
+        <translation>Del ett av välkomstmeddelandet</translation>
+    </message>
+    <message>
+        <source>Del to av velkomstmeldingen</source>
+        <translation>Del två av välkomstmeddelandet</translation>
+    </message>
+    <message>
+        <source>Del en av utmeldingen</source>
+        <translation>Del ett av avanmälan</translation>
+    </message>
+    <message>
+        <source>Del to av utmeldingen</source>
+        <translation>Del två av avanmälan</translation>
+    </message>
+    <message>
+        <source>Tekst ved eventuell ALARM</source>
+        <translation>Text vid eventuellt LARM</translation>
+    </message>
+    <message>
+        <source>Undertekst i meldingene</source>
+        <translation>Undertext i meddelandena</translation>
+    </message>
+    <message>
+        <source>Send ny tekst 1</source>
+        <translation>Skicka ny text 1</translation>
+    </message>
+    <message>
+        <source>Send ny tekst 2</source>
+        <translation>Skicka ny text 2</translation>
+    </message>
+    <message>
+        <source>Send ny tekst 3</source>
+        <translation>Skicka ny text 3</translation>
+    </message>
+    <message>
+        <source>Send ny tekst4</source>
+        <translation>Skicka ny text4</translation>
+    </message>
+    <message>
+        <source>Send ny tekst5</source>
+        <translation>Skicka ny text5</translation>
+    </message>
+    <message>
+        <source>Send ny tekst 6</source>
+        <translation>Skicka ny text 6</translation>
+    </message>
+    <message>
+        <source>Denne delen av velkomsmeldingen er fast</source>
+        <translation>Denna del av välkomstmeddelandet är fast</translation>
+    </message>
+    <message>
+        <source>Fast del av velkomstmeldingen</source>
+        <translation>Fast del av välkomstmeddelandet</translation>
+    </message>
+    <message>
+        <source>Ring (nummer til dør)</source>
+        <translation>Ring (nummer till dörr)</translation>
+    </message>
+    <message>
+        <source>Tider og funksjoner</source>
+        <translation>Tider och funktioner</translation>
+    </message>
+    <message>
+        <source>Innmelding fra klokken:</source>
+        <translation>Anmälan från klockan:</translation>
+    </message>
+    <message>
+        <source>Utmelding fra klokken:</source>
+        <translation>Avanmälan från klockan:</translation>
+    </message>
+    <message>
+        <source>til</source>
+        <translation>till</translation>
+    </message>
+    <message>
+        <source>Innmelding fra klokken</source>
+        <translation>Anmälan från klockan</translation>
+    </message>
+    <message>
+        <source>Innmelding til klokken</source>
+        <translation>Anmälan till klockan</translation>
+    </message>
+    <message>
+        <source>Utmelding fra klokken</source>
+        <translation>Avanmälan från klockan</translation>
+    </message>
+    <message>
+        <source>Utmelding til klokken</source>
+        <translation>Avanmälan till klockan</translation>
+    </message>
+    <message>
+        <source>Send nye tider</source>
+        <translation>Skicka nya tider</translation>
+    </message>
+    <message>
+        <source>Alarmfunksjon</source>
+        <translation>Larmfunktion</translation>
+    </message>
+    <message>
+        <source>Send  Funksjon</source>
+        <translation>Skicka  Funktion</translation>
+    </message>
+    <message>
+        <source>Lås Status</source>
+        <translation>Låsstatus</translation>
+    </message>
+    <message>
+        <source>Send Lås Status</source>
+        <translation>Skicka Låsstatus</translation>
+    </message>
+    <message>
+        <source>HENT BRUKERE FRA LÅS</source>
+        <translation>HÄMTA ANVÄNDARE FRÅN LÅS</translation>
+    </message>
+    <message>
+        <source>Hent BRUKERE</source>
+        <translation>Hämta ANVÄNDARE</translation>
+    </message>
+    <message>
+        <source>Registrer ADMIN</source>
+        <translation>Registrera ADMIN</translation>
+    </message>
+    <message>
+        <source>Reset ADMIN</source>
+        <translation>Reset ADMIN</translation>
+    </message>
+    <message>
+        <source> Er det opprettet noen nøkkel under Key Data??</source>
+        <translation> Har någon nyckel skapats under Key Data??</translation>
+    </message>
+    <message>
+        <source>Eget nummer er ikke angitt. Du bør sende dette til nøkkelenhet!!</source>
+        <translation>Eget nummer är inte angivet. Du bör skicka det till nyckelenheten!!</translation>
+    </message>
+    <message>
+        <source>Sjekk om EGET NUMMER er riktig !!!</source>
+        <translation>Kontrollera om EGET NUMMER är rätt !!!</translation>
+    </message>
+    <message>
+        <source>Dette vil endre ALARMFUNKSJONEN. Vil du fortsette?</source>
+        <translation>Detta kommer att ändra LARMFUNKTIONEN. Vill du fortsätta?</translation>
+    </message>
+    <message>
+        <source>Dette vil Åpne eller Lukke port eller dør for alle brukere. Vil du fortsette?</source>
+        <translation>Detta kommer att Öppna eller Stänga port eller dörr för alla användare. Vill du fortsätta?</translation>
+    </message>
+    <message>
+        <source>Ny instilling (</source>
+        <translation>Ny inställning (</translation>
+    </message>
+    <message>
+        <source>) blir sendt til nøkkelenhet</source>
+        <translation>) skickas till nyckelenheten</translation>
+    </message>
+    <message>
+        <source>Tast inn ÅPNINGSTID hverdager</source>
+        <translation>Ange ÖPPETTID vardagar</translation>
+    </message>
+    <message>
+        <source>ÅPNE</source>
+        <translation>ÖPPNA</translation>
+    </message>
+    <message>
+        <source>Endringene er ikke lagret. Vil du lukke likevel?</source>
+        <translation>Ändringarna är inte sparade. Vill du stänga ändå?</translation>
+    </message>
+    <message>
+        <source>En dør må ha et nummer.</source>
+        <translation>En dörr måste ha ett nummer.</translation>
+    </message>
+    <message>
+        <source>Det er ikke valgt noen dør. Ingenting ble sendt.</source>
+        <translation>Ingen dörr är vald. Inget skickades.</translation>
+    </message>
+</context>
 </TS>
