@@ -31,7 +31,8 @@ namespace {
 
 constexpr milliseconds kTimer1 = 10'000ms;
 constexpr milliseconds kBetweenSlices = 1ms;
-constexpr int kWidestColumn = 320; // pixels, to start with
+constexpr milliseconds kPatience = 50ms; ///< of a reading: the window must go on answering
+constexpr int kWidestColumn = 320;       // pixels, to start with
 
 QString utf8(const char *text)
 {
@@ -46,7 +47,7 @@ RecordBrowser::RecordBrowser(const BrowserTable &table, const BrowserTools &tool
       person_(tools.person),
       clock_(tools.clock),
       settings_(tools.settings),
-      model_(tools.clock),
+      model_(tools.clock, tools.person),
       ui_(std::make_unique<Ui::RecordBrowser>()),
       Timer1_(tools.clock.timer([this] { timer1Tick(); })),
       work_(tools.clock.timer([this] { workOn(); }))
@@ -196,6 +197,7 @@ void RecordBrowser::readAgain()
 void RecordBrowser::showRows()
 {
     readingSince_ = clock_.elapsed();
+    connection_->setPatience(kPatience); // what cannot be read now is read a little later
     model_.show(adoPrimaryRS);
     model_.setAddsRows(table_.has(BrowserTable::AddsRows) && addsRows());
     restoreColumns();

@@ -20,11 +20,12 @@ QString onOneLine(QString text)
 constexpr int kFirstRows = 2'000; ///< listed at once: some 2 ms
 constexpr milliseconds kBetweenSlices = 1ms;
 constexpr milliseconds kBeforeNextTry = 500ms; ///< when the file is in other hands
+constexpr int kTriesInSilence = 10;
 
 } // namespace
 
-RecordsetModel::RecordsetModel(Clock &clock, QObject *parent)
-    : QAbstractTableModel(parent), slices_(clock.timer([this] { readSlice(RowList::kSlice); }))
+RecordsetModel::RecordsetModel(Clock &clock, Operator &person, QObject *parent)
+    : QAbstractTableModel(parent), person_(person), slices_(clock.timer([this] { tick(); }))
 {
 }
 
@@ -33,9 +34,8 @@ RecordsetModel::~RecordsetModel() = default;
 void RecordsetModel::show(Recordset &rows)
 {
     const std::shared_ptr<RowList> fresh = rows.list();
-    if (!fresh->isComplete()) {
-        fresh->readSlice(kFirstRows);
-    }
+    failures_ = 0;
+    const bool read = fresh->isComplete() || tried([&] { fresh->readSlice(kFirstRows); });
     const bool sameSet = set_ == &rows && columns_ == rows.columns();
     set_ = &rows;
     reading_ = fresh;
@@ -44,7 +44,7 @@ void RecordsetModel::show(Recordset &rows)
     }
     takeRows();
     if (isReading()) {
-        lookAgain(kBetweenSlices);
+        lookAgain(read ? kBetweenSlices : kBeforeNextTry);
     }
 }
 
@@ -61,27 +61,41 @@ void RecordsetModel::takeOver()
     endResetModel();
 }
 
-void RecordsetModel::readSlice(int rows)
+/// Reads, and gives whether that went well. A file that is in other hands for a moment is no news;
+/// when it lasts, the operator is told, once.
+bool RecordsetModel::tried(const std::function<void()> &reading)
+{
+    bool read = false;
+    const auto once = [&] {
+        reading();
+        read = true;
+        failures_ = 0;
+    };
+    if (++failures_ == kTriesInSilence) {
+        shown(person_, {}, once);
+    } else {
+        kept(once);
+    }
+    return read;
+}
+
+void RecordsetModel::tick()
 {
     slices_->setEnabled(false);
-    if (std::exchange(unreadable_, false) && rowCount() > 0) {
+    if (unreadable_ && rows_ > 0 && tried([this] { set_->rows({list_->key(0)}); })) {
+        unreadable_ = false;
         emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
     }
     removeGone();
-    if (!reading_) {
-        return;
-    }
-    // A file that is in other hands is tried again, and says nothing meanwhile.
-    bool read = false;
-    kept([&] {
-        reading_->readSlice(rows);
-        read = true;
-    });
-    if (read && list_ != reading_ && (reading_->count() > 0 || reading_->isComplete())) {
-        takeOver();
-    }
-    takeRows();
+    bool read = !unreadable_;
     if (reading_) {
+        read = tried([this] { reading_->readSlice(); });
+        if (read && list_ != reading_ && (reading_->count() > 0 || reading_->isComplete())) {
+            takeOver();
+        }
+        takeRows();
+    }
+    if (reading_ || unreadable_) {
         lookAgain(read ? kBetweenSlices : kBeforeNextTry);
     }
 }

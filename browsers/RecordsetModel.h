@@ -9,6 +9,7 @@
 #include <memory>
 
 class Clock;
+class Operator;
 class RowList;
 class Timer;
 
@@ -16,7 +17,8 @@ class Timer;
 ///
 /// Rows are known by number: the first are there when show() returns, the others follow slice by
 /// slice on the clock's timer. Their values are read when a view asks for them, a window of rows at
-/// a time, and only a few windows are kept. So a million rows cost what is in sight.
+/// a time, and only a few windows are kept. So a million rows cost what is in sight. While the file
+/// is in other hands nothing new is read, and everything is tried again by itself.
 ///
 /// Where cells may be edited the changes gather in the recordset until saveEdit(): as long as one
 /// row is being changed no other can be.
@@ -30,13 +32,14 @@ public:
         bool wraps = false; ///< keeps its line breaks; elsewhere each becomes a blank
     };
 
-    explicit RecordsetModel(Clock &clock, QObject *parent = nullptr);
+    /// The operator is told of a file that stays unreadable.
+    RecordsetModel(Clock &clock, Operator &person, QObject *parent = nullptr);
     ~RecordsetModel() override;
 
     /// Shows the set's rows from now on, in its order and by its search; the set must outlive the
     /// model or be replaced by another show(). What was shown stays until the first of the new rows
     /// are known.
-    /// @throws RuntimeFailure when the rows cannot be listed; what was shown stays.
+    /// @throws RuntimeFailure when the set is not open; what was shown stays.
     void show(Recordset &rows);
     /// Headings and rights from the left; columns behind these have none.
     void setColumns(std::vector<Column> columns);
@@ -98,7 +101,8 @@ private:
     const QVariantList &values(int row) const;
     const Window &window(int number) const;
     void forgetWindows(int fromRow = 0);
-    void readSlice(int rows);
+    void tick();
+    bool tried(const std::function<void()> &reading);
     void takeOver();
     void takeRows();
     void insertListed();
@@ -109,6 +113,7 @@ private:
     void lookAgain(std::chrono::milliseconds after) const;
     Column column(int place) const;
 
+    Operator &person_;
     std::unique_ptr<Timer> slices_;
     Recordset *set_ = nullptr;
     std::shared_ptr<RowList> list_;    ///< shown
@@ -121,4 +126,5 @@ private:
     mutable std::map<int, Window> windows_; ///< by number
     mutable std::vector<qint64> gone_;      ///< rows that were listed and are not there any more
     mutable bool unreadable_ = false; ///< the last window could not be read: until the next tick
+    int failures_ = 0; ///< readings that failed, one behind the other
 };

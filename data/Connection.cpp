@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr int kBusyTimeout = 5000; // ms
+constexpr int kLongestWait = 5000; // ms
 constexpr int kPreparedStatements = 200;
 constexpr int kSaltSize = 16; // bytes
 
@@ -34,6 +34,11 @@ QString translated(const char *text)
     case SQLITE_NOTADB:
         throw RuntimeFailure(
             translated("Filen er ikke en database, eller den har et annet passord"));
+    case SQLITE_CONSTRAINT:
+        if (sqlite3_extended_errcode(database) == SQLITE_CONSTRAINT_UNIQUE) {
+            throw RuntimeFailure(translated("Det finnes allerede en rad med dette nummeret"));
+        }
+        [[fallthrough]];
     default:
         throw RuntimeFailure(QString::fromUtf8(sqlite3_errmsg(database)));
     }
@@ -218,6 +223,14 @@ struct Connection::Private {
     const QString path; ///< absolute
     FileKey key;
     std::shared_ptr<FileUse> use;
+    void wait(int milliseconds) const
+    {
+        if (database != nullptr) {
+            sqlite3_busy_timeout(database, milliseconds);
+        }
+    }
+
+    int patience = kLongestWait; ///< ms
     sqlite3 *database = nullptr;
     /// Prepared statements by their text. One at work is not here, so that its reader may run the
     /// same text again.
@@ -260,7 +273,7 @@ std::shared_ptr<Connection> Connection::open(const QString &path, FileKey key,
         check(state->database, sqlite3_key(state->database, engineKey.constData(),
                                            static_cast<int>(engineKey.size())));
     }
-    sqlite3_busy_timeout(state->database, kBusyTimeout);
+    sqlite3_busy_timeout(state->database, kLongestWait);
     addEngineFunctions(state->database);
     std::shared_ptr<Connection> connection(new Connection(std::move(state)));
     // Newer engines write another format by default, which older ones cannot read; those don't
@@ -271,6 +284,12 @@ std::shared_ptr<Connection> Connection::open(const QString &path, FileKey key,
     connection->run(QStringLiteral("PRAGMA journal_mode = DELETE"));
     connection->run(QStringLiteral("PRAGMA synchronous = FULL"));
     return connection;
+}
+
+void Connection::setPatience(std::chrono::milliseconds patience)
+{
+    d->patience = static_cast<int>(patience.count());
+    d->wait(d->patience);
 }
 
 void Connection::close()
@@ -324,6 +343,12 @@ qint64 Connection::lastInsertRowId() const
 
 void Connection::transaction(const std::function<void()> &work)
 {
+    struct Waits {
+        Private &owner;
+        explicit Waits(Private &p) : owner(p) { owner.wait(kLongestWait); }
+        ~Waits() { owner.wait(owner.patience); }
+    };
+    const Waits waits(*d);
     // Immediate: to read first and ask for the write lock later may fail without a wait.
     between(QStringLiteral("BEGIN IMMEDIATE"), work);
 }

@@ -3,6 +3,7 @@
 #include <QString>
 #include <QVariant>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 
@@ -13,7 +14,7 @@ class FileUse;
 /// program names it.
 ///
 /// Every page of the file is encrypted with the password of the connection string. Other programs
-/// and PCs may hold the file at the same time; a write waits up to 5 s for them.
+/// and PCs may hold the file at the same time; a transaction waits up to 5 s for them.
 ///
 /// Values go in and come out as text, whole numbers, floating numbers, bytes or nothing (an
 /// invalid QVariant). A truth value is stored as the tables hold flags: 0 false, -1 true.
@@ -34,6 +35,9 @@ public:
     ~Connection();
     Connection(const Connection &) = delete;
     Connection &operator=(const Connection &) = delete;
+
+    /// How long a statement outside a transaction waits for others; 5 s at first.
+    void setPatience(std::chrono::milliseconds patience);
 
     /// Lets go of the file, whoever still holds this object; every later use fails.
     void close();

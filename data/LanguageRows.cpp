@@ -97,6 +97,7 @@ constexpr Text kTexts[] = {
     {120, u"Status", u"Status", u"Status"},
     {121, u"SMS TEKST", u"SMS-TEKST", u"SMS-TEXT"},
     {122, u"Bruker", u"Bruger", u"Användare"},
+    {123, u"Kortnummer", u"Kortnummer", u"Kortnummer"},
     {128, u"Dør", u"Dør", u"Dörr"},
 
     // Words of the tab strip, and between them the buttons that fetch a door's log.

@@ -17,12 +17,12 @@ class RowList;
 /// A filter is SQL over the source's columns with a "?" for each of its values; values are bound,
 /// never joined in. Compare texts by Criteria.h, so that case and trailing blanks don't count.
 struct Query {
-    QString source = {};                   ///< table or saved query
-    QStringList columns = {};              ///< names as the program spells them; case doesn't count
-    QString filter = {};                   ///< empty for all rows
-    QVariantList values = {};              ///< for the "?" of the filter, in order
-    QString sort = {};                     ///< column to sort by; empty for the table's own order
-    QString search = {};                   ///< text that some column holds, case ignored; empty for all
+    QString source = {};      ///< table or saved query
+    QStringList columns = {}; ///< names as the program spells them; case doesn't count
+    QString filter = {};      ///< empty for all rows
+    QVariantList values = {}; ///< for the "?" of the filter, in order
+    QString sort = {};        ///< column to sort by; empty for the table's own order
+    QString search = {};      ///< text that some column holds, case ignored; empty for all
     QString key = QStringLiteral("rowid"); ///< whole number that names a row of the source for good
 
     bool operator==(const Query &) const = default;

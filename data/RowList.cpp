@@ -203,7 +203,11 @@ void RowList::finish()
 {
     phase_ = Phase::Complete;
     runs_.clear();
-    keys_.insert(keys_.end(), appended_.begin(), appended_.end());
+    for (const qint64 key : appended_) {
+        if (rowOf(key) < 0) { // the reading may have come to it all the same
+            keys_.push_back(key);
+        }
+    }
 }
 
 int RowList::rowOf(qint64 key) const

@@ -148,6 +148,8 @@ constexpr Index kIndexes[] = {
     {u"Katalog", u"Bruker", true},
     {u"Katalog", u"BrukerKort"},
     {u"SMS_Sent", u"CMGS"},
+    // One door's log in the order of its rows, for sorting it, and by date, as it is shown.
+    {u"LOGGData", u"KeyNummer"},
     {u"LOGGData", u"KeyNummer", false, u"Dato"},
     {u"LOGGData", u"Dato", false, u"KeyUser"},
 };
@@ -156,13 +158,16 @@ void createIndex(Connection &connection, const Index &index)
 {
     const auto table = QString::fromUtf16(index.table);
     const auto column = QString::fromUtf16(index.column);
+    QString name = table + u'_' + column;
     QString indexed = comparedForm(column);
     if (index.second != nullptr) {
-        indexed += QStringLiteral(", ") + comparedForm(QString::fromUtf16(index.second));
+        const auto second = QString::fromUtf16(index.second);
+        name += u'_' + second;
+        indexed += QStringLiteral(", ") + comparedForm(second);
     }
     connection.run(
-        QStringLiteral("CREATE %1INDEX %2_%3 ON %2 (%4)")
-            .arg(index.unique ? QStringLiteral("UNIQUE ") : QString(), table, column, indexed));
+        QStringLiteral("CREATE %1INDEX %2 ON %3 (%4)")
+            .arg(index.unique ? QStringLiteral("UNIQUE ") : QString(), name, table, indexed));
 }
 
 } // namespace

@@ -170,6 +170,10 @@ void frmKEY::newRowBegun(int begun)
     for (const auto &[field, text] : kDefaults) {
         model_.setValue(column(field), sourceText(text));
     }
+    // Without a level nobody would see the door.
+    if (begun != column("KeySikkerhet")) {
+        model_.setValue(column("KeySikkerhet"), QStringLiteral("4"));
+    }
     if (begun == 0 && !model_.text(model_.editedRow(), 0).startsWith(u'+')) {
         // A reminder only: the text stays.
         person_.messageBox(sourceText(QT_TRANSLATE_NOOP(
@@ -181,6 +185,15 @@ void frmKEY::newRowBegun(int begun)
 void frmKEY::rowSaved()
 {
     rowChanged();
+    Recordset doors;
+    doors.open(connection_, visibleDoors(module_.SecurityLevel));
+    if (!doors.findFirst(QStringLiteral("KeyNummer"), value("KeyNummer"))) {
+        person_.messageBox(
+            sourceText(QT_TRANSLATE_NOOP(
+                "BrowserTable", "Døren er lagret, men med dette sikkerhetsnivået vises den ikke "
+                                "for deg.")),
+            {}, Buttons::Ok);
+    }
 }
 
 void frmKEY::cmdDelete_Click()

@@ -70,7 +70,7 @@ UserPanel::UserPanel(Module1 &module, Recordsets &recordsets, ModemLink &modem,
       check_(module, recordsets, person, clock),
       freeSms_(module, recordsets, modem, person, clock),
       grid_(module, recordsets),
-      model_(clock),
+      model_(clock, person),
       ui_(std::make_unique<Ui::UserPanel>())
 {
     ui_->setupUi(this);

@@ -32,7 +32,7 @@ TEST_F(LanguageTableTest, DeliveredTextsStandAtAllPositionsOfTheScreens)
     QSet<int> positions = {128};
     for (const auto &[from, to] : {std::pair(1, 24),
                                    {26, 60},
-                                   {110, 122},
+                                   {110, 123},
                                    {131, 137},
                                    {143, 150},
                                    {210, 212},

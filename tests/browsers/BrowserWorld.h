@@ -1,0 +1,97 @@
+#pragma once
+
+#include "browsers/RecordBrowser.h"
+#include "data/Connection.h"
+#include "data/Module1.h"
+#include "support/FakeMachine.h"
+#include "support/TestDatabase.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+/// A database, an operator of level "6" and one of the table screens, driven by keys.
+struct BrowserWorld : testing::Test, FakeMachine {
+    BrowserWorld() { database.use(module); }
+
+    BrowserTools tools() { return {module, person, clock, settings}; }
+    /// Opens a screen as the menu does.
+    template <class Screen, class... Parts> Screen &open(Parts &&...parts)
+    {
+        auto made = std::make_unique<Screen>(std::forward<Parts>(parts)...);
+        Screen &opened = *made;
+        screen = std::move(made);
+        opened.load();
+        opened.show();
+        QApplication::setActiveWindow(&opened);
+        clock.run(10ms);
+        return opened;
+    }
+    template <class Control> Control &control(const char *name)
+    {
+        return *screen->findChild<Control *>(QString::fromLatin1(name));
+    }
+    QTableView &grid() { return control<QTableView>("grdDataGrid"); }
+    QString status() { return control<QLabel>("lblStatus").text(); }
+    void click(const char *button)
+    {
+        QTest::mouseClick(&control<QAbstractButton>(button), Qt::LeftButton);
+    }
+    void key(int key, Qt::KeyboardModifiers modifiers = {})
+    {
+        QTest::keyClick(&grid(), static_cast<Qt::Key>(key), modifiers);
+    }
+    /// Types into the cell that the grid stands on, as an operator does.
+    void type(int row, int column, const QString &text)
+    {
+        grid().setCurrentIndex(grid().model()->index(row, column));
+        QTest::keyClick(&grid(), Qt::Key_F2);
+        auto *cell = grid().viewport()->findChild<QLineEdit *>();
+        ASSERT_NE(cell, nullptr) << "not to be typed in";
+        cell->setText(text);
+        QTest::keyClick(cell, Qt::Key_Return);
+    }
+    void clickHeading(int column)
+    {
+        QHeaderView &heads = *grid().horizontalHeader();
+        QTest::mouseClick(heads.viewport(), Qt::LeftButton, {},
+                          {heads.sectionViewportPosition(column) + 5, heads.height() / 2});
+        clock.run(1s);
+    }
+    void search(const QString &text)
+    {
+        control<QLineEdit>("txtSearch").setText(text);
+        clock.run(1s);
+    }
+    /// A column of the grid from the top, the first rows of it.
+    std::string column(int column, int rows = 9)
+    {
+        QStringList cells;
+        for (int row = 0; row < std::min(rows, grid().model()->rowCount()); ++row) {
+            cells += grid().model()->index(row, column).data().toString();
+        }
+        return cells.join(u'|').toStdString();
+    }
+    std::string headings()
+    {
+        QStringList texts;
+        for (int i = 0; i < grid().model()->columnCount(); ++i) {
+            if (!grid().isColumnHidden(i)) {
+                texts += grid().model()->headerData(i, Qt::Horizontal).toString();
+            }
+        }
+        return texts.join(u'|').toStdString();
+    }
+    std::string rows(const QString &sql) { return database.rows(sql).join(u';').toStdString(); }
+    void run(const QString &sql) { database.look().run(sql); }
+
+    TestDatabase database;
+    Module1 module;
+    std::unique_ptr<RecordBrowser> screen;
+};

@@ -1,0 +1,274 @@
+#include "browsers/BrowserWorld.h"
+#include "browsers/frmBrukere.h"
+
+#include <QClipboard>
+#include <QFile>
+#include <QHeaderView>
+
+namespace {
+
+struct RecordBrowserTest : BrowserWorld {
+    void person(const QString &name, const QString &number)
+    {
+        database.add(u"Katalog"_qs, u"Bruker,Etternavn,Fornavn"_qs,
+                     {u"+47"_qs + number, name, u"Per"_qs});
+    }
+    void openCatalogue()
+    {
+        for (const auto &[name, number] : {std::pair(u"Ås"_qs, u"91000001"_qs),
+                                           {u"Berg"_qs, u"91000002"_qs},
+                                           {u"Zorn"_qs, u"91000003"_qs}}) {
+            person(name, number);
+        }
+        open<frmBrukere>(tools());
+    }
+    void openPasswords()
+    {
+        database.add(u"Passwords"_qs, u"USER_ID,Password,SecurityLevel"_qs,
+                     {u"Anna"_qs, u"x"_qs, u"4"_qs});
+        open<RecordBrowser>(kPasswordTable, tools());
+    }
+};
+
+struct Move {
+    const char *name;
+    int from; ///< row, from 0
+    Qt::Key key;
+    Qt::KeyboardModifiers modifiers;
+    const char *status;
+    int beeps;
+};
+
+TEST_F(RecordBrowserTest, KeysMoveAsTheFrameSays)
+{
+    openCatalogue();
+    EXPECT_EQ(status(), u"Record: 1"_qs);
+    for (const Move &move :
+         {Move{"down", 0, Qt::Key_Down, {}, "Record: 2", 0},
+          Move{"page down", 0, Qt::Key_PageDown, {}, "Record: 2", 0},
+          Move{"up", 2, Qt::Key_Up, {}, "Record: 2", 0},
+          Move{"page up", 2, Qt::Key_PageUp, {}, "Record: 2", 0},
+          Move{"down at the end", 2, Qt::Key_Down, {}, "Record: 3", 1},
+          Move{"up at the start", 0, Qt::Key_Up, {}, "Record: 1", 1},
+          Move{"end", 0, Qt::Key_End, {}, "Record: 3", 0},
+          Move{"home", 2, Qt::Key_Home, {}, "Record: 1", 0},
+          Move{"control down", 0, Qt::Key_Down, Qt::ControlModifier, "Record: 3", 0},
+          Move{"control page up", 2, Qt::Key_PageUp, Qt::ControlModifier, "Record: 1", 0}}) {
+        grid().setCurrentIndex(grid().model()->index(move.from, 0));
+        FakeMachine::person.beeps = 0;
+        key(move.key, move.modifiers);
+        EXPECT_EQ(status(), QString::fromLatin1(move.status)) << move.name;
+        EXPECT_EQ(FakeMachine::person.beeps, move.beeps) << move.name;
+    }
+    for (const auto &[button, row] :
+         {std::pair("cmdLast", 2), {"cmdPrevious", 1}, {"cmdFirst", 0}, {"cmdNext", 1}}) {
+        click(button);
+        EXPECT_EQ(grid().currentIndex().row(), row) << button;
+    }
+    key(Qt::Key_Escape);
+    EXPECT_FALSE(screen->isVisible());
+}
+
+TEST_F(RecordBrowserTest, AnEmptyTableDoesNotBeep)
+{
+    open<frmBrukere>(tools());
+    for (const Qt::Key each : {Qt::Key_Down, Qt::Key_Up, Qt::Key_End, Qt::Key_Home}) {
+        key(each);
+    }
+    click("cmdDelete");
+    EXPECT_EQ(status(), u""_qs);
+    EXPECT_EQ(FakeMachine::person.beeps, 0);
+}
+
+TEST_F(RecordBrowserTest, LanguageTableHasNoKeysOfTheFrame)
+{
+    open<RecordBrowser>(kLanguageTable, tools());
+    key(Qt::Key_Escape);
+    EXPECT_TRUE(screen->isVisible());
+    key(Qt::Key_End, Qt::ControlModifier); // the grid's own
+    EXPECT_EQ(status(), u"Record: 227"_qs);
+    type(1, 1, u"Skriv…"_qs);
+    key(Qt::Key_Up);
+    EXPECT_EQ(rows(u"SELECT Norsk FROM TBLLanguage WHERE ID = 2"_qs), "Skriv…");
+}
+
+TEST_F(RecordBrowserTest, SearchFindsInAnyColumnWithoutCaseAndKeepsTheRow)
+{
+    openCatalogue();
+    key(Qt::Key_Down);
+    search(u"ÅS"_qs);
+    EXPECT_EQ(column(1), "Ås");
+    EXPECT_EQ(control<QLabel>("lblHits").text(), u"1 treff"_qs);
+    search(u"9100000"_qs);
+    EXPECT_EQ(column(1), "Ås|Berg|Zorn");
+    QTest::keyClick(&control<QLineEdit>("txtSearch"), Qt::Key_Escape);
+    EXPECT_EQ(control<QLabel>("lblHits").text(), u"3 rader"_qs);
+    EXPECT_TRUE(screen->isVisible());
+    key(Qt::Key_F, Qt::ControlModifier);
+    EXPECT_TRUE(control<QLineEdit>("txtSearch").hasFocus());
+}
+
+TEST_F(RecordBrowserTest, HeadingSortsAscendingAndTheLastOneOnceMore)
+{
+    openCatalogue();
+    EXPECT_EQ(column(1), "Ås|Berg|Zorn") << "as the table has them, until the first click";
+    key(Qt::Key_End);
+    clickHeading(1);
+    EXPECT_EQ(column(1), "Berg|Zorn|Ås");
+    EXPECT_EQ(status(), u"Record: 1"_qs);
+    clickHeading(1);
+    EXPECT_EQ(column(1), "Berg|Zorn|Ås");
+    EXPECT_EQ(grid().horizontalHeader()->sortIndicatorSection(), 1);
+    run(u"UPDATE Katalog SET Etternavn = 'Aas' WHERE Etternavn = 'Zorn'"_qs);
+    grid().horizontalHeader()->moveSection(7, 0);
+    clickHeading(7); // has none of its own
+    EXPECT_EQ(column(1), "Aas|Berg|Ås");
+}
+
+TEST_F(RecordBrowserTest, CopiesAndSavesWhatIsShown)
+{
+    openCatalogue();
+    clickHeading(1);
+    grid().setColumnHidden(3, true);
+    grid().horizontalHeader()->moveSection(1, 0);
+    search(u"per"_qs);
+    run(u"UPDATE Katalog SET Gate = 'skjult', Poststed = '=X' || char(9) || 'y' WHERE Etternavn = 'Berg'"_qs);
+    key(Qt::Key_Home);
+    key(Qt::Key_Down, Qt::ShiftModifier);
+    key(Qt::Key_C, Qt::ControlModifier);
+    clock.run(1s);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(),
+              u"Berg\t+4791000002\tPer\t\t=X y\t\t\nZorn\t+4791000003\tPer\t\t\t\t\n"_qs);
+
+    const QString path = database.filePath(u"ut.csv"_qs);
+    FakeMachine::person.picksNewFile(u"Alle Brukere.csv"_qs, u"CSV (*.csv)"_qs, path);
+    click("cmdSaveCsv");
+    clock.run(1s);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QStringList lines = QString::fromUtf8(file.readAll()).split(u"\r\n"_qs);
+    EXPECT_EQ(lines.size(), 5);
+    EXPECT_EQ(lines[0], QChar(0xFEFF) +
+                            u"\"Etternavn\";\"Bruker\";\"Fornavn\";\"PostNr.\";\"Sted\";"
+                            "\"Tillatelser\";\"Kortnummer\""_qs);
+    EXPECT_EQ(lines[1], u"\"Berg\";\"+4791000002\";\"Per\";\"\";\"'=X\ty\";\"\";\"\""_qs);
+
+    FakeMachine::person.picksNewFile(u"Alle Brukere.csv"_qs, u"CSV (*.csv)"_qs,
+                                     database.filePath(u"borte/ut.csv"_qs));
+    FakeMachine::person.answers(u""_qs); // what the system says of the folder
+    click("cmdSaveCsv");
+    EXPECT_EQ(FakeMachine::person.texts.size(), 1);
+}
+
+TEST_F(RecordBrowserTest, WidthsAndOrderAreTheOperatorsTheNextTime)
+{
+    openCatalogue();
+    grid().setColumnWidth(2, 77);
+    grid().horizontalHeader()->moveSection(2, 0);
+    screen->close();
+    open<frmBrukere>(tools());
+    EXPECT_EQ(grid().columnWidth(2), 77);
+    EXPECT_EQ(grid().horizontalHeader()->visualIndex(2), 0);
+    settings.values[u"frmbrukere.columns"_qs] = u"tull"_qs;
+    open<frmBrukere>(tools());
+    EXPECT_EQ(grid().horizontalHeader()->visualIndex(2), 2);
+}
+
+TEST_F(RecordBrowserTest, RowIsSavedWhenItIsLeftAndWhenTheScreenCloses)
+{
+    openPasswords();
+    EXPECT_EQ(headings(), "BRUKER|PASSORD|SIKKERHETSNIVÅ");
+    EXPECT_EQ(column(0), "Anna|Hovedoperatør|");
+    type(2, 0, u"Ola"_qs);
+    type(2, 2, u"høy"_qs);
+    EXPECT_EQ(rows(u"SELECT count(*) FROM Passwords"_qs), "2");
+    key(Qt::Key_Home);
+    EXPECT_EQ(rows(u"SELECT USER_ID, SecurityLevel FROM Passwords ORDER BY Rad DESC LIMIT 1"_qs),
+              "Ola|høy");
+    type(0, 1, u"y"_qs);
+    grid().edit(grid().model()->index(0, 2)); // a cell is still open
+    screen->close();
+    EXPECT_EQ(rows(u"SELECT Password FROM Passwords WHERE USER_ID = 'Anna'"_qs), "y");
+}
+
+TEST_F(RecordBrowserTest, EscapeTakesTypedTextBackBeforeItCloses)
+{
+    openPasswords();
+    type(0, 1, u"y"_qs);
+    key(Qt::Key_Escape);
+    EXPECT_EQ(column(1, 1), "x");
+    EXPECT_TRUE(screen->isVisible());
+    key(Qt::Key_Escape);
+    EXPECT_FALSE(screen->isVisible());
+}
+
+// Another PC was quicker: it is told, nothing is lost, and the screen stays until it is settled.
+TEST_F(RecordBrowserTest, ConflictsAreToldAndSettledByTheOperator)
+{
+    openPasswords();
+    const QString conflict = u"endret eller slettet av en annen"_qs;
+    type(0, 1, u"min"_qs);
+    run(u"UPDATE Passwords SET Password = 'din' WHERE USER_ID = 'Anna'"_qs);
+    for (const auto &leave : std::initializer_list<std::function<void()>>{
+             [&] { key(Qt::Key_Down); }, [&] { screen->close(); }, [&] { search(u"o"_qs); }}) {
+        FakeMachine::person.answers(conflict);
+        leave();
+        EXPECT_EQ(grid().currentIndex().row(), 0);
+        EXPECT_TRUE(screen->isVisible());
+        EXPECT_EQ(column(1, 1), "min");
+    }
+    key(Qt::Key_Escape);
+    EXPECT_EQ(column(1, 1), "din");
+
+    run(u"UPDATE Passwords SET Password = 'nok en' WHERE USER_ID = 'Anna'"_qs);
+    FakeMachine::person.answers(conflict);
+    click("cmdDelete");
+    EXPECT_EQ(column(1, 1), "nok en");
+    click("cmdDelete");
+    EXPECT_EQ(column(0), "Hovedoperatør|");
+    EXPECT_EQ(rows(u"SELECT USER_ID FROM Passwords"_qs), "Hovedoperatør");
+}
+
+TEST_F(RecordBrowserTest, LongReadingStopsAtEscape)
+{
+    run(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 30000)"
+        " INSERT INTO Katalog (Bruker) SELECT i FROM n"_qs);
+    auto made = std::make_unique<frmBrukere>(tools());
+    screen = std::move(made);
+    screen->load();
+    screen->show();
+    EXPECT_EQ(control<QLabel>("lblHits").text(), QLocale().toString(2000) + u"… rader"_qs);
+    key(Qt::Key_Escape);
+    EXPECT_TRUE(screen->isVisible());
+    clock.run(1s);
+    EXPECT_EQ(control<QLabel>("lblHits").text(), QLocale().toString(2000) + u" rader"_qs);
+    click("cmdRefresh");
+    click("cmdLast"); // known only when all are
+    clock.run(5s);
+    EXPECT_EQ(status(), u"Record: 30000"_qs);
+}
+
+TEST_F(RecordBrowserTest, CatalogueKeepsWhoStandsOnADoorAndCountsDoorsAnew)
+{
+    openCatalogue();
+    for (const QString &door : {u"+4790000001"_qs, u"+4790000002"_qs}) {
+        database.add(u"TBLbrukere"_qs, u"KeyBruker,KeyNummer"_qs, {u"+4791000001 "_qs, door});
+    }
+    run(u"UPDATE Katalog SET Tillatelser = '7'"_qs);
+    FakeMachine::person.answers(
+        u"Denne brukeren er registrert på en eller flere nøkler. Kan ikke slettes!!!"_qs);
+    click("cmdDelete");
+    key(Qt::Key_Down);
+    click("cmdDelete");
+    EXPECT_EQ(column(1), "Ås|Zorn");
+    click("cmdRefresh");
+    clock.run(1s);
+    EXPECT_EQ(column(6), "2|7") << "nobody visits those without a door";
+    EXPECT_EQ(column(7), "91000001|");
+    type(0, 4, u"0001"_qs);
+    type(0, 5, u"Sør's"_qs);
+    key(Qt::Key_Down);
+    EXPECT_EQ(rows(u"SELECT Postnummer, Poststed FROM Katalog WHERE Rad = 1"_qs), "0001|Sør's");
+}
+
+} // namespace
