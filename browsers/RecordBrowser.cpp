@@ -501,7 +501,9 @@ void RecordBrowser::showCurrentRow()
     if (bookmark == 0) {
         return;
     }
-    kept([&] { adoPrimaryRS.setBookmark(bookmark); });
+    if (model_.editedRow() != currentRow()) { // a move would drop what was typed
+        kept([&] { adoPrimaryRS.setBookmark(bookmark); });
+    }
     showStatus(QStringLiteral("Record: %1").arg(currentRow() + 1));
     rowChanged();
 }
@@ -535,11 +537,10 @@ void RecordBrowser::beginTyping(int row, int column)
 void RecordBrowser::endTyping()
 {
     // An open cell takes what was typed when it loses the focus, which a window may not have.
-    QAbstractItemDelegate &cells = *ui_->grdDataGrid->itemDelegate();
-    const QList<QLineEdit *> open = ui_->grdDataGrid->viewport()->findChildren<QLineEdit *>();
-    for (QLineEdit *cell : open) {
-        emit cells.commitData(cell);
-        emit cells.closeEditor(cell);
+    QTableView &grid = *ui_->grdDataGrid;
+    if (QWidget *cell = grid.indexWidget(grid.currentIndex())) {
+        emit grid.itemDelegate()->commitData(cell);
+        emit grid.itemDelegate()->closeEditor(cell);
     }
 }
 

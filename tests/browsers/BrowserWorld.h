@@ -52,10 +52,11 @@ struct BrowserWorld : testing::Test, FakeMachine {
     {
         grid().setCurrentIndex(grid().model()->index(row, column));
         QTest::keyClick(&grid(), Qt::Key_F2);
-        auto *cell = grid().viewport()->findChild<QLineEdit *>();
+        auto *cell = qobject_cast<QLineEdit *>(grid().indexWidget(grid().currentIndex()));
         ASSERT_NE(cell, nullptr) << "not to be typed in";
         cell->setText(text);
         QTest::keyClick(cell, Qt::Key_Return);
+        QCoreApplication::processEvents(); // the cell closes behind the key
     }
     void clickHeading(int column)
     {

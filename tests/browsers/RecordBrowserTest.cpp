@@ -146,11 +146,12 @@ TEST_F(RecordBrowserTest, CopiesAndSavesWhatIsShown)
     clock.run(1s);
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QStringList lines = QString::fromUtf8(file.readAll()).split(u"\r\n"_qs);
+    const QByteArray bytes = file.readAll();
+    EXPECT_TRUE(bytes.startsWith("\xEF\xBB\xBF"));
+    const QStringList lines = QString::fromUtf8(bytes).split(u"\r\n"_qs);
     EXPECT_EQ(lines.size(), 5);
-    EXPECT_EQ(lines[0], QChar(0xFEFF) +
-                            u"\"Etternavn\";\"Bruker\";\"Fornavn\";\"PostNr.\";\"Sted\";"
-                            "\"Tillatelser\";\"Kortnummer\""_qs);
+    EXPECT_EQ(lines[0], u"\"Etternavn\";\"Bruker\";\"Fornavn\";\"PostNr.\";\"Sted\";"
+                        "\"Tillatelser\";\"Kortnummer\""_qs);
     EXPECT_EQ(lines[1], u"\"Berg\";\"+4791000002\";\"Per\";\"\";\"'=X\ty\";\"\";\"\""_qs);
 
     FakeMachine::person.picksNewFile(u"Alle Brukere.csv"_qs, u"CSV (*.csv)"_qs,
@@ -242,7 +243,8 @@ TEST_F(RecordBrowserTest, LongReadingStopsAtEscape)
     EXPECT_TRUE(screen->isVisible());
     clock.run(1s);
     EXPECT_EQ(control<QLabel>("lblHits").text(), QLocale().toString(2000) + u" rader"_qs);
-    click("cmdRefresh");
+    control<QLineEdit>("txtSearch").setText(u"0"_qs);
+    control<QLineEdit>("txtSearch").clear();
     click("cmdLast"); // known only when all are
     clock.run(5s);
     EXPECT_EQ(status(), u"Record: 30000"_qs);
