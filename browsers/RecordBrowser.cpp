@@ -34,6 +34,11 @@ constexpr milliseconds kBetweenSlices = 1ms;
 constexpr milliseconds kPatience = 50ms; ///< of a reading: the window must go on answering
 constexpr int kWidestColumn = 320;       // pixels, to start with
 
+QString ownText(const char *text)
+{
+    return QCoreApplication::translate("RecordBrowser", text);
+}
+
 QString utf8(const char *text)
 {
     return QString::fromUtf8(text);
@@ -49,6 +54,7 @@ RecordBrowser::RecordBrowser(const BrowserTable &table, const BrowserTools &tool
       settings_(tools.settings),
       model_(tools.clock, tools.person),
       ui_(std::make_unique<Ui::RecordBrowser>()),
+      lblEmpty_(new QLabel),
       Timer1_(tools.clock.timer([this] { timer1Tick(); })),
       work_(tools.clock.timer([this] { workOn(); }))
 {
@@ -93,6 +99,10 @@ void RecordBrowser::buildGrid()
     grid.setModel(&model_);
     grid.setItemDelegate(new CellDelegate(this));
     grid.installEventFilter(this);
+    lblEmpty_->setObjectName(QStringLiteral("lblEmpty"));
+    lblEmpty_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    auto *inside = new QVBoxLayout(grid.viewport());
+    inside->addWidget(lblEmpty_, 0, Qt::AlignCenter);
     const bool typedIn = std::ranges::any_of(table_.columns, [](const BrowserColumn &column) {
         return column.use == BrowserColumn::Edited;
     });
@@ -621,10 +631,15 @@ void RecordBrowser::showProgress()
         person_.setBusy(shows);
     }
     const bool searches = !ui_->txtSearch->text().isEmpty();
+    const char *const found = searches ? QT_TRANSLATE_NOOP("RecordBrowser", "%1 treff")
+                                       : QT_TRANSLATE_NOOP("RecordBrowser", "%1 rader");
+    const int rows = model_.recordCount();
     ui_->lblHits->setText(
-        QCoreApplication::translate("RecordBrowser", searches ? "%1 treff" : "%1 rader")
-            .arg(QLocale().toString(model_.recordCount()) +
-                 (reading ? QStringLiteral("…") : QString())));
+        ownText(found).arg(QLocale().toString(rows) + (reading ? QStringLiteral("…") : QString())));
+    lblEmpty_->setVisible(rows == 0 && !reading);
+    lblEmpty_->setText(
+        ownText(searches ? QT_TRANSLATE_NOOP("RecordBrowser", "Ingen rad har denne teksten.")
+                         : QT_TRANSLATE_NOOP("RecordBrowser", "Tabellen er tom.")));
     ui_->cmdSaveCsv->setEnabled(slice_ == nullptr);
 }
 

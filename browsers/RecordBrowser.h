@@ -11,6 +11,7 @@
 
 class Operator;
 class QAbstractButton;
+class QLabel;
 class SettingsStore;
 struct Module1;
 
@@ -153,6 +154,7 @@ private:
     void timer1Tick();
 
     std::unique_ptr<Ui::RecordBrowser> ui_;
+    QLabel *lblEmpty_; ///< in the grid, why there is nothing else in it
     std::unique_ptr<Timer> Timer1_;
     std::unique_ptr<Timer> work_;
     std::function<bool(int &)> slice_; ///< of the long work that is going on

@@ -126,5 +126,5 @@ private:
     mutable std::map<int, Window> windows_; ///< by number
     mutable std::vector<qint64> gone_;      ///< rows that were listed and are not there any more
     mutable bool unreadable_ = false; ///< the last window could not be read: until the next tick
-    int failures_ = 0; ///< readings that failed, one behind the other
+    int failures_ = 0;                ///< readings that failed, one behind the other
 };

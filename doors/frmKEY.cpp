@@ -108,6 +108,10 @@ qint64 frmKEY::startRow()
 
 void frmKEY::loaded()
 {
+    findChild<QTableView *>(QStringLiteral("grdDataGrid"))
+        ->setToolTip(sourceText(QT_TRANSLATE_NOOP(
+            "BrowserTable", "Telefonnummer til nøkkelenhetene skal angis med internasjonalt "
+                            "telefonnummer +47....")));
     buildTabs();
 }
 

@@ -11,9 +11,10 @@ namespace {
 // with the context beside it, or handed to a helper of the file or kept in a table of the file.
 QList<std::pair<QByteArray, QByteArray>> messagesIn(const QString &code)
 {
-    static const QRegularExpression context(QString::fromLatin1(R"re(translate\(\s*"(\w+)")re"));
+    static const QRegularExpression context(
+        QString::fromLatin1(R"re((?:translate|QT_TRANSLATE_NOOP)\(\s*"(\w+)")re"));
     static const QRegularExpression text(QString::fromLatin1(
-        R"re((?:(?:translate|QT_TRANSLATE_NOOP)\(\s*"(\w+)",\s*|\b(?:words|translated)\(\s*|Error, \d+, )"([^"]+)"[)}])re"));
+        R"re((?:(?:translate|QT_TRANSLATE_NOOP)\(\s*"(\w+)",\s*|\b(?:words|translated|CAPTION)\(\s*|Error, \d+, )"([^"]+)"[)}])re"));
     const QByteArray ofFile = context.match(code).captured(1).toUtf8();
     QList<std::pair<QByteArray, QByteArray>> result;
     for (auto found = text.globalMatch(code); !ofFile.isEmpty() && found.hasNext();) {

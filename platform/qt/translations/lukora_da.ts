@@ -74,6 +74,10 @@
 <context>
     <name>Connection</name>
     <message>
+        <source>Det finnes allerede en rad med dette nummeret</source>
+        <translation>Der findes allerede en række med dette nummer</translation>
+    </message>
+    <message>
         <source>Databasen er låst av et annet program</source>
         <translation>Databasen er låst af et andet program</translation>
     </message>
@@ -694,6 +698,244 @@
     <message>
         <source>Det er ikke valgt noen dør. Ingenting ble sendt.</source>
         <translation>Der er ikke valgt nogen dør. Intet blev sendt.</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserTable</name>
+    <message>
+        <source>Bruker</source>
+        <translation>Bruger</translation>
+    </message>
+    <message>
+        <source>Etternavn</source>
+        <translation>Efternavn</translation>
+    </message>
+    <message>
+        <source>Fornavn</source>
+        <translation>Fornavn</translation>
+    </message>
+    <message>
+        <source>Gate</source>
+        <translation>Vej</translation>
+    </message>
+    <message>
+        <source>PostNr.</source>
+        <translation>Postnr.</translation>
+    </message>
+    <message>
+        <source>Sted</source>
+        <translation>By</translation>
+    </message>
+    <message>
+        <source>Tillatelser</source>
+        <translation>Tilladelser</translation>
+    </message>
+    <message>
+        <source>&amp;Slett</source>
+        <translation>&amp;Slet</translation>
+    </message>
+    <message>
+        <source>&amp;Opp&amp;frisk</source>
+        <translation>Opda&amp;ter</translation>
+    </message>
+    <message>
+        <source>Opp&amp;frisk</source>
+        <translation>&amp;Opdater</translation>
+    </message>
+    <message>
+        <source>&amp;Oppdater</source>
+        <translation>&amp;Opdater</translation>
+    </message>
+    <message>
+        <source>&amp;Avslutt</source>
+        <translation>&amp;Afslut</translation>
+    </message>
+    <message>
+        <source>&amp;VELG</source>
+        <translation>&amp;VÆLG</translation>
+    </message>
+    <message>
+        <source>&amp;Legg til</source>
+        <translation>&amp;Tilføj</translation>
+    </message>
+    <message>
+        <source>&amp;Rediger</source>
+        <translation>&amp;Rediger</translation>
+    </message>
+    <message>
+        <source>&amp;Update</source>
+        <translation>&amp;Gem</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>A&amp;nnuller</translation>
+    </message>
+    <message>
+        <source>Dør Nummer</source>
+        <translation>Dørnummer</translation>
+    </message>
+    <message>
+        <source>Dør Navn</source>
+        <translation>Dørnavn</translation>
+    </message>
+    <message>
+        <source>Bygning</source>
+        <translation>Bygning</translation>
+    </message>
+    <message>
+        <source>Sikkerhetsnivå</source>
+        <translation>Sikkerhedsniveau</translation>
+    </message>
+    <message>
+        <source>BRUKER</source>
+        <translation>BRUGER</translation>
+    </message>
+    <message>
+        <source>PASSORD</source>
+        <translation>ADGANGSKODE</translation>
+    </message>
+    <message>
+        <source>SIKKERHETSNIVÅ</source>
+        <translation>SIKKERHEDSNIVEAU</translation>
+    </message>
+    <message>
+        <source>Alle Brukere</source>
+        <translation>Alle Brugere</translation>
+    </message>
+    <message>
+        <source>SMS Mottatt</source>
+        <translation>SMS Modtaget</translation>
+    </message>
+    <message>
+        <source>SMS Sendt</source>
+        <translation>SMS Sendt</translation>
+    </message>
+    <message>
+        <source>Dør</source>
+        <translation>Dør</translation>
+    </message>
+    <message>
+        <source>Passord</source>
+        <translation>Adgangskoder</translation>
+    </message>
+    <message>
+        <source>LOGG</source>
+        <translation>LOG</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprog</translation>
+    </message>
+    <message>
+        <source>ALLE</source>
+        <translation>ALLE</translation>
+    </message>
+    <message>
+        <source>Velkommen som ny bruker</source>
+        <translation>Velkommen som ny bruger</translation>
+    </message>
+    <message>
+        <source>for å åpne porten</source>
+        <translation>for at åbne porten</translation>
+    </message>
+    <message>
+        <source>De er slettet som bruker</source>
+        <translation>De er slettet som bruger</translation>
+    </message>
+    <message>
+        <source>Takk for besøket og velkommen igjen</source>
+        <translation>Tak for besøget og velkommen igen</translation>
+    </message>
+    <message>
+        <source>**ALARM** Alarm Loop</source>
+        <translation>**ALARM** Alarm Loop</translation>
+    </message>
+    <message>
+        <source>Ostrand a.s</source>
+        <translation>Ostrand a.s</translation>
+    </message>
+    <message>
+        <source>ALARM AV</source>
+        <translation>ALARM FRA</translation>
+    </message>
+    <message>
+        <source>Normal (N)</source>
+        <translation>Normal (N)</translation>
+    </message>
+    <message>
+        <source> Husk Internasjonalt telefonnummer +47...</source>
+        <translation> Husk internationalt telefonnummer +47...</translation>
+    </message>
+    <message>
+        <source>Telefonnummer til nøkkelenhetene skal angis med internasjonalt telefonnummer +47....</source>
+        <translation>Telefonnummer til nøgleenhederne skal angives som internationalt telefonnummer +47....</translation>
+    </message>
+    <message>
+        <source>Er Du sikker. Dette vil slette NØKKEL og alle tilhørende brukere!!</source>
+        <translation>Er du sikker? Dette vil slette NØGLE og alle tilhørende brugere!!</translation>
+    </message>
+    <message>
+        <source>Døren er lagret, men med dette sikkerhetsnivået vises den ikke for deg.</source>
+        <translation>Døren er gemt, men med dette sikkerhedsniveau vises den ikke for dig.</translation>
+    </message>
+    <message>
+        <source>Denne brukeren er registrert på en eller flere nøkler. Kan ikke slettes!!!</source>
+        <translation>Denne bruger er registreret på en eller flere nøgler. Kan ikke slettes!!!</translation>
+    </message>
+    <message>
+        <source>Det er ikke valgt noen dør.</source>
+        <translation>Der er ikke valgt nogen dør.</translation>
+    </message>
+</context>
+<context>
+    <name>RecordBrowser</name>
+    <message>
+        <source>S&amp;øk:</source>
+        <translation>S&amp;øg:</translation>
+    </message>
+    <message>
+        <source>Tekst i en av kolonnene</source>
+        <translation>Tekst i en af kolonnerne</translation>
+    </message>
+    <message>
+        <source>Esc stopper</source>
+        <translation>Esc stopper</translation>
+    </message>
+    <message>
+        <source>Lagre so&amp;m CSV</source>
+        <translation>Ge&amp;m som CSV</translation>
+    </message>
+    <message>
+        <source>Første rad</source>
+        <translation>Første række</translation>
+    </message>
+    <message>
+        <source>Forrige rad</source>
+        <translation>Forrige række</translation>
+    </message>
+    <message>
+        <source>Neste rad</source>
+        <translation>Næste række</translation>
+    </message>
+    <message>
+        <source>Siste rad</source>
+        <translation>Sidste række</translation>
+    </message>
+    <message>
+        <source>%1 rader</source>
+        <translation>%1 rækker</translation>
+    </message>
+    <message>
+        <source>%1 treff</source>
+        <translation>%1 fundet</translation>
+    </message>
+    <message>
+        <source>Tabellen er tom.</source>
+        <translation>Tabellen er tom.</translation>
+    </message>
+    <message>
+        <source>Ingen rad har denne teksten.</source>
+        <translation>Ingen række har denne tekst.</translation>
     </message>
 </context>
 </TS>

@@ -74,6 +74,10 @@
 <context>
     <name>Connection</name>
     <message>
+        <source>Det finnes allerede en rad med dette nummeret</source>
+        <translation>Det finns redan en rad med det numret</translation>
+    </message>
+    <message>
         <source>Databasen er låst av et annet program</source>
         <translation>Databasen är låst av ett annat program</translation>
     </message>
@@ -694,6 +698,244 @@
     <message>
         <source>Det er ikke valgt noen dør. Ingenting ble sendt.</source>
         <translation>Ingen dörr är vald. Inget skickades.</translation>
+    </message>
+</context>
+<context>
+    <name>BrowserTable</name>
+    <message>
+        <source>Bruker</source>
+        <translation>Användare</translation>
+    </message>
+    <message>
+        <source>Etternavn</source>
+        <translation>Efternamn</translation>
+    </message>
+    <message>
+        <source>Fornavn</source>
+        <translation>Förnamn</translation>
+    </message>
+    <message>
+        <source>Gate</source>
+        <translation>Gata</translation>
+    </message>
+    <message>
+        <source>PostNr.</source>
+        <translation>Postnr</translation>
+    </message>
+    <message>
+        <source>Sted</source>
+        <translation>Ort</translation>
+    </message>
+    <message>
+        <source>Tillatelser</source>
+        <translation>Tillstånd</translation>
+    </message>
+    <message>
+        <source>&amp;Slett</source>
+        <translation>&amp;Ta bort</translation>
+    </message>
+    <message>
+        <source>&amp;Opp&amp;frisk</source>
+        <translation>&amp;Uppdatera</translation>
+    </message>
+    <message>
+        <source>Opp&amp;frisk</source>
+        <translation>&amp;Uppdatera</translation>
+    </message>
+    <message>
+        <source>&amp;Oppdater</source>
+        <translation>&amp;Uppdatera</translation>
+    </message>
+    <message>
+        <source>&amp;Avslutt</source>
+        <translation>&amp;Avsluta</translation>
+    </message>
+    <message>
+        <source>&amp;VELG</source>
+        <translation>&amp;VÄLJ</translation>
+    </message>
+    <message>
+        <source>&amp;Legg til</source>
+        <translation>&amp;Lägg till</translation>
+    </message>
+    <message>
+        <source>&amp;Rediger</source>
+        <translation>&amp;Redigera</translation>
+    </message>
+    <message>
+        <source>&amp;Update</source>
+        <translation>&amp;Spara</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>Av&amp;bryt</translation>
+    </message>
+    <message>
+        <source>Dør Nummer</source>
+        <translation>Dörrnummer</translation>
+    </message>
+    <message>
+        <source>Dør Navn</source>
+        <translation>Dörrnamn</translation>
+    </message>
+    <message>
+        <source>Bygning</source>
+        <translation>Byggnad</translation>
+    </message>
+    <message>
+        <source>Sikkerhetsnivå</source>
+        <translation>Säkerhetsnivå</translation>
+    </message>
+    <message>
+        <source>BRUKER</source>
+        <translation>ANVÄNDARE</translation>
+    </message>
+    <message>
+        <source>PASSORD</source>
+        <translation>LÖSENORD</translation>
+    </message>
+    <message>
+        <source>SIKKERHETSNIVÅ</source>
+        <translation>SÄKERHETSNIVÅ</translation>
+    </message>
+    <message>
+        <source>Alle Brukere</source>
+        <translation>Alla Användare</translation>
+    </message>
+    <message>
+        <source>SMS Mottatt</source>
+        <translation>SMS Mottagna</translation>
+    </message>
+    <message>
+        <source>SMS Sendt</source>
+        <translation>SMS Skickade</translation>
+    </message>
+    <message>
+        <source>Dør</source>
+        <translation>Dörr</translation>
+    </message>
+    <message>
+        <source>Passord</source>
+        <translation>Lösenord</translation>
+    </message>
+    <message>
+        <source>LOGG</source>
+        <translation>LOGG</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Språk</translation>
+    </message>
+    <message>
+        <source>ALLE</source>
+        <translation>ALLA</translation>
+    </message>
+    <message>
+        <source>Velkommen som ny bruker</source>
+        <translation>Välkommen som ny användare</translation>
+    </message>
+    <message>
+        <source>for å åpne porten</source>
+        <translation>för att öppna porten</translation>
+    </message>
+    <message>
+        <source>De er slettet som bruker</source>
+        <translation>Ni är borttagen som användare</translation>
+    </message>
+    <message>
+        <source>Takk for besøket og velkommen igjen</source>
+        <translation>Tack för besöket och välkommen åter</translation>
+    </message>
+    <message>
+        <source>**ALARM** Alarm Loop</source>
+        <translation>**ALARM** Alarm Loop</translation>
+    </message>
+    <message>
+        <source>Ostrand a.s</source>
+        <translation>Ostrand a.s</translation>
+    </message>
+    <message>
+        <source>ALARM AV</source>
+        <translation>LARM AV</translation>
+    </message>
+    <message>
+        <source>Normal (N)</source>
+        <translation>Normal (N)</translation>
+    </message>
+    <message>
+        <source> Husk Internasjonalt telefonnummer +47...</source>
+        <translation> Kom ihåg internationellt telefonnummer +47...</translation>
+    </message>
+    <message>
+        <source>Telefonnummer til nøkkelenhetene skal angis med internasjonalt telefonnummer +47....</source>
+        <translation>Telefonnummer till nyckelenheterna ska anges som internationellt telefonnummer +47....</translation>
+    </message>
+    <message>
+        <source>Er Du sikker. Dette vil slette NØKKEL og alle tilhørende brukere!!</source>
+        <translation>Är du säker? Detta tar bort NYCKEL och alla tillhörande användare!!</translation>
+    </message>
+    <message>
+        <source>Døren er lagret, men med dette sikkerhetsnivået vises den ikke for deg.</source>
+        <translation>Dörren är sparad, men med denna säkerhetsnivå visas den inte för dig.</translation>
+    </message>
+    <message>
+        <source>Denne brukeren er registrert på en eller flere nøkler. Kan ikke slettes!!!</source>
+        <translation>Den här användaren är registrerad på en eller flera nycklar. Kan inte tas bort!!!</translation>
+    </message>
+    <message>
+        <source>Det er ikke valgt noen dør.</source>
+        <translation>Ingen dörr är vald.</translation>
+    </message>
+</context>
+<context>
+    <name>RecordBrowser</name>
+    <message>
+        <source>S&amp;øk:</source>
+        <translation>S&amp;ök:</translation>
+    </message>
+    <message>
+        <source>Tekst i en av kolonnene</source>
+        <translation>Text i någon av kolumnerna</translation>
+    </message>
+    <message>
+        <source>Esc stopper</source>
+        <translation>Esc stoppar</translation>
+    </message>
+    <message>
+        <source>Lagre so&amp;m CSV</source>
+        <translation>Spara so&amp;m CSV</translation>
+    </message>
+    <message>
+        <source>Første rad</source>
+        <translation>Första raden</translation>
+    </message>
+    <message>
+        <source>Forrige rad</source>
+        <translation>Föregående rad</translation>
+    </message>
+    <message>
+        <source>Neste rad</source>
+        <translation>Nästa rad</translation>
+    </message>
+    <message>
+        <source>Siste rad</source>
+        <translation>Sista raden</translation>
+    </message>
+    <message>
+        <source>%1 rader</source>
+        <translation>%1 rader</translation>
+    </message>
+    <message>
+        <source>%1 treff</source>
+        <translation>%1 träffar</translation>
+    </message>
+    <message>
+        <source>Tabellen er tom.</source>
+        <translation>Tabellen är tom.</translation>
+    </message>
+    <message>
+        <source>Ingen rad har denne teksten.</source>
+        <translation>Ingen rad har den texten.</translation>
     </message>
 </context>
 </TS>

@@ -1,0 +1,61 @@
+#include "app/Shell.h"
+
+#include <QApplication>
+
+namespace {
+
+QStringList screensBeside(const QWidget &main)
+{
+    QStringList names;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (const QWidget *window : windows) {
+        if (window != &main && window->isVisible() && window->windowType() == Qt::Window) {
+            names += window->objectName() + u':' + window->windowTitle();
+        }
+    }
+    return names;
+}
+
+} // namespace
+
+TEST(Screens, OpenBesideTheMainScreenOnceEachAndCloseWithIt)
+{
+    Shell shell;
+    shell.database.add(u"KEYTable"_qs, u"KeyNummer,KeyNavn,KeySikkerhet,Admin"_qs,
+                       {u"+4790000001"_qs, u"Hovedport"_qs, u"1"_qs, u"0"_qs});
+    shell.settings.values[u"keyselect"_qs] = u"+4790000001"_qs;
+    shell.loadAndShow();
+    const std::pair<const char *, QString> kEntries[] = {
+        {"mnuDatafrmKey", u"frmKEY:KEY Data"_qs},
+        {"mnuDatafrmKeyLogg", u"frmLOGG:KEY Logg"_qs},
+        {"mnuDatafrmKeyOppsett", u"frmKeyProperties:KEY Oppsett"_qs},
+        {"mnuDatafrmPassWords", u"frmPassword:Passord"_qs},
+        {"mnuDatafrmKatalog", u"frmBrukere:Katalog"_qs},
+        {"mnuSMSReceived", u"frmSMSReceived:Mottatt"_qs},
+        {"mnuSMSSent", u"frmSMSSent:Sendt"_qs},
+        {"mnuSMSUnSent", u"frmSMSSent:Utboks"_qs},
+        {"mnuSpråkLanguage", u"frmLanguage:&Language Table"_qs}};
+    for (const auto &[entry, screen] : kEntries) {
+        shell.entry(entry).trigger();
+        shell.entry(entry).trigger();
+        const QString title = QString(screen).remove(u'&');
+        EXPECT_EQ(screensBeside(*shell.screen).count(title), 1)
+            << title.toStdString() << " among "
+            << screensBeside(*shell.screen).join(u", "_qs).toStdString();
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    }
+    EXPECT_EQ(screensBeside(*shell.screen).size(), 8) << "sent and waiting share one";
+    EXPECT_FALSE(shell.module.SmsListSent);
+    shell.screen->unload();
+    EXPECT_EQ(screensBeside(*shell.screen).size(), 0);
+}
+
+TEST(Screens, AFailureIsShownAndNothingOpens)
+{
+    Shell shell;
+    shell.loadAndShow();
+    shell.module.DatabaseConnection.reset();
+    shell.person.answers(u"Ingen database er åpen"_qs);
+    shell.entry("mnuDatafrmKatalog").trigger();
+    EXPECT_EQ(screensBeside(*shell.screen).size(), 0);
+}

@@ -1,0 +1,175 @@
+#include "../browsers/BrowserWorld.h"
+#include "doors/frmKEY.h"
+
+#include <QTabBar>
+
+namespace {
+
+/// Three doors in two buildings, and one without.
+struct DoorListTest : BrowserWorld {
+    DoorListTest()
+    {
+        door(u"+4790000001"_qs, u"Hovedport"_qs, u"Blokk B"_qs, u"4"_qs);
+        door(u"+4790000002"_qs, u"Garasje"_qs, u"Blokk A & C"_qs, u"5"_qs);
+        door(u"+4790000003"_qs, u"Bod"_qs, {}, u"1"_qs);
+        door(u"+4790000004"_qs, u"Kontor"_qs, u"blokk b"_qs, u"6"_qs);
+        module.KeySelect = u"+4790000002"_qs;
+    }
+    void door(const QString &number, const QString &name, const QVariant &building,
+              const QString &level)
+    {
+        database.add(u"KEYTable"_qs, u"KeyNummer,KeyNavn,Bygning,KeySikkerhet"_qs,
+                     {number, name, building, level});
+    }
+    void openList(const QString &level = u"6"_qs)
+    {
+        module.SecurityLevel = level;
+        open<frmKEY>(tools(), [this] { ++opened; });
+    }
+    std::string tabs()
+    {
+        QStringList captions;
+        for (int tab = 0; tab < strip().count(); ++tab) {
+            captions += strip().tabText(tab);
+        }
+        return captions.join(u'|').toStdString();
+    }
+    QTabBar &strip() { return control<QTabBar>("TabStrip1"); }
+    void clickTab(int tab)
+    {
+        QTest::mouseClick(&strip(), Qt::LeftButton, {}, strip().tabRect(tab).center());
+    }
+
+    int opened = 0;
+};
+
+TEST_F(DoorListTest, OpensOnTheCurrentDoorAndTheRowIsTheCurrentDoorFromThereOn)
+{
+    openList();
+    EXPECT_EQ(headings(), "Dør Nummer|Dør Navn|Bygning|Sikkerhetsnivå");
+    EXPECT_EQ(module.KeySelect, u"+4790000002"_qs);
+    EXPECT_EQ(status(), u"Record: 2"_qs);
+    key(Qt::Key_Down);
+    EXPECT_EQ(module.KeySelect, u"+4790000003"_qs);
+    key(Qt::Key_Escape);
+    EXPECT_EQ(module.KeySelect, u"+4790000003"_qs);
+
+    run(u"DELETE FROM KEYTable"_qs);
+    openList();
+    EXPECT_EQ(tabs(), "ALLE");
+    EXPECT_EQ(module.KeySelect, u"+4790000003"_qs);
+}
+
+TEST_F(DoorListTest, BuildingsHaveTabsAndTheFirstIsActiveWhateverIsShown)
+{
+    openList();
+    EXPECT_EQ(tabs(), "ALLE|Blokk A && C|Blokk B");
+    clickTab(2);
+    EXPECT_EQ(column(1), "Hovedport|Kontor|");
+    EXPECT_EQ(strip().currentIndex(), 0);
+    clickTab(1);
+    EXPECT_EQ(column(1), "Garasje|");
+    clickTab(0); // looks chosen already
+    EXPECT_EQ(column(1), "Hovedport|Garasje|Bod|Kontor|");
+    openList(u"3"_qs);
+    EXPECT_EQ(tabs(), "ALLE");
+    EXPECT_EQ(column(1), "Bod");
+}
+
+struct Right {
+    QString level;
+    int doors;
+    bool adds;
+    bool edits;
+    bool deletes;
+    bool opens;
+};
+
+TEST_F(DoorListTest, LevelDecidesWhatMayBeDone)
+{
+    for (const Right &right :
+         {Right{u"7"_qs, 4, false, false, false, true}, Right{u"6"_qs, 4, true, true, true, true},
+          Right{u"5"_qs, 3, true, true, true, true}, Right{u"4"_qs, 2, false, true, false, false},
+          Right{u"3"_qs, 1, false, false, false, false},
+          Right{u"65"_qs, 4, false, false, false, true},
+          Right{u""_qs, 0, false, false, false, false}}) {
+        SCOPED_TRACE(right.level.toStdString());
+        openList(right.level);
+        const QAbstractItemModel &rows = *grid().model();
+        EXPECT_EQ(rows.rowCount(), right.doors + (right.adds ? 1 : 0));
+        if (right.doors > 0) {
+            EXPECT_EQ(rows.index(0, 1).flags().testFlag(Qt::ItemIsEditable), right.edits);
+            opened = 0;
+            QTest::mouseDClick(grid().viewport(), Qt::LeftButton, {},
+                               grid().visualRect(rows.index(0, 1)).center());
+            EXPECT_EQ(opened, right.opens ? 1 : 0);
+            EXPECT_EQ(grid().indexWidget(rows.index(0, 1)), nullptr) << "no cell opens";
+        }
+        EXPECT_EQ(control<QPushButton>("cmdDelete").isVisible(), right.deletes);
+        EXPECT_TRUE(control<QPushButton>("cmdClose").isVisible());
+    }
+}
+
+TEST_F(DoorListTest, NewDoorGetsItsDefaultsAndAReminder)
+{
+    openList();
+    person.answers(u" Husk Internasjonalt telefonnummer +47..."_qs);
+    type(4, 0, u"90000005"_qs);
+    type(4, 1, u"Kjeller's"_qs);
+    EXPECT_EQ(rows(u"SELECT count(*) FROM KEYTable"_qs), "4");
+    key(Qt::Key_Up);
+    EXPECT_EQ(rows(u"SELECT KeyNummer, KeyNavn, KeySikkerhet, Tekst1, Tekst2, Tekst3, Tekst4,"
+                   " Tekst5, Tekst6, Alarmstatus, KeyStatus FROM KEYTable WHERE Rad = 5"_qs),
+              "90000005|Kjeller's|4|Velkommen som ny bruker|for å åpne porten|"
+              "De er slettet som bruker|Takk for besøket og velkommen igjen|"
+              "**ALARM** Alarm Loop|Ostrand a.s|ALARM AV|Normal (N)");
+    EXPECT_EQ(rows(u"SELECT count(*) FROM SMS_Sent"_qs), "0");
+
+    type(5, 0, u"+4790000001 "_qs); // is there already
+    person.answers(u"Det finnes allerede en rad med dette nummeret"_qs);
+    key(Qt::Key_Up);
+    EXPECT_EQ(grid().currentIndex().row(), 5);
+    key(Qt::Key_Escape);
+    key(Qt::Key_Up);
+    type(3, 3, u"høy"_qs);
+    person.answers(u"vises den ikke for deg"_qs);
+    key(Qt::Key_Up);
+    EXPECT_EQ(rows(u"SELECT KeySikkerhet FROM KEYTable WHERE Rad = 4"_qs), "høy");
+}
+
+TEST_F(DoorListTest, DeletedDoorTakesItsUsersAndWhatWaitsForIt)
+{
+    for (const QString &number : {u"+4790000001"_qs, u"+4790000002"_qs}) {
+        database.add(u"TBLbrukere"_qs, u"KeyBruker,KeyNummer"_qs, {u"+4791000001"_qs, number});
+        database.add(u"NYEbrukere"_qs, u"Bruker,KeyNummer"_qs, {u"+4791000001"_qs, number});
+        for (const QString &state : {u"UNSENT"_qs, u"UNSENT"_qs, u"SLETTET"_qs, u"7:OK"_qs}) {
+            database.add(u"SMS_Sent"_qs, u"TilNummer,CMGS"_qs, {number, state});
+        }
+    }
+    const auto left = [this] {
+        return rows(u"SELECT (SELECT count(*) FROM KEYTable), (SELECT count(*) FROM TBLbrukere),"
+                    " (SELECT count(*) FROM NYEbrukere), (SELECT count(*) FROM SMS_Sent),"
+                    " (SELECT count(*) FROM SMS_Sent WHERE TilNummer = '+4790000002'"
+                    " AND CMGS = '7:OK')"_qs);
+    };
+    openList();
+    const QString question =
+        u"Er Du sikker. Dette vil slette NØKKEL og alle tilhørende brukere!!"_qs;
+    person.answers(question, Answer::Cancel);
+    click("cmdDelete");
+    EXPECT_EQ(left(), "4|2|2|8|1");
+    person.answers(question);
+    click("cmdDelete");
+    EXPECT_EQ(person.titles.last(), u"DELETE KEY"_qs);
+    EXPECT_EQ(left(), "3|1|1|5|1");
+    EXPECT_EQ(column(1), "Hovedport|Bod|Kontor|");
+    EXPECT_EQ(module.KeySelect, u"+4790000003"_qs);
+
+    run(u"UPDATE KEYTable SET KeyNavn = 'x'"_qs); // another PC
+    person.answers(question);
+    person.answers(u"endret eller slettet av en annen"_qs);
+    click("cmdDelete");
+    EXPECT_EQ(left(), "3|1|1|5|1") << "all or nothing";
+}
+
+} // namespace
