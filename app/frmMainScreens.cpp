@@ -35,9 +35,7 @@ void frmMain::wireScreens()
     };
     opens(ui_->mnuDatafrmKeyOppsett, properties);
     opens(ui_->mnuDatafrmKey, [this, tools, properties] {
-        return std::make_unique<frmKEY>(tools, [this, properties] {
-            openScreen(properties, captionOf(ui_->mnuDatafrmKeyOppsett));
-        });
+        return std::make_unique<frmKEY>(tools, [this, properties] { openScreen(properties, {}); });
     });
     opens(ui_->mnuDatafrmKeyLogg,
           [this, tools] { return std::make_unique<frmLOGG>(tools, recordsets_, link_.pace); });
@@ -67,7 +65,9 @@ template <class Make> void frmMain::openScreen(const Make &make, const QString &
             screen = static_cast<decltype(screen)>(open.get());
         }
         screen->load();
-        screen->setWindowTitle(title);
+        if (!title.isEmpty()) {
+            screen->setWindowTitle(title);
+        }
         if (screen == made.get()) {
             open = std::move(made);
         }

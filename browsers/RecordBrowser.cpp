@@ -208,13 +208,13 @@ void RecordBrowser::showRows()
 {
     readingSince_ = clock_.elapsed();
     connection_->setPatience(kPatience); // what cannot be read now is read a little later
+    if (place_ && place_->current == 0) {
+        place_->current = startRow();
+    }
     model_.show(adoPrimaryRS);
     model_.setAddsRows(table_.has(BrowserTable::AddsRows) && addsRows());
     restoreColumns();
     showSort();
-    if (place_ && place_->current == 0) {
-        place_->current = startRow();
-    }
     backToPlace();
 }
 

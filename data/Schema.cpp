@@ -14,7 +14,7 @@ constexpr const char16_t *kTables[] = {
         KeyNavn TEXT COLLATE NOCASE,
         KeySikkerhet TEXT COLLATE NOCASE,
         Bygning TEXT COLLATE NOCASE,
-        Admin TEXT COLLATE NOCASE,
+        Admin TEXT COLLATE NOCASE DEFAULT '0',
         Admin1 TEXT COLLATE NOCASE,
         Admin2 TEXT COLLATE NOCASE,
         Admin3 TEXT COLLATE NOCASE,
