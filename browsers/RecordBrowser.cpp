@@ -211,8 +211,9 @@ void RecordBrowser::showRows()
     if (place_ && place_->current == 0) {
         place_->current = startRow();
     }
-    model_.show(adoPrimaryRS);
+    // Before the rows: the empty one of an empty table is there to stand on.
     model_.setAddsRows(table_.has(BrowserTable::AddsRows) && addsRows());
+    model_.show(adoPrimaryRS);
     restoreColumns();
     showSort();
     backToPlace();
@@ -579,6 +580,25 @@ void RecordBrowser::cmdNext_Click()
     }
 }
 
+/// The keys go on from the last record to the empty row, where there is one, and from a row begun
+/// there, which is saved thereby, to the next. The buttons stay on the records.
+bool RecordBrowser::moveToEmptyRow()
+{
+    const int last = model_.recordCount() - 1;
+    if (!model_.isNewRow(last + 1) || model_.isReading() || currentRow() < last) {
+        return false;
+    }
+    endTyping();
+    if (currentRow() > last && model_.editedRow() < 0) {
+        return false; // nothing was begun
+    }
+    if (saveEdit()) {
+        const int first = ui_->grdDataGrid->horizontalHeader()->logicalIndex(0);
+        ui_->grdDataGrid->setCurrentIndex(model_.index(model_.recordCount(), first));
+    }
+    return true;
+}
+
 void RecordBrowser::cmdPrevious_Click()
 {
     if (model_.recordCount() == 0) {
@@ -810,7 +830,11 @@ bool RecordBrowser::Form_KeyDown(int key, Qt::KeyboardModifiers modifiers, const
         return true;
     case Qt::Key_Down:
     case Qt::Key_PageDown:
-        control ? cmdLast_Click() : cmdNext_Click();
+        if (control) {
+            cmdLast_Click();
+        } else if (!moveToEmptyRow()) {
+            cmdNext_Click();
+        }
         return true;
     case Qt::Key_F5:
         if (auto *refresh = findChild<QPushButton *>(QStringLiteral("cmdRefresh"))) {

@@ -143,6 +143,7 @@ private:
     void cmdLast_Click();
     void cmdNext_Click();
     void cmdPrevious_Click();
+    bool moveToEmptyRow();
     void beginExport(std::vector<qint64> bookmarks, RowExport::Format format,
                      const std::function<void(const QString &)> &sink,
                      const std::function<void()> &finish);

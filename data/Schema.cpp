@@ -20,7 +20,7 @@ constexpr const char16_t *kTables[] = {
         Admin3 TEXT COLLATE NOCASE,
         Admin4 TEXT COLLATE NOCASE,
         Admin5 TEXT COLLATE NOCASE,
-        Eget_Nummer TEXT COLLATE NOCASE,
+        Eget_Nummer TEXT COLLATE NOCASE DEFAULT '99999999',
         Beskrivelse TEXT COLLATE NOCASE,
         Alarmstatus TEXT COLLATE NOCASE,
         KeyStatus TEXT COLLATE NOCASE,

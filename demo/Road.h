@@ -1,44 +1,47 @@
 #pragma once
 
-#include <QDateTime>
 #include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
 
+#include <chrono>
 #include <functional>
 #include <vector>
 
 class Application;
-class QWidget;
 
-/// Walks the road of one registration on the real window, as an operator would: waits until a
-/// step can be seen, says so, leaves a screenshot, and does the next thing with keys and clicks.
+/// Walks a road on the real windows, as an operator would: waits until a step can be seen, says so,
+/// leaves a screenshot, and does the next thing with keys and clicks.
 class Road : public QObject {
     Q_OBJECT
 
 public:
-    /// Screenshots go into the folder.
-    Road(Application &lukora, const QString &folder);
-    bool isCompleted() const { return completed_; }
-
-private:
     struct Step {
         QString name;
         std::function<bool()> isSeen;
-        QString screenshot; ///< file name without ending; empty for none
-        std::function<void()> act;
+        QString screenshot = {}; ///< file name without ending; empty for none
+        /// May wait at a box, which later steps answer.
+        std::function<void()> act = [] {};
+        std::chrono::seconds patience{30};
     };
 
-    void planSteps();
+    /// Screenshots go into the folder.
+    Road(Application &lukora, const QString &folder);
+    /// Plans a further step.
+    Road &operator<<(Step step);
+    /// Plans one that comes with the answer of a unit, or when the queue lets a message go.
+    void await(Step step);
+    /// Walks what was planned.
+    void start();
+    bool isCompleted() const { return completed_; }
+
+    /// A line below the step in what is said.
+    static void remark(const QString &text);
+
+private:
     void look();
-    void giveUp();
     void takeScreenshot(const QString &name) const;
-    QWidget *window(const char *name) const;
-    template <class Control> Control *control(const char *name) const;
-    void type(const char *field, const QString &text) const;
-    /// Clicks the last tab, "Alle", which also refills the grid.
-    void chooseAll() const;
-    bool gridShows(const QString &number, const QString &status) const;
+    void giveUp();
 
     Application &lukora_;
     QString folder_;
