@@ -2,6 +2,8 @@
 
 #include "data/Connection.h"
 
+#include <QScopeGuard>
+
 #include <algorithm>
 #include <cstring>
 
@@ -79,16 +81,26 @@ bool RowList::comesFromAnIndex() const
 
 void RowList::readSlice(int rows)
 {
+    // A slice that fails on the way has read nothing.
+    auto undo = qScopeGuard([this, count = keys_.size(), key = lastKey_, begun = begun_] {
+        keys_.resize(count);
+        lastKey_ = key;
+        begun_ = begun;
+    });
     switch (phase_) {
     case Phase::Listing:
-        return list(rows);
+        list(rows);
+        break;
     case Phase::Collecting:
-        return collect(rows);
+        collect(rows);
+        break;
     case Phase::Merging:
-        return merge(rows);
+        merge(rows);
+        break;
     case Phase::Complete:
-        return;
+        break;
     }
+    undo.dismiss();
 }
 
 void RowList::readAll()
@@ -98,27 +110,8 @@ void RowList::readAll()
     }
 }
 
-/// Condition for the rows behind the last one that was read.
-QString RowList::behindLast(QVariantList &values) const
-{
-    if (!begun_) {
-        return {};
-    }
-    const QString behindKey = select_.key() + QStringLiteral(" > ?");
-    if (inKeyOrder_ || phase_ == Phase::Collecting) {
-        values += lastKey_;
-        return behindKey;
-    }
-    const QString value = select_.order();
-    if (!lastValue_.isValid()) { // rows without a value come first
-        values += lastKey_;
-        return QStringLiteral("(%1 IS NOT NULL OR %2)").arg(value, behindKey);
-    }
-    values += {lastValue_, lastValue_, lastKey_};
-    return QStringLiteral("%1 >= ? AND (%1 > ? OR %2)").arg(value, behindKey);
-}
-
-bool RowList::read(const QString &what, const QString &order, int rows,
+bool RowList::read(const QString &what, const QString &condition, const QVariantList &behind,
+                   const QString &order, int &rows,
                    const std::function<void(const QVariantList &)> &use)
 {
     // The search is a column here, not a condition: a slice that finds nothing ends, too.
@@ -130,33 +123,64 @@ bool RowList::read(const QString &what, const QString &order, int rows,
         hit = select_.searchTest();
         values += text;
     }
-    values += select_.values(kLeftOut);
-    const QString condition = behindLast(values);
-    int looked = 0;
+    values += select_.values(kLeftOut) + behind;
+    const int wanted = rows;
     connection_->run(
         select_.sql(select_.key() + QStringLiteral(", ") + hit + what, condition, kLeftOut) +
-            QStringLiteral(" ORDER BY %1 LIMIT %2").arg(order).arg(rows),
+            QStringLiteral(" ORDER BY %1 LIMIT %2").arg(order).arg(wanted),
         values, [&](const QVariantList &row) {
-            ++looked;
+            --rows;
             lastKey_ = row[0].toLongLong();
-            begun_ = true;
             if (row[1].toInt() != 0) {
                 use(row);
             }
-            lastValue_ = row.last();
         });
-    return looked < rows;
+    begun_ |= rows < wanted;
+    return rows > 0;
+}
+
+bool RowList::readByKey(const QString &what, int rows,
+                        const std::function<void(const QVariantList &)> &use)
+{
+    const QString behind = begun_ ? select_.key() + QStringLiteral(" > ?") : QString();
+    return read(what, behind, begun_ ? QVariantList{lastKey_} : QVariantList(), select_.key(), rows,
+                use);
+}
+
+/// The index alone tells what comes next: what rows are ordered by is asked of the last one only,
+/// since it stands in the table, where neighbours of the index lie far apart. So do rows of like
+/// value get a statement of their own: to pass over them would take a slice as long as they are
+/// many.
+bool RowList::readByIndex(int rows, const std::function<void(const QVariantList &)> &use)
+{
+    const QString value = select_.order();
+    const QString key = select_.key();
+    const QString both = value + QStringLiteral(", ") + key;
+    bool done = false;
+    if (begun_) {
+        // Rows without a value come first.
+        const bool hasValue = lastValue_.isValid();
+        const QVariantList values = hasValue ? QVariantList{lastValue_} : QVariantList();
+        done = read({}, value + (hasValue ? QStringLiteral(" = ?") : QStringLiteral(" IS NULL")) +
+                            QStringLiteral(" AND %1 > ?").arg(key),
+                    values + QVariantList{lastKey_}, key, rows, use) &&
+               read({}, value + (hasValue ? QStringLiteral(" > ?") : QStringLiteral(" IS NOT NULL")),
+                    values, both, rows, use);
+    } else {
+        done = read({}, {}, {}, both, rows, use);
+    }
+    lastValue_ = connection_->single(
+        QStringLiteral("SELECT %1 FROM %2 WHERE %3 = ?").arg(value, select_.source(), key),
+        {lastKey_});
+    return done;
 }
 
 void RowList::list(int rows)
 {
-    const QString order = select_.order();
-    const bool done =
-        inKeyOrder_
-            ? read({}, select_.key(), rows,
-                   [this](const QVariantList &row) { keys_.push_back(row[0].toLongLong()); })
-            : read(QStringLiteral(", ") + order, order + QStringLiteral(", ") + select_.key(), rows,
-                   [this](const QVariantList &row) { keys_.push_back(row[0].toLongLong()); });
+    const auto use = [this](const QVariantList &row) { keys_.push_back(row[0].toLongLong()); };
+    bool done = false;
+    connection_->readTogether(
+        [&] { done = inKeyOrder_ ? readByKey({}, rows, use) : readByIndex(rows, use); });
     if (done) {
         finish();
     }
@@ -165,12 +189,14 @@ void RowList::list(int rows)
 void RowList::collect(int rows)
 {
     auto run = std::make_unique<Run>();
-    const bool done = read(
-        QStringLiteral(", sortkey(%1)").arg(select_.order()), select_.key(), rows,
+    const bool done = readByKey(
+        QStringLiteral(", sortkey(%1)").arg(select_.order()), rows,
         [&](const QVariantList &row) { run->add(row[0].toLongLong(), row.last().toByteArray()); });
     std::sort(
         run->entries.begin(), run->entries.end(),
         [&](const Run::Entry &a, const Run::Entry &b) { return Run::isBefore(*run, a, *run, b); });
+    run->entries.shrink_to_fit();
+    run->bytes.shrink_to_fit();
     if (!run->entries.empty()) {
         heads_.push_back({run.get(), 0});
         runs_.push_back(std::move(run));
