@@ -7,6 +7,10 @@
 #include <algorithm>
 #include <cstring>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 /// Rows of one slice, sorted. What they sort by lies in one block, each with its length.
 struct RowList::Run {
     struct Entry {
@@ -234,6 +238,10 @@ void RowList::finish()
             keys_.push_back(key);
         }
     }
+    keys_.shrink_to_fit();
+#ifdef __GLIBC__
+    malloc_trim(0); // else what a sort has taken stays with the program as long as it runs
+#endif
 }
 
 int RowList::rowOf(qint64 key) const
