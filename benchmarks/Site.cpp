@@ -11,7 +11,8 @@
 
 namespace {
 
-constexpr int kContents = 3; ///< goes up with every change of fill(), so that no older file is taken
+constexpr int kContents =
+    3; ///< goes up with every change of fill(), so that no older file is taken
 
 void fill(Connection &file, const SiteSize &size)
 {

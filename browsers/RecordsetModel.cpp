@@ -19,7 +19,7 @@ QString onOneLine(QString text)
 
 constexpr int kFirstRows = 2'000; ///< listed at once: some 2 ms
 constexpr milliseconds kBetweenSlices = 1ms;
-constexpr milliseconds kForTheView = 40ms; ///< in which it can paint the first rows
+constexpr milliseconds kForTheView = 40ms;     ///< in which it can paint the first rows
 constexpr milliseconds kBeforeNextTry = 500ms; ///< when the file is in other hands
 constexpr int kTriesInSilence = 10;
 
@@ -45,9 +45,7 @@ void RecordsetModel::show(Recordset &rows)
     }
     takeRows();
     if (isReading()) {
-        lookAgain(!read                ? kBeforeNextTry
-                  : list_ == reading_ ? kForTheView
-                                      : kBetweenSlices);
+        lookAgain(!read ? kBeforeNextTry : list_ == reading_ ? kForTheView : kBetweenSlices);
     }
 }
 

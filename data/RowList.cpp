@@ -87,7 +87,7 @@ void RowList::readSlice(int rows)
 {
     // A slice that fails on the way has read nothing.
     auto undo = qScopeGuard([this, count = keys_.size(), key = lastKey_, begun = begun_] {
-        keys_.resize(count);
+        keys_.cutTo(count);
         lastKey_ = key;
         begun_ = begun;
     });
@@ -165,11 +165,13 @@ bool RowList::readByIndex(int rows, const std::function<void(const QVariantList 
         // Rows without a value come first.
         const bool hasValue = lastValue_.isValid();
         const QVariantList values = hasValue ? QVariantList{lastValue_} : QVariantList();
-        done = read({}, value + (hasValue ? QStringLiteral(" = ?") : QStringLiteral(" IS NULL")) +
-                            QStringLiteral(" AND %1 > ?").arg(key),
-                    values + QVariantList{lastKey_}, key, rows, use) &&
-               read({}, value + (hasValue ? QStringLiteral(" > ?") : QStringLiteral(" IS NOT NULL")),
-                    values, both, rows, use);
+        done =
+            read({},
+                 value + (hasValue ? QStringLiteral(" = ?") : QStringLiteral(" IS NULL")) +
+                     QStringLiteral(" AND %1 > ?").arg(key),
+                 values + QVariantList{lastKey_}, key, rows, use) &&
+            read({}, value + (hasValue ? QStringLiteral(" > ?") : QStringLiteral(" IS NOT NULL")),
+                 values, both, rows, use);
     } else {
         done = read({}, {}, {}, both, rows, use);
     }
@@ -181,7 +183,7 @@ bool RowList::readByIndex(int rows, const std::function<void(const QVariantList 
 
 void RowList::list(int rows)
 {
-    const auto use = [this](const QVariantList &row) { keys_.push_back(row[0].toLongLong()); };
+    const auto use = [this](const QVariantList &row) { keys_.add(row[0].toLongLong()); };
     bool done = false;
     connection_->readTogether(
         [&] { done = inKeyOrder_ ? readByKey({}, rows, use) : readByIndex(rows, use); });
@@ -217,7 +219,7 @@ void RowList::merge(int rows)
     for (int i = 0; i < rows && !heads_.empty(); ++i) {
         std::pop_heap(heads_.begin(), heads_.end());
         Place &next = heads_.back();
-        keys_.push_back(next.run->entries[next.entry].key);
+        keys_.add(next.run->entries[next.entry].key);
         if (++next.entry < next.run->entries.size()) {
             std::push_heap(heads_.begin(), heads_.end());
         } else {
@@ -235,10 +237,10 @@ void RowList::finish()
     runs_.clear();
     for (const qint64 key : appended_) {
         if (rowOf(key) < 0) { // the reading may have come to it all the same
-            keys_.push_back(key);
+            keys_.add(key);
         }
     }
-    keys_.shrink_to_fit();
+    keys_.squeeze();
 #ifdef __GLIBC__
     malloc_trim(0); // else what a sort has taken stays with the program as long as it runs
 #endif
@@ -249,19 +251,18 @@ int RowList::rowOf(qint64 key) const
     if (hint_ < count() && this->key(hint_) == key) {
         return hint_;
     }
-    const auto found = inKeyOrder_ ? std::lower_bound(keys_.begin(), keys_.end(), key)
-                                   : std::find(keys_.begin(), keys_.end(), key);
-    if (found == keys_.end() || *found != key) {
+    const std::size_t found = keys_.find(key, inKeyOrder_);
+    if (found == keys_.size()) {
         return -1;
     }
-    hint_ = static_cast<int>(found - keys_.begin());
+    hint_ = static_cast<int>(found);
     return hint_;
 }
 
 void RowList::append(qint64 key)
 {
     if (isComplete()) {
-        keys_.push_back(key);
+        keys_.add(key);
     } else if (phase_ == Phase::Merging || (phase_ == Phase::Listing && !inKeyOrder_)) {
         appended_.push_back(key);
     } // else the reading comes to it: no key is as great
@@ -269,5 +270,5 @@ void RowList::append(qint64 key)
 
 void RowList::remove(int row)
 {
-    keys_.erase(keys_.begin() + row);
+    keys_.remove(static_cast<std::size_t>(row));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/KeyList.h"
 #include "data/RowSelect.h"
 
 #include <memory>
@@ -64,7 +65,7 @@ private:
     RowSelect select_;
     Phase phase_;
     bool inKeyOrder_;
-    std::vector<qint64> keys_;
+    KeyList keys_;
     qint64 lastKey_ = 0;           ///< of the row that the next slice begins behind
     QVariant lastValue_;           ///< what that row is ordered by, where an index gives the order
     bool begun_ = false;           ///< there is such a row
