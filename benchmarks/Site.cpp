@@ -11,6 +11,9 @@
 
 namespace {
 
+constexpr int kContents =
+    3; ///< goes up with every change of fill(), so that no older file is taken
+
 void fill(Connection &file, const SiteSize &size)
 {
     // One recursive select makes the numbers from 1 to n; everything else is arithmetic on them.
@@ -25,7 +28,7 @@ void fill(Connection &file, const SiteSize &size)
                "'+479' || (5000000 + i), 'Dør ' || i, '4', 'Bygg ' || (i / 10)", size.doors);
         insert("Katalog (Bruker, BrukerKort, Etternavn, Fornavn)",
                "'+479' || (1000000 + i), '9' || (1000000 + i), 'Etternavn ' || i, 'Fornavn ' || i",
-               size.users);
+               size.people);
         insert("TBLbrukere (KeyBruker, KeyNummer, [Gyldig fra], FraTid, [Gyldig til], TilTid, "
                "Konto, Saldo, Status)",
                QStringLiteral("'+479' || (1000000 + i), '+479' || (5000001 + i % %1), "
@@ -47,8 +50,9 @@ void fill(Connection &file, const SiteSize &size)
                "(1000000 + i % 100000) || ' er lagt til'",
                size.messages);
         insert("LOGGData (KeyNummer, KeyUser, Fornavn, Etternavn, Dato)",
-               "'+479' || (5000001 + i % 1000), '+479' || (1000000 + i % 100000), 'Fornavn', "
-               "'Etternavn', '15/06,12:' || (10 + i % 50)",
+               "'+4795000001', '+479' || (1000000 + i % 100000), 'Fornavn ' || i % 1000, "
+               "'Etternavn ' || i % 1000, "
+               "printf('%02d/%02d,%02d:%02d', 1 + i % 28, 1 + i / 28 % 12, i / 336 % 24, i % 60)",
                size.logRows);
     });
 }
@@ -59,7 +63,8 @@ QString siteDatabase(const SiteSize &size)
 {
     const QDir folder(QStringLiteral(LUKORA_SITES));
     folder.mkpath(QStringLiteral("."));
-    const QString path = folder.filePath(QString::fromUtf8(size.name) + u".mdb"_qs);
+    const QString path = folder.filePath(
+        u"%1-%2.mdb"_qs.arg(QString::fromUtf8(size.name), QString::number(kContents)));
     if (!QFile::exists(path)) {
         const QString unfinished = path + u".part"_qs;
         QFile::remove(unfinished);

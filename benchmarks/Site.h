@@ -6,13 +6,14 @@
 struct SiteSize {
     const char *name;
     int doors;
-    int users;    ///< rows of TBLbrukere, and as many people in the catalogue
+    int users;    ///< rows of TBLbrukere
+    int people;   ///< rows of Katalog, the users among them
     int messages; ///< rows of SMS_Sent and of SMS_Received, each
-    int logRows;
+    int logRows;  ///< all of them the first door's
 };
 
-constexpr SiteSize kSmallSite{"small", 20, 2'000, 5'000, 5'000};
-constexpr SiteSize kLargeSite{"large", 1'000, 100'000, 1'000'000, 1'000'000};
+constexpr SiteSize kSmallSite{"small", 20, 2'000, 2'000, 5'000, 5'000};
+constexpr SiteSize kLargeSite{"large", 1'000, 100'000, 1'000'000, 1'000'000, 1'000'000};
 
 /// The path of the site's database: made on first use, which takes its time, and kept for later
 /// runs.

@@ -33,6 +33,7 @@ constexpr milliseconds kTimer1 = 10'000ms;
 constexpr milliseconds kBetweenSlices = 1ms;
 constexpr milliseconds kPatience = 50ms; ///< of a reading: the window must go on answering
 constexpr int kWidestColumn = 320;       // pixels, to start with
+constexpr int kRowsMeasured = 40;        ///< for the widths of columns: a screenful
 
 QString ownText(const char *text)
 {
@@ -118,7 +119,7 @@ void RecordBrowser::buildGrid()
     headings.setHighlightSections(false);
     headings.setSectionsMovable(true);
     headings.setSectionsClickable(table_.has(BrowserTable::HeadingSort));
-    headings.setResizeContentsPrecision(0); // what is in sight; more would be read for it
+    headings.setResizeContentsPrecision(kRowsMeasured);
     grid.setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed |
                          QAbstractItemView::DoubleClicked);
 }

@@ -19,6 +19,7 @@ QString onOneLine(QString text)
 
 constexpr int kFirstRows = 2'000; ///< listed at once: some 2 ms
 constexpr milliseconds kBetweenSlices = 1ms;
+constexpr milliseconds kForTheView = 40ms;     ///< in which it can paint the first rows
 constexpr milliseconds kBeforeNextTry = 500ms; ///< when the file is in other hands
 constexpr int kTriesInSilence = 10;
 
@@ -44,7 +45,7 @@ void RecordsetModel::show(Recordset &rows)
     }
     takeRows();
     if (isReading()) {
-        lookAgain(read ? kBetweenSlices : kBeforeNextTry);
+        lookAgain(!read ? kBeforeNextTry : list_ == reading_ ? kForTheView : kBetweenSlices);
     }
 }
 

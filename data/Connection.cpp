@@ -107,15 +107,15 @@ public:
         return result == SQLITE_ROW;
     }
 
-    QVariantList row() const
+    /// Into a list that keeps its room from row to row.
+    void readRow(QVariantList &values) const
     {
-        QVariantList values;
+        values.clear();
         const int count = sqlite3_column_count(statement_);
         values.reserve(count);
         for (int i = 0; i < count; ++i) {
             values.append(column(i));
         }
-        return values;
     }
 
     void reset()
@@ -308,9 +308,11 @@ void Connection::run(const QString &sql, const QVariantList &values,
     };
     const Loan loan{*d, sql, d->take(sql)};
     loan.statement->bind(values);
+    QVariantList row;
     while (loan.statement->step()) {
         if (reader) {
-            reader(loan.statement->row());
+            loan.statement->readRow(row);
+            reader(row);
         }
     }
 }

@@ -2,8 +2,14 @@
 
 #include "data/Connection.h"
 
+#include <QScopeGuard>
+
 #include <algorithm>
 #include <cstring>
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 /// Rows of one slice, sorted. What they sort by lies in one block, each with its length.
 struct RowList::Run {
@@ -79,16 +85,26 @@ bool RowList::comesFromAnIndex() const
 
 void RowList::readSlice(int rows)
 {
+    // A slice that fails on the way has read nothing.
+    auto undo = qScopeGuard([this, count = keys_.size(), key = lastKey_, begun = begun_] {
+        keys_.cutTo(count);
+        lastKey_ = key;
+        begun_ = begun;
+    });
     switch (phase_) {
     case Phase::Listing:
-        return list(rows);
+        list(rows);
+        break;
     case Phase::Collecting:
-        return collect(rows);
+        collect(rows);
+        break;
     case Phase::Merging:
-        return merge(rows);
+        merge(rows);
+        break;
     case Phase::Complete:
-        return;
+        break;
     }
+    undo.dismiss();
 }
 
 void RowList::readAll()
@@ -98,27 +114,8 @@ void RowList::readAll()
     }
 }
 
-/// Condition for the rows behind the last one that was read.
-QString RowList::behindLast(QVariantList &values) const
-{
-    if (!begun_) {
-        return {};
-    }
-    const QString behindKey = select_.key() + QStringLiteral(" > ?");
-    if (inKeyOrder_ || phase_ == Phase::Collecting) {
-        values += lastKey_;
-        return behindKey;
-    }
-    const QString value = select_.order();
-    if (!lastValue_.isValid()) { // rows without a value come first
-        values += lastKey_;
-        return QStringLiteral("(%1 IS NOT NULL OR %2)").arg(value, behindKey);
-    }
-    values += {lastValue_, lastValue_, lastKey_};
-    return QStringLiteral("%1 >= ? AND (%1 > ? OR %2)").arg(value, behindKey);
-}
-
-bool RowList::read(const QString &what, const QString &order, int rows,
+bool RowList::read(const QString &what, const QString &condition, const QVariantList &behind,
+                   const QString &order, int &rows,
                    const std::function<void(const QVariantList &)> &use)
 {
     // The search is a column here, not a condition: a slice that finds nothing ends, too.
@@ -130,33 +127,66 @@ bool RowList::read(const QString &what, const QString &order, int rows,
         hit = select_.searchTest();
         values += text;
     }
-    values += select_.values(kLeftOut);
-    const QString condition = behindLast(values);
-    int looked = 0;
+    values += select_.values(kLeftOut) + behind;
+    const int wanted = rows;
     connection_->run(
         select_.sql(select_.key() + QStringLiteral(", ") + hit + what, condition, kLeftOut) +
-            QStringLiteral(" ORDER BY %1 LIMIT %2").arg(order).arg(rows),
+            QStringLiteral(" ORDER BY %1 LIMIT %2").arg(order).arg(wanted),
         values, [&](const QVariantList &row) {
-            ++looked;
+            --rows;
             lastKey_ = row[0].toLongLong();
-            begun_ = true;
             if (row[1].toInt() != 0) {
                 use(row);
             }
-            lastValue_ = row.last();
         });
-    return looked < rows;
+    begun_ |= rows < wanted;
+    return rows > 0;
+}
+
+bool RowList::readByKey(const QString &what, int rows,
+                        const std::function<void(const QVariantList &)> &use)
+{
+    const QString behind = begun_ ? select_.key() + QStringLiteral(" > ?") : QString();
+    return read(what, behind, begun_ ? QVariantList{lastKey_} : QVariantList(), select_.key(), rows,
+                use);
+}
+
+/// The index alone tells what comes next: what rows are ordered by is asked of the last one only,
+/// since it stands in the table, where neighbours of the index lie far apart. So do rows of like
+/// value get a statement of their own: to pass over them would take a slice as long as they are
+/// many.
+bool RowList::readByIndex(int rows, const std::function<void(const QVariantList &)> &use)
+{
+    const QString value = select_.order();
+    const QString key = select_.key();
+    const QString both = value + QStringLiteral(", ") + key;
+    bool done = false;
+    if (begun_) {
+        // Rows without a value come first.
+        const bool hasValue = lastValue_.isValid();
+        const QVariantList values = hasValue ? QVariantList{lastValue_} : QVariantList();
+        done =
+            read({},
+                 value + (hasValue ? QStringLiteral(" = ?") : QStringLiteral(" IS NULL")) +
+                     QStringLiteral(" AND %1 > ?").arg(key),
+                 values + QVariantList{lastKey_}, key, rows, use) &&
+            read({}, value + (hasValue ? QStringLiteral(" > ?") : QStringLiteral(" IS NOT NULL")),
+                 values, both, rows, use);
+    } else {
+        done = read({}, {}, {}, both, rows, use);
+    }
+    lastValue_ = connection_->single(
+        QStringLiteral("SELECT %1 FROM %2 WHERE %3 = ?").arg(value, select_.source(), key),
+        {lastKey_});
+    return done;
 }
 
 void RowList::list(int rows)
 {
-    const QString order = select_.order();
-    const bool done =
-        inKeyOrder_
-            ? read({}, select_.key(), rows,
-                   [this](const QVariantList &row) { keys_.push_back(row[0].toLongLong()); })
-            : read(QStringLiteral(", ") + order, order + QStringLiteral(", ") + select_.key(), rows,
-                   [this](const QVariantList &row) { keys_.push_back(row[0].toLongLong()); });
+    const auto use = [this](const QVariantList &row) { keys_.add(row[0].toLongLong()); };
+    bool done = false;
+    connection_->readTogether(
+        [&] { done = inKeyOrder_ ? readByKey({}, rows, use) : readByIndex(rows, use); });
     if (done) {
         finish();
     }
@@ -165,12 +195,14 @@ void RowList::list(int rows)
 void RowList::collect(int rows)
 {
     auto run = std::make_unique<Run>();
-    const bool done = read(
-        QStringLiteral(", sortkey(%1)").arg(select_.order()), select_.key(), rows,
+    const bool done = readByKey(
+        QStringLiteral(", sortkey(%1)").arg(select_.order()), rows,
         [&](const QVariantList &row) { run->add(row[0].toLongLong(), row.last().toByteArray()); });
     std::sort(
         run->entries.begin(), run->entries.end(),
         [&](const Run::Entry &a, const Run::Entry &b) { return Run::isBefore(*run, a, *run, b); });
+    run->entries.shrink_to_fit();
+    run->bytes.shrink_to_fit();
     if (!run->entries.empty()) {
         heads_.push_back({run.get(), 0});
         runs_.push_back(std::move(run));
@@ -187,7 +219,7 @@ void RowList::merge(int rows)
     for (int i = 0; i < rows && !heads_.empty(); ++i) {
         std::pop_heap(heads_.begin(), heads_.end());
         Place &next = heads_.back();
-        keys_.push_back(next.run->entries[next.entry].key);
+        keys_.add(next.run->entries[next.entry].key);
         if (++next.entry < next.run->entries.size()) {
             std::push_heap(heads_.begin(), heads_.end());
         } else {
@@ -205,9 +237,13 @@ void RowList::finish()
     runs_.clear();
     for (const qint64 key : appended_) {
         if (rowOf(key) < 0) { // the reading may have come to it all the same
-            keys_.push_back(key);
+            keys_.add(key);
         }
     }
+    keys_.squeeze();
+#ifdef __GLIBC__
+    malloc_trim(0); // else what a sort has taken stays with the program as long as it runs
+#endif
 }
 
 int RowList::rowOf(qint64 key) const
@@ -215,19 +251,18 @@ int RowList::rowOf(qint64 key) const
     if (hint_ < count() && this->key(hint_) == key) {
         return hint_;
     }
-    const auto found = inKeyOrder_ ? std::lower_bound(keys_.begin(), keys_.end(), key)
-                                   : std::find(keys_.begin(), keys_.end(), key);
-    if (found == keys_.end() || *found != key) {
+    const std::size_t found = keys_.find(key, inKeyOrder_);
+    if (found == keys_.size()) {
         return -1;
     }
-    hint_ = static_cast<int>(found - keys_.begin());
+    hint_ = static_cast<int>(found);
     return hint_;
 }
 
 void RowList::append(qint64 key)
 {
     if (isComplete()) {
-        keys_.push_back(key);
+        keys_.add(key);
     } else if (phase_ == Phase::Merging || (phase_ == Phase::Listing && !inKeyOrder_)) {
         appended_.push_back(key);
     } // else the reading comes to it: no key is as great
@@ -235,5 +270,5 @@ void RowList::append(qint64 key)
 
 void RowList::remove(int row)
 {
-    keys_.erase(keys_.begin() + row);
+    keys_.remove(static_cast<std::size_t>(row));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/KeyList.h"
 #include "data/RowSelect.h"
 
 #include <memory>
@@ -47,20 +48,24 @@ private:
     enum class Phase { Listing, Collecting, Merging, Complete };
 
     bool comesFromAnIndex() const;
-    QString behindLast(QVariantList &values) const;
     void list(int rows);
     void collect(int rows);
     void merge(int rows);
     void finish();
-    /// Runs one slice's statement and gives true behind the last row.
-    bool read(const QString &what, const QString &order, int rows,
+    /// The next rows in the order of the key, or of an index; true behind the last row.
+    bool readByKey(const QString &what, int rows,
+                   const std::function<void(const QVariantList &)> &use);
+    bool readByIndex(int rows, const std::function<void(const QVariantList &)> &use);
+    /// Runs one statement, and counts down the rows wanted; true when it gave fewer.
+    bool read(const QString &what, const QString &condition, const QVariantList &behind,
+              const QString &order, int &rows,
               const std::function<void(const QVariantList &)> &use);
 
     std::shared_ptr<Connection> connection_;
     RowSelect select_;
     Phase phase_;
     bool inKeyOrder_;
-    std::vector<qint64> keys_;
+    KeyList keys_;
     qint64 lastKey_ = 0;           ///< of the row that the next slice begins behind
     QVariant lastValue_;           ///< what that row is ordered by, where an index gives the order
     bool begun_ = false;           ///< there is such a row
