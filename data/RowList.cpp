@@ -234,6 +234,7 @@ void RowList::merge(int rows)
 void RowList::finish()
 {
     phase_ = Phase::Complete;
+    [[maybe_unused]] const bool tookMuch = runs_.size() > 1;
     runs_.clear();
     for (const qint64 key : appended_) {
         if (rowOf(key) < 0) { // the reading may have come to it all the same
@@ -242,7 +243,9 @@ void RowList::finish()
     }
     keys_.squeeze();
 #ifdef __GLIBC__
-    malloc_trim(0); // else what a sort has taken stays with the program as long as it runs
+    if (tookMuch) {
+        malloc_trim(0); // else what a sort has taken stays with the program as long as it runs
+    }
 #endif
 }
 

@@ -165,11 +165,13 @@ void fillCorpusTable(Connection &connection, const QString &table, const QString
     const QStringList columns = corpusColumns()[table].split(u',');
     connection.run(u"DELETE FROM "_qs + table);
     for (const QString &row : rows) {
-        const QStringList values = row.split(u'|');
-        connection.run(u"INSERT INTO %1 ([%2]) VALUES (%3)"_qs.arg(
-                           table, columns.mid(0, values.size()).join(u"],["_qs),
-                           QStringList(values.size(), u"?"_qs).join(u',')),
-                       QVariantList(values.begin(), values.end()));
+        const QStringList given = row.split(u'|');
+        QVariantList values(given.begin(), given.end());
+        values.resize(columns.size()); // nothing there, whatever the file would supply
+        connection.run(
+            u"INSERT INTO %1 ([%2]) VALUES (%3)"_qs.arg(
+                table, columns.join(u"],["_qs), QStringList(columns.size(), u"?"_qs).join(u',')),
+            values);
     }
 }
 
