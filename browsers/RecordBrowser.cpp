@@ -372,12 +372,13 @@ void RecordBrowser::restoreColumns()
     if (settled_ || model_.columnCount() == 0) {
         return;
     }
-    settled_ = true;
     QTableView &grid = *ui_->grdDataGrid;
     QHeaderView &headings = *grid.horizontalHeader();
     const QByteArray left =
         QByteArray::fromBase64(settings_.get(settingsKey("Columns"), QString()).toLatin1());
     const bool restored = !left.isEmpty() && headings.restoreState(left);
+    // An empty table does not say what its columns need.
+    settled_ = restored || model_.recordCount() > 0;
     if (!restored) {
         grid.resizeColumnsToContents();
     }
@@ -532,6 +533,7 @@ bool RecordBrowser::saveEdit()
     }
     return shown(person_, {}, [this] {
         model_.saveEdit();
+        showProgress();
         rowSaved();
     });
 }

@@ -171,8 +171,14 @@ TEST_F(RecordBrowserTest, WidthsAndOrderAreTheOperatorsTheNextTime)
     EXPECT_EQ(grid().columnWidth(2), 77);
     EXPECT_EQ(grid().horizontalHeader()->visualIndex(2), 0);
     settings.values[u"frmbrukere.columns"_qs] = u"tull"_qs;
+    run(u"DELETE FROM Katalog"_qs); // says nothing of what the columns need
     open<frmBrukere>(tools());
     EXPECT_EQ(grid().horizontalHeader()->visualIndex(2), 2);
+    const int narrow = grid().columnWidth(1);
+    person(u"Etternavnet er langt her"_qs, u"91000004"_qs);
+    click("cmdRefresh");
+    clock.run(1s);
+    EXPECT_GT(grid().columnWidth(1), narrow);
 }
 
 TEST_F(RecordBrowserTest, RowIsSavedWhenItIsLeftAndWhenTheScreenCloses)
@@ -186,6 +192,7 @@ TEST_F(RecordBrowserTest, RowIsSavedWhenItIsLeftAndWhenTheScreenCloses)
     key(Qt::Key_Home);
     EXPECT_EQ(rows(u"SELECT USER_ID, SecurityLevel FROM Passwords ORDER BY Rad DESC LIMIT 1"_qs),
               "Ola|høy");
+    EXPECT_EQ(control<QLabel>("lblHits").text(), u"3 rader"_qs);
     type(0, 1, u"y"_qs);
     grid().edit(grid().model()->index(0, 2)); // a cell is still open
     screen->close();
