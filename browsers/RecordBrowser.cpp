@@ -531,7 +531,12 @@ bool RecordBrowser::saveEdit()
         return true;
     }
     return shown(person_, {}, [this] {
+        const int row = model_.editedRow();
+        const bool standsThere = row == currentRow();
         model_.saveEdit();
+        if (standsThere) {
+            moveTo(row); // the empty row has moved on, and taken the place along
+        }
         rowSaved();
     });
 }
