@@ -20,6 +20,7 @@
 #include <QPushButton>
 #include <QSaveFile>
 #include <QScopeGuard>
+#include <QScreen>
 
 #include <algorithm>
 #include <map>
@@ -60,6 +61,9 @@ RecordBrowser::RecordBrowser(const BrowserTable &table, const BrowserTools &tool
       work_(tools.clock.timer([this] { workOn(); }))
 {
     ui_->setupUi(this);
+    // On a small screen, or a magnified one, the bar at the bottom must not be lost.
+    const QSize titleBar(0, fontMetrics().height() * 2);
+    resize(size().boundedTo(screen()->availableSize() - titleBar));
     setObjectName(utf8(table_.name));
     setWindowTitle(sourceText(table_.title));
     buildButtons();
@@ -108,6 +112,8 @@ void RecordBrowser::buildGrid()
         return column.use == BrowserColumn::Edited;
     });
     grid.verticalHeader()->setVisible(typedIn);
+    // Room for the mark of a row being edited, or the columns would jump when it comes.
+    grid.verticalHeader()->setMinimumWidth(grid.fontMetrics().horizontalAdvance(u"✎"_qs) + 12);
     const bool wraps = std::ranges::any_of(table_.columns, [](const BrowserColumn &column) {
         return column.use == BrowserColumn::Wrapped;
     });
@@ -892,9 +898,11 @@ QAbstractButton &RecordBrowser::button(const char *name) const
 void RecordBrowser::placeAboveGrid(QWidget *control)
 {
     ui_->aboveGrid->addWidget(control);
+    setTabOrder(ui_->cmdSaveCsv, control);
 }
 
 void RecordBrowser::placeBelowGrid(QWidget *control)
 {
     ui_->belowGrid->addWidget(control);
+    setTabOrder(ui_->grdDataGrid, control);
 }
