@@ -543,6 +543,7 @@ bool RecordBrowser::saveEdit()
         if (standsThere) {
             moveTo(row); // the empty row has moved on, and taken the place along
         }
+        showProgress();
         rowSaved();
     });
 }
