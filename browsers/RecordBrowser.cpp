@@ -20,6 +20,7 @@
 #include <QPushButton>
 #include <QSaveFile>
 #include <QScopeGuard>
+#include <QScreen>
 
 #include <algorithm>
 #include <map>
@@ -60,6 +61,9 @@ RecordBrowser::RecordBrowser(const BrowserTable &table, const BrowserTools &tool
       work_(tools.clock.timer([this] { workOn(); }))
 {
     ui_->setupUi(this);
+    // On a small screen, or a magnified one, the bar at the bottom must not be lost.
+    const QSize titleBar(0, fontMetrics().height() * 2);
+    resize(size().boundedTo(screen()->availableSize() - titleBar));
     setObjectName(utf8(table_.name));
     setWindowTitle(sourceText(table_.title));
     buildButtons();
@@ -67,6 +71,7 @@ RecordBrowser::RecordBrowser(const BrowserTable &table, const BrowserTools &tool
     wire();
     Timer1_->setInterval(kTimer1);
     Timer1_->setEnabled(table_.has(BrowserTable::Reloads));
+    ui_->grdDataGrid->setFocus(); // the table is the screen
     showProgress();
 }
 
@@ -108,6 +113,8 @@ void RecordBrowser::buildGrid()
         return column.use == BrowserColumn::Edited;
     });
     grid.verticalHeader()->setVisible(typedIn);
+    // Room for the mark of a row being edited, or the columns would jump when it comes.
+    grid.verticalHeader()->setMinimumWidth(grid.fontMetrics().horizontalAdvance(u"✎"_qs) + 12);
     const bool wraps = std::ranges::any_of(table_.columns, [](const BrowserColumn &column) {
         return column.use == BrowserColumn::Wrapped;
     });
@@ -532,7 +539,12 @@ bool RecordBrowser::saveEdit()
         return true;
     }
     return shown(person_, {}, [this] {
+        const int row = model_.editedRow();
+        const bool standsThere = row == currentRow();
         model_.saveEdit();
+        if (standsThere) {
+            moveTo(row); // the empty row has moved on, and taken the place along
+        }
         showProgress();
         rowSaved();
     });
@@ -654,9 +666,10 @@ void RecordBrowser::showProgress()
         person_.setBusy(shows);
     }
     const bool searches = !ui_->txtSearch->text().isEmpty();
-    const char *const found = searches ? QT_TRANSLATE_NOOP("RecordBrowser", "%1 treff")
-                                       : QT_TRANSLATE_NOOP("RecordBrowser", "%1 rader");
     const int rows = model_.recordCount();
+    const char *const found = searches    ? QT_TRANSLATE_NOOP("RecordBrowser", "%1 treff")
+                              : rows == 1 ? QT_TRANSLATE_NOOP("RecordBrowser", "%1 rad")
+                                          : QT_TRANSLATE_NOOP("RecordBrowser", "%1 rader");
     ui_->lblHits->setText(
         ownText(found).arg(QLocale().toString(rows) + (reading ? QStringLiteral("…") : QString())));
     lblEmpty_->setVisible(rows == 0 && !reading);
@@ -889,9 +902,11 @@ QAbstractButton &RecordBrowser::button(const char *name) const
 void RecordBrowser::placeAboveGrid(QWidget *control)
 {
     ui_->aboveGrid->addWidget(control);
+    setTabOrder(ui_->cmdSaveCsv, control);
 }
 
 void RecordBrowser::placeBelowGrid(QWidget *control)
 {
     ui_->belowGrid->addWidget(control);
+    setTabOrder(ui_->grdDataGrid, control);
 }

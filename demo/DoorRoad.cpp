@@ -109,19 +109,18 @@ void openList(Road &road)
 void typeDoor(Road &road, int place)
 {
     const Door &door = kDoors[place];
-    road << Road::Step{u"The empty row for %1"_qs.arg(door.name),
-                       [place] {
-                           return comesToFront("frmKEY") &&
-                                  list()->model()->rowCount() == place + 1 &&
-                                  list()->currentIndex().row() == place;
-                       },
-                       {},
-                       [&door] {
-                           list()->setFocus();
-                           type(door.number + u'\t' + door.name + u'\t' + door.building + u'\t' +
-                                door.level + u'\n');
-                           QTest::keyClick(list(), Qt::Key_Down);
-                       }};
+    road << Road::Step{
+        u"The empty row for %1"_qs.arg(door.name),
+        [place] {
+            return comesToFront("frmKEY") && list()->model()->rowCount() == place + 1 &&
+                   list()->currentIndex().row() == place;
+        },
+        {},
+        [&door] {
+            list()->setFocus();
+            type(door.number + u'\t' + door.name + u'\t' + door.building + u'\t' + door.level);
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+        }};
 }
 
 void openConfiguration(Road &road, const Door &door, const QString &screenshot = {})
@@ -194,8 +193,11 @@ void awaitConfirmations(Road &road, Application &lukora)
                            holds("Eget_Nummer", kSetUp.ownNumber, 9)();
                 }});
     road.await({u"The unit reports its name as it writes it"_qs,
-                holds("Beskrivelse", u"Sykkel kjeller"_qs, 10), u"setup-5-reported"_qs,
-                closing("frmKeyProperties")});
+                holds("Beskrivelse", u"Sykkel kjeller"_qs, 10), u"setup-5-reported"_qs});
+    road << Road::Step{u"The configuration is closed"_qs,
+                       toFront("frmKeyProperties"),
+                       {},
+                       closing("frmKeyProperties")};
     // To these units say nothing.
     for (const QString &command : {u"P 3"_qs, u"A7 07160816"_qs}) {
         road.await({u"The network has taken \"%1\""_qs.arg(command),
@@ -231,8 +233,8 @@ void fetchLog(Road &road)
                        [rows] { return comesToFront("frmLOGG") && rows() == 0; },
                        {},
                        [] { click(control<QAbstractButton>("frmLOGG", "Command2")); }};
-    road.await({u"The unit's log is listed"_qs, [rows] { return rows() == 3; }, u"setup-7-log"_qs,
-                closing("frmLOGG")});
+    road.await({u"The unit's log is listed"_qs, [rows] { return rows() == 3; }, u"setup-7-log"_qs});
+    road << Road::Step{u"The log is closed"_qs, toFront("frmLOGG"), {}, closing("frmLOGG")};
 }
 
 } // namespace

@@ -52,14 +52,9 @@ void type(const QString &text)
         if (has == nullptr) {
             return;
         }
-        switch (character.unicode()) {
-        case u'\t':
+        if (character == u'\t') {
             QTest::keyClick(has, Qt::Key_Tab);
-            break;
-        case u'\n':
-            QTest::keyClick(has, Qt::Key_Return);
-            break;
-        default:
+        } else {
             QTest::keyClicks(has, QString(character));
         }
     }

@@ -29,7 +29,7 @@ template <class Control> Control *control(const char *windowName, const char *na
 void click(QWidget *button);
 /// Replaces the text of a field, and goes on to the next one.
 void fill(QLineEdit *field, const QString &text);
-/// Keys for whatever has them: a tab and a line end are the keys Tab and Enter.
+/// Keys for whatever has them; a tab is the key Tab.
 void type(const QString &text);
 /// Takes the entry that begins so, by keys.
 void choose(QComboBox *list, const QString &entry);

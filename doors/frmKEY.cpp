@@ -191,7 +191,9 @@ void frmKEY::rowSaved()
     rowChanged();
     Recordset doors;
     doors.open(connection_, visibleDoors(module_.SecurityLevel));
-    if (!doors.findFirst(QStringLiteral("KeyNummer"), value("KeyNummer"))) {
+    // The set stands on the saved row, wherever the list is by now.
+    const QString KeyNummer = QStringLiteral("KeyNummer");
+    if (!doors.findFirst(KeyNummer, adoPrimaryRS.text(KeyNummer))) {
         person_.messageBox(
             sourceText(QT_TRANSLATE_NOOP(
                 "BrowserTable", "Døren er lagret, men med dette sikkerhetsnivået vises den ikke "

@@ -111,6 +111,23 @@ TEST_F(DoorListTest, LevelDecidesWhatMayBeDone)
     }
 }
 
+TEST_F(DoorListTest, ArrowDownReachesTheEmptyRowAndSavesTheDoorBegunThere)
+{
+    run(u"DELETE FROM KEYTable"_qs);
+    openList();
+    for (int row = 0; row < 2; ++row) {
+        EXPECT_EQ(grid().currentIndex(), grid().model()->index(row, 0));
+        type(row, 0, u"+479000001%1"_qs.arg(row));
+        type(row, 1, u"Bod"_qs);
+        key(Qt::Key_Down);
+        EXPECT_EQ(module.KeySelect, u"+479000001%1"_qs.arg(row));
+        EXPECT_EQ(control<QLabel>("lblHits").text(), u"%1 rader"_qs.arg(row + 1));
+    }
+    EXPECT_EQ(rows(u"SELECT KeyNavn, Admin, Eget_Nummer FROM KEYTable"_qs),
+              "Bod|0|99999999;Bod|0|99999999")
+        << "nobody is its administrator, and the own number is to be asked for";
+}
+
 TEST_F(DoorListTest, NewDoorGetsItsDefaultsAndAReminder)
 {
     openList();

@@ -922,6 +922,10 @@
         <translation>Sidste række</translation>
     </message>
     <message>
+        <source>%1 rad</source>
+        <translation>%1 række</translation>
+    </message>
+    <message>
         <source>%1 rader</source>
         <translation>%1 rækker</translation>
     </message>

@@ -922,6 +922,10 @@
         <translation>Sista raden</translation>
     </message>
     <message>
+        <source>%1 rad</source>
+        <translation>%1 rad</translation>
+    </message>
+    <message>
         <source>%1 rader</source>
         <translation>%1 rader</translation>
     </message>
