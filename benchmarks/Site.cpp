@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr int kContents =
-    3; ///< goes up with every change of fill(), so that no older file is taken
+/// Goes up with every change of fill() or of the schema, so that no older file is taken.
+constexpr int kContents = 4;
 
 void fill(Connection &file, const SiteSize &size)
 {
