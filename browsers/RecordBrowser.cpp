@@ -33,7 +33,7 @@ namespace {
 constexpr milliseconds kTimer1 = 10'000ms;
 constexpr milliseconds kBetweenSlices = 1ms;
 constexpr milliseconds kPatience = 50ms; ///< of a reading: the window must go on answering
-constexpr int kWidestColumn = 320;       // pixels, to start with
+constexpr int kWidestColumn = 240;       // pixels, to start with
 constexpr int kRowsMeasured = 40;        ///< for the widths of columns: a screenful
 
 QString ownText(const char *text)
