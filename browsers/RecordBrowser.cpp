@@ -202,17 +202,19 @@ void RecordBrowser::openRows()
     if (!sortColumn_.isEmpty()) {
         adoPrimaryRS.sort(sortColumn_);
     }
-    showRows();
+    // Keys of another file mean nothing here.
+    const bool sameFile = std::exchange(path_, module_.DatabasePath) == module_.DatabasePath;
+    showRows(sameFile ? RecordsetModel::GivesWay::ToAllRows : RecordsetModel::GivesWay::AtOnce);
 }
 
 void RecordBrowser::readAgain()
 {
     keepPlace();
     adoPrimaryRS.requery();
-    showRows();
+    showRows(RecordsetModel::GivesWay::ToAllRows);
 }
 
-void RecordBrowser::showRows()
+void RecordBrowser::showRows(RecordsetModel::GivesWay when)
 {
     readingSince_ = clock_.elapsed();
     connection_->setPatience(kPatience); // what cannot be read now is read a little later
@@ -221,7 +223,7 @@ void RecordBrowser::showRows()
     }
     // Before the rows: the empty one of an empty table is there to stand on.
     model_.setAddsRows(table_.has(BrowserTable::AddsRows) && addsRows());
-    model_.show(adoPrimaryRS);
+    model_.show(adoPrimaryRS, when);
     restoreColumns();
     showSort();
     backToPlace();
@@ -259,7 +261,7 @@ void RecordBrowser::keepPlace()
 /// was none, or it is gone.
 void RecordBrowser::backToPlace()
 {
-    if (!place_) {
+    if (!place_ || !model_.showsLatest()) {
         return;
     }
     const int row = place_->current == 0 ? -1 : model_.rowOf(place_->current);
@@ -451,7 +453,7 @@ void RecordBrowser::setSort(const QString &column)
     }
     place_ = PlaceKept{};
     ui_->grdDataGrid->clearSelection();
-    showRows();
+    showRows(RecordsetModel::GivesWay::ToFirstRows);
 }
 
 void RecordBrowser::showSort()
@@ -475,7 +477,7 @@ void RecordBrowser::searchChanged()
     shown(person_, {}, [this] {
         keepPlace();
         adoPrimaryRS.search(ui_->txtSearch->text());
-        showRows();
+        showRows(RecordsetModel::GivesWay::ToFirstRows);
     });
 }
 

@@ -123,7 +123,7 @@ private:
     void translate();
     void connectToDatabase();
     void openRows();
-    void showRows();
+    void showRows(RecordsetModel::GivesWay when);
     void readOn();
     void keepPlace();
     void backToPlace();
@@ -160,6 +160,7 @@ private:
     std::unique_ptr<Timer> work_;
     std::function<bool(int &)> slice_; ///< of the long work that is going on
     QStringList headings_;
+    QString path_;           ///< of the file that the rows come from
     QString sortColumn_;     ///< in force; empty for the order of the query
     bool wantsLast_ = false; ///< the last row is moved to once it is known
     bool settled_ = false;   ///< columns stand as their operator left them

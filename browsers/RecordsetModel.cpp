@@ -32,7 +32,7 @@ RecordsetModel::RecordsetModel(Clock &clock, Operator &person, QObject *parent)
 
 RecordsetModel::~RecordsetModel() = default;
 
-void RecordsetModel::show(Recordset &rows)
+void RecordsetModel::show(Recordset &rows, GivesWay when)
 {
     const std::shared_ptr<RowList> fresh = rows.list();
     failures_ = 0;
@@ -40,12 +40,20 @@ void RecordsetModel::show(Recordset &rows)
     const bool sameSet = set_ == &rows && columns_ == rows.columns();
     set_ = &rows;
     reading_ = fresh;
-    if (!sameSet || fresh->count() > 0 || fresh->isComplete()) {
-        takeOver();
-    }
+    givesWay_ = sameSet ? when : GivesWay::AtOnce;
+    takeOverWhenKnown();
     takeRows();
     if (isReading()) {
         lookAgain(!read ? kBeforeNextTry : list_ == reading_ ? kForTheView : kBetweenSlices);
+    }
+}
+
+void RecordsetModel::takeOverWhenKnown()
+{
+    const bool known = reading_->isComplete() || givesWay_ == GivesWay::AtOnce ||
+                       (givesWay_ == GivesWay::ToFirstRows && reading_->count() > 0);
+    if (known && list_ != reading_) {
+        takeOver();
     }
 }
 
@@ -91,9 +99,7 @@ void RecordsetModel::tick()
     bool read = !unreadable_;
     if (reading_) {
         read = tried([this] { reading_->readSlice(); });
-        if (read && list_ != reading_ && (reading_->count() > 0 || reading_->isComplete())) {
-            takeOver();
-        }
+        takeOverWhenKnown();
         takeRows();
     }
     if (reading_ || unreadable_) {

@@ -36,11 +36,13 @@ public:
     RecordsetModel(Clock &clock, Operator &person, QObject *parent = nullptr);
     ~RecordsetModel() override;
 
+    /// When what is shown gives way: at once, to the first rows that are known, or to all of them,
+    /// so that whoever stands far down in the same table stays there meanwhile.
+    enum class GivesWay { AtOnce, ToFirstRows, ToAllRows };
     /// Shows the set's rows from now on, in its order and by its search; the set must outlive the
-    /// model or be replaced by another show(). What was shown stays until the first of the new rows
-    /// are known.
+    /// model or be replaced by another show().
     /// @throws RuntimeFailure when the set is not open; what was shown stays.
-    void show(Recordset &rows);
+    void show(Recordset &rows, GivesWay when = GivesWay::ToFirstRows);
     /// Headings and rights from the left; columns behind these have none.
     void setColumns(std::vector<Column> columns);
     /// An empty last row, in which a new one can be typed.
@@ -53,6 +55,9 @@ public:
     /// Reads on to the last row, however long that takes.
     /// @throws RuntimeFailure when it fails on the way.
     void readAll();
+
+    /// What the last show() asked for is what is shown.
+    bool showsLatest() const { return !reading_ || list_ == reading_; }
 
     /// Rows of the set, the empty one left out.
     int recordCount() const { return rows_; }
@@ -104,6 +109,7 @@ private:
     void tick();
     bool tried(const std::function<void()> &reading);
     void takeOver();
+    void takeOverWhenKnown();
     void takeRows();
     void insertListed();
     void removeGone();
@@ -118,6 +124,7 @@ private:
     Recordset *set_ = nullptr;
     std::shared_ptr<RowList> list_;    ///< shown
     std::shared_ptr<RowList> reading_; ///< not complete: list_, or what will take its place
+    GivesWay givesWay_ = GivesWay::ToFirstRows;
     int rows_ = 0;
     bool addsRows_ = false;
     int edited_ = -1;

@@ -255,6 +255,17 @@ TEST_F(RecordBrowserTest, LongReadingStopsAtEscape)
     click("cmdLast"); // known only when all are
     clock.run(5s);
     EXPECT_EQ(status(), u"Record: 30000"_qs);
+    click("cmdRefresh"); // stands there all the while, and again behind it
+    for (int slice = 0; slice < 5; ++slice) {
+        EXPECT_EQ(grid().currentIndex().row(), 29999);
+        clock.run(1ms);
+    }
+    clock.run(5s);
+    EXPECT_EQ(grid().currentIndex().row(), 29999);
+    control<QLineEdit>("txtSearch").setText(u"2999"_qs);
+    EXPECT_EQ(grid().currentIndex().row(), 29999) << "until the first hit is there";
+    clock.run(5s);
+    EXPECT_EQ(status(), u"Record: 1"_qs);
 }
 
 TEST_F(RecordBrowserTest, CatalogueKeepsWhoStandsOnADoorAndCountsDoorsAnew)
