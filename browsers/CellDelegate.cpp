@@ -18,5 +18,6 @@ bool CellDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
     // Escaped, since a stranger's text could pass for rich text.
     QToolTip::showText(event->globalPos(),
                        cut ? index.data(Qt::EditRole).toString().toHtmlEscaped() : QString(), view);
-    return true;
+    event->setAccepted(cut); // else the grid's own tool tip comes
+    return cut;
 }

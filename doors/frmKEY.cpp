@@ -8,6 +8,7 @@
 #include "platform/Text.h"
 
 #include <QAbstractButton>
+#include <QKeyEvent>
 #include <QSignalBlocker>
 #include <QTabBar>
 #include <QTableView>
@@ -101,9 +102,14 @@ Query frmKEY::query() const
 /// The list opens on the current door, so that to look at it changes nothing.
 qint64 frmKEY::startRow()
 {
-    return adoPrimaryRS.findFirst(QStringLiteral("KeyNummer"), module_.KeySelect)
-               ? adoPrimaryRS.bookmark()
-               : 0;
+    qint64 row = 0;
+    // A number with a single quote cannot be looked for, but is put right here.
+    kept([&] {
+        if (adoPrimaryRS.findFirst(QStringLiteral("KeyNummer"), module_.KeySelect)) {
+            row = adoPrimaryRS.bookmark();
+        }
+    });
+    return row;
 }
 
 void frmKEY::loaded()
@@ -152,6 +158,25 @@ void frmKEY::showTab(int tab, const QString &building)
     TabStrip1->setTabData(tab, building);
 }
 
+/// The arrow keys step from the tab whose doors are listed: the active one is always the first
+/// again, and by that they would reach the second alone.
+bool frmKEY::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == TabStrip1 && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        if (key == Qt::Key_Left || key == Qt::Key_Right) {
+            int listed = TabStrip1->count() - 1;
+            while (listed > 0 && !same(TabStrip1->tabData(listed).toString(), selectedTab_)) {
+                --listed;
+            }
+            const int next = listed + (key == Qt::Key_Right ? 1 : -1);
+            TabStrip1_Click(next < TabStrip1->count() ? next : -1);
+            return true;
+        }
+    }
+    return RecordBrowser::eventFilter(watched, event);
+}
+
 void frmKEY::TabStrip1_Click(int tab)
 {
     if (tab < 0 || !saveEdit()) {
@@ -188,12 +213,17 @@ void frmKEY::newRowBegun(int begun)
 
 void frmKEY::rowSaved()
 {
-    rowChanged();
-    Recordset doors;
-    doors.open(connection_, visibleDoors(module_.SecurityLevel));
     // The set stands on the saved row, wherever the list is by now.
-    const QString KeyNummer = QStringLiteral("KeyNummer");
-    if (!doors.findFirst(KeyNummer, adoPrimaryRS.text(KeyNummer))) {
+    const QString door = adoPrimaryRS.text(QStringLiteral("KeyNummer"));
+    if (!door.isEmpty()) {
+        module_.KeySelect = door;
+    }
+    Query visible = visibleDoors(module_.SecurityLevel);
+    visible.filter += QStringLiteral(" AND ") + equals(QStringLiteral("KeyNummer"));
+    visible.values += door;
+    Recordset doors;
+    doors.open(connection_, visible);
+    if (doors.isEmpty()) {
         person_.messageBox(
             sourceText(QT_TRANSLATE_NOOP(
                 "BrowserTable", "Døren er lagret, men med dette sikkerhetsnivået vises den ikke "
@@ -204,7 +234,6 @@ void frmKEY::rowSaved()
 
 void frmKEY::cmdDelete_Click()
 {
-    const QString door = value("KeyNummer");
     if (currentRow() < 0 || currentRow() >= model_.recordCount()) {
         return;
     }
@@ -215,12 +244,15 @@ void frmKEY::cmdDelete_Click()
             QStringLiteral("DELETE KEY"), Buttons::OkCancel) != Answer::Ok) {
         return;
     }
+    // A number that was typed and not saved may be another door's, whose messages must stay.
+    model_.cancelEdit();
+    const QString door = value("KeyNummer");
     // What waits for a door that is no more, is not to be sent: neither its messages nor periods
     // that would become messages. What was sent stays; its users go by the database itself.
     connection_->transaction([&] {
         const QString state = equals(QStringLiteral("CMGS"));
         deleteAll(QStringLiteral("SMS_Sent"), QStringLiteral("TilNummer"), door,
-                  state + QStringLiteral(" OR ") + state,
+                  QStringLiteral(" AND (%1 OR %1)").arg(state),
                   {QStringLiteral("UNSENT"), QStringLiteral("SLETTET")});
         deleteAll(QStringLiteral("NYEbrukere"), QStringLiteral("KeyNummer"), door);
         RecordBrowser::cmdDelete_Click();
@@ -228,12 +260,14 @@ void frmKEY::cmdDelete_Click()
 }
 
 void frmKEY::deleteAll(const QString &table, const QString &column, const QString &door,
-                       const QString &filter, const QVariantList &values)
+                       const QString &further, const QVariantList &values)
 {
     Recordset rows;
-    rows.open(connection_,
-              {.source = table, .columns = {column}, .filter = filter, .values = values});
-    for (bool found = rows.findFirst(column, door); found; found = rows.find(column, door)) {
+    rows.open(connection_, {.source = table,
+                            .columns = {column},
+                            .filter = equals(column) + further,
+                            .values = QVariantList{door} + values});
+    for (; !rows.isEmpty(); rows.moveFirst()) {
         rows.remove();
     }
 }

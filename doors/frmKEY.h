@@ -25,13 +25,14 @@ protected:
     void cellDoubleClicked() override;
     bool isEditable(const BrowserColumn &column) const override;
     bool addsRows() const override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     bool isLevel(QStringView levels) const;
     void buildTabs();
     void TabStrip1_Click(int tab);
     void deleteAll(const QString &table, const QString &column, const QString &door,
-                   const QString &filter = {}, const QVariantList &values = {});
+                   const QString &further = {}, const QVariantList &values = {});
     void showTab(int tab, const QString &building);
 
     std::function<void()> openProperties_;

@@ -325,7 +325,7 @@ void frmKeyProperties::loadDoor()
     fillLists();
     for (int i = kFirstEdit; i <= kHours; ++i) {
         if (i != kUsers) { // that one goes with the lists
-            Command1_[i]->hide();
+            setShown(*Command1_[i], false);
         }
     }
     captionAdministrator();
@@ -415,10 +415,10 @@ std::array<QWidget *, 6> frmKeyProperties::listLabels() const
 void frmKeyProperties::showControls(bool forLists)
 {
     for (QComboBox *list : Combo1_) {
-        list->setVisible(forLists);
+        setShown(*list, forLists);
     }
     for (const int button : {11, 12, 14, 21}) {
-        Command1_[button]->setVisible(forLists);
+        setShown(*Command1_[button], forLists);
     }
     for (QWidget *label : listLabels()) {
         label->setVisible(forLists);
@@ -457,30 +457,38 @@ void frmKeyProperties::Timer1_Timer()
 
 void frmKeyProperties::Combo1_Click(int index)
 {
-    act([&] {
+    const bool done = act([&] {
         if (index == kAlarmList) {
             chooseWarned(index, translated("Dette vil endre ALARMFUNKSJONEN. Vil du fortsette?"),
-                         QStringLiteral("Alarmstatus"), 11);
+                         11);
         } else if (index == kModeList) {
             chooseWarned(index,
                          translated("Dette vil Åpne eller Lukke port eller dør for alle brukere. "
                                     "Vil du fortsette?"),
-                         QStringLiteral("KeyStatus"), kMode);
+                         kMode);
         } else {
             Command1_[kHours]->show(); // stored when it is pressed
         }
     });
+    if (!done && index >= kAlarmList) {
+        kept([&] { showStored(index); });
+    }
 }
 
-void frmKeyProperties::chooseWarned(int list, const QString &question, const QString &column,
-                                    int button)
+void frmKeyProperties::chooseWarned(int list, const QString &question, int button)
 {
     if (ask(question, Buttons::OkCancel) == Answer::Cancel) {
-        showText(*Combo1_[list], rsDoor_.text(column));
+        showStored(list);
         return;
     }
-    saveRow({{column, textOf(*Combo1_[list])}});
+    saveRow({{named(kListColumns[list]), textOf(*Combo1_[list])}});
     Command1_[button]->show();
+}
+
+/// A choice that was not stored goes: its button would send it.
+void frmKeyProperties::showStored(int list)
+{
+    showText(*Combo1_[list], rsDoor_.text(named(kListColumns[list])));
 }
 
 void frmKeyProperties::SendDoorCommand(int index)
@@ -507,22 +515,22 @@ void frmKeyProperties::SendDoorCommand(int index)
         const Answer answer = ask(translated("Ny instilling (") + Command1_[index]->text() + what +
                                       translated(") blir sendt til nøkkelenhet"),
                                   Buttons::OkCancel);
-        hideSent(*Command1_[index]);
+        setShown(*Command1_[index], false);
         if (answer == Answer::Ok && !command->isEmpty()) {
             queue(*command);
         }
     });
 }
 
-/// The button goes whatever the answer was. The focus must not fall into the next field, where it
-/// would stop the timer and with it the reload that shows the unit's answer.
-void frmKeyProperties::hideSent(QPushButton &button)
+/// The focus of what goes must not fall into the next field, where it would stop the timer and with
+/// it the reload that shows the unit's answer.
+void frmKeyProperties::setShown(QWidget &control, bool shows)
 {
-    if (focusWidget() == &button) {
+    if (!shows && focusWidget() == &control) {
         const int chosen = types_->checkedId();
         KeyType_[chosen < 0 ? 0 : static_cast<std::size_t>(chosen)]->setFocus();
     }
-    button.hide();
+    control.setVisible(shows);
 }
 
 void frmKeyProperties::queue(const QString &command)
@@ -629,11 +637,15 @@ void frmKeyProperties::saveRow(const Values &further)
         throw RuntimeFailure(QCoreApplication::translate(
             "Recordset", "Raden er endret eller slettet av en annen siden den ble lest"));
     }
+    const bool isSelected = same(rsDoor_.text(named(kColumns[0])), module_.KeySelect);
     for (const auto &[column, value] : changes) {
         rsDoor_.setValue(column, value);
     }
     rsDoor_.update();
     showRow();
+    if (isSelected) { // under a new number, maybe, it is still the current door
+        module_.KeySelect = text(0);
+    }
 }
 
 QString frmKeyProperties::text(int field) const

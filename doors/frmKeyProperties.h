@@ -73,7 +73,8 @@ private:
     void ApplyDoorType(int index);
     void KeyTXT_Change();
     void Combo1_Click(int index);
-    void chooseWarned(int list, const QString &question, const QString &column, int button);
+    void chooseWarned(int list, const QString &question, int button);
+    void showStored(int list);
     void SendDoorCommand(int index);
     void UpDown1_Change(bool up);
 
@@ -87,7 +88,7 @@ private:
     QString text(int field) const;
     DoorEntry entry() const;
     std::optional<DoorModel> model() const;
-    void hideSent(QPushButton &button);
+    void setShown(QWidget &control, bool shows);
     void queue(const QString &command);
     std::array<QWidget *, 6> listLabels() const;
     void showControls(bool forLists);

@@ -93,6 +93,10 @@ bool queueSms(Recordset &outbox, const OutboundSms &sms)
                  : outbox.findFirst(u"SMS_text"_qs, sms.text, {{u"TilNummer"_qs, sms.recipient}});
     if (!waits) {
         outbox.addNew();
+    }
+    // A free text stays as it waits. Of a command the last wording counts: in other capitals it
+    // sets another text on the unit.
+    if (!waits || !anybodys) {
         outbox.setValue(u"SMS_Text"_qs, sms.text);
     }
     if (!waits || anybodys) {

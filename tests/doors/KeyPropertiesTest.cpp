@@ -317,6 +317,10 @@ TEST_F(KeyProperties, StoresAListAtTheChoiceAndTheHoursAtTheButton)
     person.answers(u"Dette vil endre ALARMFUNKSJONEN. Vil du fortsette?"_qs);
     choose(4, 3);
     EXPECT_EQ(stored(u"Alarmstatus, KeyStatus"_qs), "Stengt ved ALARM|Normal (N)");
+    person.answers(u"ALARMFUNKSJONEN"_qs, Answer::Ok, 2s);
+    clock.after(1s, [this] { elsewhere(u"Alarmstatus = 'Endebryter A'"_qs); });
+    person.answers(kConflict);
+    choose(4, 5); // not stored, and not to be sent
     chooseModel(0);
     button(12).click(); // no selection: nothing at all happens
     EXPECT_EQ(shownButtons(), "1 11 12 13 14 21 +");
@@ -325,7 +329,7 @@ TEST_F(KeyProperties, StoresAListAtTheChoiceAndTheHoursAtTheButton)
     EXPECT_EQ(stored(u"TimeInStop"_qs), "09");
     press(21, Answer::Cancel);
     EXPECT_EQ(stored(u"TimeInStart, TimeInStop, TimeOutStart, TimeOutStop"_qs), "07|24|15|17");
-    EXPECT_EQ(queue(), "1|90000001|Port 1||V3|UNSENT");
+    EXPECT_EQ(queue(), "1|90000001|Port 1||V4|UNSENT");
 }
 
 TEST_F(KeyProperties, AsksForThePeriodUntilItPassesOrIsEmpty)
@@ -391,6 +395,7 @@ TEST_F(KeyProperties, ReloadsAfterAReportUnlessTheOperatorIsInAField)
 {
     open();
     chooseModel(0);
+    list(3).setFocus(); // goes with the model, and its focus into no field
     const auto reportComes = [this](const QString &assignment) {
         elsewhere(assignment);
         module.RefreshPending = true;
@@ -401,6 +406,8 @@ TEST_F(KeyProperties, ReloadsAfterAReportUnlessTheOperatorIsInAField)
     EXPECT_EQ(shownButtons(), "1 13");
     EXPECT_FALSE(control<QRadioButton>("KeyType", 0).isChecked());
     EXPECT_FALSE(module.RefreshPending);
+    reportComes(u"Admin3 = '92222222'"_qs);
+    EXPECT_EQ(field(6).text(), u"92222222"_qs);
 
     type(4, u"91234567"_qs);
     reportComes(u"Admin2 = '93333333'"_qs);
@@ -435,7 +442,9 @@ TEST_F(KeyProperties, TellsWhyItCannotSaveAndWritesNothing)
     person.answers(u"En dør må ha et nummer."_qs);
     button(13).click();
     EXPECT_EQ(stored(u"KeyNavn"_qs), "Port 1");
-    field(0).setText(kDoor);
+    type(0, kDoor + u'1');
+    press(13);
+    EXPECT_EQ(module.KeySelect, kDoor + u'1');
 
     type(4, u"1"_qs);
     database.look().run(u"DELETE FROM KEYTable"_qs);

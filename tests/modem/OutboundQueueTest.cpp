@@ -88,6 +88,7 @@ TEST_F(Queue, HasFourFormsWhichDifferOnPurpose)
         EXPECT_EQ(queued(kOtherDoor, form.sms), expected);
         EXPECT_EQ(link.pace.interval() == 3000ms, form.hurriesAdding);
         EXPECT_EQ(queued(longNumber, form.sms), QStringList{form.refreshed});
+        EXPECT_EQ(sent(u"SMS_Text"_qs), QStringList{form.others.isEmpty() ? u"R5"_qs : u"r5"_qs});
         EXPECT_EQ(link.pace.interval() == 3000ms, form.hurriesRefreshing);
     }
 }
