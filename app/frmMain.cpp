@@ -71,6 +71,7 @@ frmMain::~frmMain()
 {
     // The panels and the other screens stand on members of this screen, so they go before those do.
     screens_.clear();
+    closedScreens_.clear();
     delete takeCentralWidget();
 }
 

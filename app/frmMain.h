@@ -7,11 +7,13 @@
 #include "users/UserOperations.h"
 
 #include <QMainWindow>
+#include <QSet>
 
 #include <array>
 #include <functional>
 #include <map>
 #include <memory>
+#include <vector>
 
 class DoorPanel;
 class ModemPanel;
@@ -84,7 +86,14 @@ private:
 
     // frmMainScreens.cpp: the screens beside this one
     void wireScreens();
-    template <class Make> void openScreen(const Make &make, const QString &title);
+    /// A screen beside this one, and the menu entry that it was opened by, if it was one.
+    struct OpenScreen {
+        std::unique_ptr<QWidget> window;
+        QAction *entry = nullptr;
+    };
+    template <class Make> void openScreen(const Make &make, QAction *entry);
+    static void entitle(const OpenScreen &screen);
+    void entitleScreens();
     void forgetClosedScreens();
 
     // frmMainView.cpp: what the recordsets and the modem side show
@@ -124,7 +133,9 @@ private:
     StatusPanel *sbStatusBar_[3] = {};
 
     /// The open screens, by object name; closed ones go when this screen has the focus again.
-    std::map<QString, std::unique_ptr<QWidget>> screens_;
+    std::map<QString, OpenScreen> screens_;
+    std::vector<std::unique_ptr<QWidget>> closedScreens_;
+    QSet<QString> opening_; ///< being loaded, by object name
 
     bool hasFocus_ = false; ///< the screen, or a question that it asks, has the focus
     bool unloading_ = false;

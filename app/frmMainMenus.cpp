@@ -86,6 +86,7 @@ void frmMain::ApplyLanguage()
     tickLanguage();
     emit languageChanged(module_.CountryCode);
     ::ApplyLanguage(*this, module_);
+    entitleScreens();
 }
 
 void frmMain::chooseLanguage(const QString &CountryCode)

@@ -10,6 +10,9 @@
 #include "platform/Rules.h"
 #include "ui_frmMain.h"
 
+#include <QApplication>
+#include <QScopeGuard>
+
 // The screens that open beside the main screen. Each is there once: opened again, it is read anew
 // and comes to the front.
 
@@ -26,8 +29,7 @@ void frmMain::wireScreens()
 {
     const BrowserTools tools{module_, operator_, clock_, settings_};
     const auto opens = [this](QAction *entry, auto make) {
-        connect(entry, &QAction::triggered, this,
-                [this, entry, make] { openScreen(make, captionOf(entry)); });
+        connect(entry, &QAction::triggered, this, [this, entry, make] { openScreen(make, entry); });
     };
     // A double click in the list opens it where the menu may not.
     const auto properties = [this] {
@@ -35,7 +37,8 @@ void frmMain::wireScreens()
     };
     opens(ui_->mnuDatafrmKeyOppsett, properties);
     opens(ui_->mnuDatafrmKey, [this, tools, properties] {
-        return std::make_unique<frmKEY>(tools, [this, properties] { openScreen(properties, {}); });
+        return std::make_unique<frmKEY>(tools,
+                                        [this, properties] { openScreen(properties, nullptr); });
     });
     opens(ui_->mnuDatafrmKeyLogg,
           [this, tools] { return std::make_unique<frmLOGG>(tools, recordsets_, link_.pace); });
@@ -55,40 +58,72 @@ void frmMain::wireScreens()
           [tools] { return std::make_unique<RecordBrowser>(kLanguageTable, tools); });
 }
 
-template <class Make> void frmMain::openScreen(const Make &make, const QString &title)
+template <class Make> void frmMain::openScreen(const Make &make, QAction *entry)
 {
     shown(operator_, {}, [&] {
         auto made = make();
         auto *screen = made.get();
-        auto &open = screens_[screen->objectName()];
-        if (open && open->isVisible()) {
-            screen = static_cast<decltype(screen)>(open.get());
+        const QString name = screen->objectName();
+        if (opening_.contains(name)) {
+            return; // it has a question
         }
-        screen->load();
-        if (!title.isEmpty()) {
-            screen->setWindowTitle(title);
+        opening_.insert(name);
+        const auto opened = qScopeGuard([&] { opening_.remove(name); });
+        const auto there = screens_.find(name);
+        const bool isOpen = there != screens_.end() && there->second.window->isVisible();
+        if (isOpen) {
+            screen = static_cast<decltype(screen)>(there->second.window.get());
         }
-        if (screen == made.get()) {
-            open = std::move(made);
+        screen->load(); // which may ask, and anything may happen meanwhile
+        forgetClosedScreens();
+        if (isOpen && !screens_.contains(name)) {
+            return;
         }
+        OpenScreen &kept = screens_[name];
+        if (!isOpen) {
+            kept.window = std::move(made);
+        }
+        kept.entry = entry;
+        entitle(kept);
         screen->show();
         screen->raise();
         screen->activateWindow();
     });
 }
 
-/// Closed screens go as soon as nobody can be at work in one: when this one has the focus again.
+/// A screen bears the caption of the menu entry that it was opened by, in the language of the
+/// moment.
+void frmMain::entitle(const OpenScreen &screen)
+{
+    if (screen.entry != nullptr) {
+        screen.window->setWindowTitle(captionOf(screen.entry));
+    }
+}
+
+void frmMain::entitleScreens()
+{
+    for (const auto &[name, screen] : screens_) {
+        entitle(screen);
+    }
+}
+
+/// Closed screens go when nobody can be at work in one: while a box stands open, whoever asked may
+/// be one of them.
 void frmMain::forgetClosedScreens()
 {
     for (auto entry = screens_.begin(); entry != screens_.end();) {
-        QWidget *screen = entry->second.get();
-        if (screen != nullptr && screen->isVisible()) {
+        if (entry->second.window->isVisible()) {
             ++entry;
-            continue;
+        } else {
+            closedScreens_.push_back(std::move(entry->second.window));
+            entry = screens_.erase(entry);
         }
-        if (screen != nullptr) {
-            entry->second.release()->deleteLater();
-        }
-        entry = screens_.erase(entry);
     }
+    if (QApplication::activeModalWidget() != nullptr) {
+        return;
+    }
+    for (auto &screen : closedScreens_) {
+        screen.release()->deleteLater();
+    }
+    closedScreens_.clear();
 }

@@ -363,7 +363,6 @@ void RecordBrowser::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange && connection_) {
-        setWindowTitle(sourceText(table_.title));
         kept([this] { translate(); });
     }
 }

@@ -270,7 +270,9 @@ void frmKeyProperties::changeEvent(QEvent *event)
 void frmKeyProperties::retranslate()
 {
     const QString fixedText = KeyTXT_[kFixedText]->text();
+    const QString title = windowTitle();
     ui_->retranslateUi(this);
+    setWindowTitle(title); // whoever opened the screen may have given it another
     if (rsDoor_.isOpen()) {
         KeyTXT_[kFixedText]->setText(fixedText);
         captionAdministrator();

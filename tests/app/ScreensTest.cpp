@@ -46,6 +46,8 @@ TEST(Screens, OpenBesideTheMainScreenOnceEachAndCloseWithIt)
     }
     EXPECT_EQ(screensBeside(*shell.screen).size(), 8) << "sent and waiting share one";
     EXPECT_FALSE(shell.module.SmsListSent);
+    shell.entry("mnuSpråkSvensk").trigger();
+    EXPECT_TRUE(screensBeside(*shell.screen).contains(u"frmSMSSent:Utkorg"_qs));
     shell.screen->unload();
     EXPECT_EQ(screensBeside(*shell.screen).size(), 0);
 }
