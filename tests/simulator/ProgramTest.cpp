@@ -105,26 +105,6 @@ TEST(Gammu, TakesTheModemForARealOne)
     }
 }
 
-TEST(Program, RemovesItsLinkWhenItIsTerminated)
-{
-    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-        Simulator simulator(u"--pty LINK"_qs);
-        EXPECT_EQ(simulator.ready, "ready pty " + simulator.link.toUtf8());
-        EXPECT_TRUE(QFileInfo(simulator.link).isSymLink());
-        EXPECT_EQ(simulator.stop(signal), 0);
-        EXPECT_FALSE(QFileInfo(simulator.link).isSymLink());
-    }
-}
-
-TEST(Program, RemovesItsLinkAlsoWhenNobodyReadsItsPrints)
-{
-    Simulator simulator(u"--pty LINK"_qs);
-    simulator.closeReadChannel(QProcess::StandardOutput);
-    simulator.type("help\nquit");
-    EXPECT_EQ(simulator.waitForEnd(), 0);
-    EXPECT_FALSE(QFileInfo(simulator.link).isSymLink());
-}
-
 /// A program at the far end of the TCP port.
 struct Client : QTcpSocket {
     explicit Client(const Simulator &simulator)
@@ -146,7 +126,7 @@ struct Client : QTcpSocket {
 
 TEST(Program, GivesItsTcpLineToTheLastClient)
 {
-    Simulator simulator(u"--tcp 0"_qs);
+    Simulator simulator(u"--tcp 0 --fault nosm"_qs);
     Client first(simulator);
     first.write("ATE0\rAT+CMGS=1\rhalf a text");
     EXPECT_TRUE(first.readUntil("> ").contains("> "));
@@ -164,6 +144,8 @@ TEST(Program, GivesItsTcpLineToTheLastClient)
     Client third(simulator);
     third.write("AT\r");
     EXPECT_EQ(third.readUntil("OK\r\n"), "\r\nOK\r\n");
+    third.write("AT+CPMS=\"SM\"\r");
+    EXPECT_TRUE(third.readUntil("303\r\n").endsWith("+CMS ERROR: 303\r\n"));
     EXPECT_EQ(simulator.stop(SIGTERM), 0);
 }
 
@@ -202,27 +184,6 @@ TEST(Program, DropsATerminalAndMakesANewOne)
     }
     EXPECT_EQ(simulator.stop(SIGTERM), 0);
     EXPECT_FALSE(QFileInfo(simulator.link).isSymLink());
-}
-
-TEST(Program, MakesTheDoorsThatItIsTold)
-{
-    Simulator simulator(u"--tcp 0 --door +4790000001:Hovedport:no:mk --user +4790000001:91234567 "
-                        "--administrator +4790000001:+4799000000"_qs);
-    simulator.type("open +4790000001 +4791234567\nalarm +4790000001\nquit");
-    EXPECT_EQ(simulator.waitForLine("Hovedport"), "Hovedport opens");
-    EXPECT_EQ(simulator.waitForLine("Hovedport"), "Hovedport tells 1 of the alarm");
-    EXPECT_EQ(simulator.waitForEnd(), 0);
-}
-
-TEST(Program, BreaksItsModemFromTheStart)
-{
-    Simulator simulator(u"--tcp 0 --fault lfonly --fault nosm"_qs);
-    Client client(simulator);
-    client.write("AT\r");
-    EXPECT_EQ(client.readUntil("OK\n"), "AT\r\nOK\n");
-    client.write("AT+CPMS=\"SM\"\r");
-    EXPECT_TRUE(client.readUntil("303\n").endsWith("+CMS ERROR: 303\n"));
-    EXPECT_EQ(simulator.stop(SIGTERM), 0);
 }
 
 TEST(Program, RefusesWhatItCannotBeAndLeavesAFileThatIsNoLink)
