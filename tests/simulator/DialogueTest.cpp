@@ -38,18 +38,4 @@ TEST(Dialogue, IsFramedAsOnARealLineAndKeepsItsSettings)
     }
 }
 
-// A slow line brings a command one character at a time, a fast one several at once.
-TEST(Dialogue, MayComeInAnyPieces)
-{
-    ModemWorld whole;
-    ModemWorld pieces;
-    const QByteArray input = "ATE1\rAT+CPMS?\rAT+CMGS=\"+4790000001\"\rHei\x1a";
-    QByteArray answers;
-    for (const char byte : input) {
-        answers += pieces.say(QByteArray(1, byte));
-    }
-    EXPECT_EQ(whole.say(input), answers);
-    EXPECT_EQ(whole.listen(5s), pieces.listen(5s));
-}
-
 } // namespace

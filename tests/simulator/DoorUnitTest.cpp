@@ -54,7 +54,6 @@ TEST_F(Door, SpeaksTheSentencesThatItsReadersKnow)
             {"i 701234567*-5", "Hovedport\n701234567 " + words.added + "\nSALDO: -5\n" + words.end},
             {"I 1>26120100<26120324", "Hovedport \n1 " + words.added + kDates},
             {"K", "*1\n*701234567\n*91234567\n*92345678\n"},
-            {"r5", "Ingen logg"},
         };
         for (const auto &[command, answer] : answers) {
             EXPECT_EQ(world.ask(command), answer) << command.constData();
@@ -104,31 +103,6 @@ TEST_F(Door, SaysAndDoesNothingToAnythingElse)
     }
     EXPECT_EQ(door.users(), before);
     EXPECT_EQ(door.settings(), DoorWorld().door.settings());
-}
-
-TEST_F(Door, OpensForThoseWhoMayEnter)
-{
-    door.seedUser(u"93456789"_qs, {DoorPeriod{{2026, 12, 1}, 8, {2026, 12, 3}, 16}});
-    const struct {
-        const char *caller;
-        QDateTime at;
-        DoorCall becomes;
-    } calls[] = {
-        {"+4793456789", {{2026, 12, 1}, {7, 59}}, DoorCall::OutsidePeriod},
-        {"93456789", {{2026, 12, 1}, {8, 0}}, DoorCall::Opened},
-        {"+4793456789", {{2026, 12, 3}, {16, 0}}, DoorCall::OutsidePeriod},
-        {"+4593456789", {{2026, 12, 2}, {9, 0}}, DoorCall::Unknown}, // of another country
-        {"+4792345678", {{2026, 12, 2}, {9, 0}}, DoorCall::Unknown}, // registered as foreign
-    };
-    for (const auto &[caller, at, becomes] : calls) {
-        EXPECT_EQ(door.call(QString::fromLatin1(caller), at), becomes) << caller;
-    }
-    for (const DoorCall becomes :
-         {DoorCall::Opened, DoorCall::Opened, DoorCall::Opened, DoorCall::NoBalance}) {
-        EXPECT_EQ(door.call(u"+4692345678"_qs, {{2026, 12, 10}, {9, 5}}), becomes);
-    }
-    EXPECT_EQ(ask("r5"),
-              "*93456789\n1/12,8:00\n" + QByteArray("*92345678\n10/12,9:05\n").repeated(3));
 }
 
 TEST_F(Door, AnswersARegistrationInOneMessageAtItsLongest)

@@ -76,49 +76,6 @@ TEST_F(Storage, ListsWhatCameAndMarksItRead)
                   kOk);
 }
 
-TEST_F(Storage, DeletesNothingButWhatWasNamed)
-{
-    const struct {
-        QByteArray arguments, answer;
-        std::vector<int> left; // of 1 read, 2 unsent, 3 unread
-    } deletions[] = {
-        {"2", kOk, {1, 3}},
-        {"2,0", kOk, {1, 3}},
-        {"4", kNoSuchPlace, {1, 2, 3}},
-        {"0", kNoSuchPlace, {1, 2, 3}},
-        {"\"2\"", kNoSuchPlace, {1, 2, 3}},
-        {"1,1", kOk, {2, 3}},
-        {"1,2", kOk, {2, 3}},
-        {"1,3", kOk, {3}},
-        {"1,4", kOk, {}},
-        {"1,5", kRefused, {1, 2, 3}},
-    };
-    for (const auto &[arguments, answer, left] : deletions) {
-        ModemWorld world;
-        world.arrive();
-        world.list();
-        world.say("AT+CMGW=\"1\"\rto\x1a");
-        world.arrive();
-        EXPECT_EQ(world.say("AT+CMGD=" + arguments + "\r"), answer) << arguments.constData();
-        EXPECT_EQ(world.places(), left) << arguments.constData();
-    }
-}
-
-TEST_F(Storage, LetsTheNetworkKeepWhatHasNoRoom)
-{
-    modem.store().setCapacity(2);
-    for (const char *text : {"en", "to", "tre", "fire"}) {
-        arrive(text);
-    }
-    EXPECT_EQ(places(), (std::vector{1, 2}));
-    EXPECT_TRUE(say("AT+CPMS?\r").contains("\"SM\",2,2"));
-    EXPECT_EQ(say("AT+CMGW=\"1\"\rHei\x1a"), kPrompt + "\r\n+CMS ERROR: 322\r\n");
-    EXPECT_EQ(say("AT+CMGD=1\r"), kOk + "\r\n+CMTI: \"SM\",1\r\n");
-    EXPECT_TRUE(list().contains("\r\ntre\r\n"));
-    say("AT+CMGD=1\r");
-    EXPECT_TRUE(list().contains("\r\nfire\r\n"));
-}
-
 TEST_F(Notice, DoesNotComeIntoACommandOrAText)
 {
     say("AT+CM");
