@@ -1,8 +1,6 @@
 #include "app/Shell.h"
 #include "app/frmLogin.h"
-#include "platform/RuntimeFailure.h"
 
-#include <QFile>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -69,30 +67,4 @@ TEST_F(Login, RefusesEveryWrongEntryInTheSameWordsAndThenAdmitsAnOperatorAddedMe
                  {u"Ny"_qs, u"hemmelig"_qs, u"4"_qs});
     enter(u"Ny"_qs, u"hemmelig"_qs);
     EXPECT_EQ(module.SecurityLevel, u"4");
-}
-
-TEST(LoginDatabase, ThatCannotBeOpenedIsAFailureWithWords)
-{
-    Desk desk;
-    const QString path = desk.database.filePath(u"annen.mdb"_qs);
-    desk.settings.values[u"dbpath"_qs] = path;
-    QFile delivered(desk.database.path());
-    ASSERT_TRUE(delivered.open(QIODevice::ReadOnly));
-    // The file begins with the salt that the key is made with.
-    const QByteArray otherPassword = delivered.readAll().replace(0, 16, QByteArray(16, 'x'));
-    for (const QByteArray &content : {QByteArray(), QByteArray("Et brev.\n"), otherPassword}) {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
-        file.close();
-        Module1 module;
-        frmLogin screen(module, desk.person, desk.settings, desk.host);
-        try {
-            screen.load();
-            ADD_FAILURE() << "opened " << content.left(10).constData();
-        } catch (const RuntimeFailure &failure) {
-            EXPECT_FALSE(failure.description().isEmpty());
-        }
-        EXPECT_EQ(module.TempDatabasePath, desk.database.filePath(u"annenTMP.mdb"_qs));
-        EXPECT_EQ(module.BackupDatabasePath, desk.database.filePath(u"annenBAK.mdb"_qs));
-    }
 }

@@ -25,13 +25,26 @@ QList<std::pair<QByteArray, QByteArray>> messagesIn(const QString &code)
     return result;
 }
 
+struct Translations : testing::Test {
+    Translations()
+    {
+        EXPECT_TRUE(languages[0].load(u":/translations/lukora_da"_qs));
+        EXPECT_TRUE(languages[1].load(u":/translations/lukora_sv"_qs));
+    }
+    void expectBoth(const QByteArray &context, const QByteArray &text)
+    {
+        for (const QTranslator &language : languages) {
+            EXPECT_FALSE(language.translate(context, text).isEmpty())
+                << context.constData() << ": " << text.constData();
+        }
+    }
+    QTranslator languages[2];
+};
+
 } // namespace
 
-TEST(Translations, NoFailureSpeaksNorwegianToADaneOrASwede)
+TEST_F(Translations, NoFailureSpeaksNorwegianToADaneOrASwede)
 {
-    QTranslator languages[2];
-    ASSERT_TRUE(languages[0].load(u":/translations/lukora_da"_qs));
-    ASSERT_TRUE(languages[1].load(u":/translations/lukora_sv"_qs));
     int count = 0;
     for (const QString &folder : {u"platform"_qs, u"data"_qs, u"modem"_qs, u"inbound"_qs,
                                   u"users"_qs, u"doors"_qs, u"app"_qs}) {
@@ -42,10 +55,7 @@ TEST(Translations, NoFailureSpeaksNorwegianToADaneOrASwede)
             ASSERT_TRUE(file.open(QIODevice::ReadOnly));
             for (const auto &[context, text] : messagesIn(QString::fromUtf8(file.readAll()))) {
                 ++count;
-                for (const QTranslator &language : languages) {
-                    EXPECT_FALSE(language.translate(context, text).isEmpty())
-                        << context.constData() << ": " << text.constData();
-                }
+                expectBoth(context, text);
             }
         }
     }
@@ -53,21 +63,14 @@ TEST(Translations, NoFailureSpeaksNorwegianToADaneOrASwede)
 }
 
 // Of the screens whose captions have no place in the table of texts.
-TEST(Translations, NoCaptionOfADoorScreenIsNorwegianToADaneOrASwede)
+TEST_F(Translations, NoCaptionOfADoorScreenIsNorwegianToADaneOrASwede)
 {
     static const QRegularExpression caption(QString::fromLatin1(R"re(<string>([^<]+)</string>)re"));
-    QTranslator languages[2];
-    ASSERT_TRUE(languages[0].load(u":/translations/lukora_da"_qs));
-    ASSERT_TRUE(languages[1].load(u":/translations/lukora_sv"_qs));
     QFile file(QString::fromUtf8(LUKORA_SOURCE "/doors/frmKeyProperties.ui"));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     auto found = caption.globalMatch(QString::fromUtf8(file.readAll()));
     EXPECT_TRUE(found.hasNext());
     while (found.hasNext()) {
-        const QByteArray text = found.next().captured(1).toUtf8();
-        for (const QTranslator &language : languages) {
-            EXPECT_FALSE(language.translate("frmKeyProperties", text).isEmpty())
-                << text.constData();
-        }
+        expectBoth("frmKeyProperties", found.next().captured(1).toUtf8());
     }
 }

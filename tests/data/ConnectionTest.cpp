@@ -56,14 +56,6 @@ TEST_F(ConnectionTest, BadFilesAndPasswordsAreRefusedInWords)
     EXPECT_FALSE(QFile::exists(named(u"borte"_qs)));
 }
 
-TEST_F(ConnectionTest, FileHeldAloneByAnotherIsRefusedUntilItIsReleased)
-{
-    auto alone = FileUse::alone(database.path());
-    EXPECT_THAT(failureOf([&] { database.open(); }), HasSubstr("i bruk av et annet program"));
-    alone.reset();
-    EXPECT_NO_THROW(database.open());
-}
-
 TEST_F(ConnectionTest, FailedWorkLeavesNothingBehind)
 {
     EXPECT_THROW(database.look().transaction([&] {
@@ -97,25 +89,21 @@ TEST_F(ConnectionTest, ValuesComeBackAsTheyWere)
     EXPECT_THROW(database.look().run(u"SELECT ?"_qs, {1, 2}), RuntimeFailure);
 }
 
-TEST_F(ConnectionTest, ClosedConnectionFailsForAllWhoHoldIt)
-{
-    const auto connection = database.open();
-    connection->close();
-    EXPECT_THROW(connection->run(u"SELECT 1"_qs), RuntimeFailure);
-    EXPECT_THROW(connection->transaction([] {}), RuntimeFailure);
-    EXPECT_NO_THROW(FileUse::alone(database.path()));
-}
-
-TEST_F(ConnectionTest, AnotherOneStandsByItself)
+TEST_F(ConnectionTest, ClosedOneFailsForAllAndAnotherStandsByItselfAndKeepsTheFile)
 {
     const auto first = database.open();
     const auto second = first->another();
     first->close();
     EXPECT_THAT(failureOf([&] { first->another(); }), HasSubstr("er lukket"));
+    EXPECT_THROW(first->run(u"SELECT 1"_qs), RuntimeFailure);
+    EXPECT_THROW(first->transaction([] {}), RuntimeFailure);
     EXPECT_EQ(second->single(u"SELECT USER_ID FROM Passwords"_qs), u"Hovedoperatør"_qs);
     EXPECT_THROW(FileUse::alone(database.path()), RuntimeFailure);
     second->close();
-    EXPECT_NO_THROW(FileUse::alone(database.path()));
+    auto alone = FileUse::alone(database.path());
+    EXPECT_THAT(failureOf([&] { database.open(); }), HasSubstr("i bruk av et annet program"));
+    alone.reset();
+    EXPECT_NO_THROW(database.open());
 }
 
 TEST_F(ConnectionTest, AnotherOneTakesTheFileThatStandsThereNow)
@@ -139,16 +127,12 @@ TEST_F(ConnectionTest, AnotherOneTakesNoLockAway)
     });
 }
 
-TEST_F(ConnectionTest, OtherProgramReadsTheFileWithThePasswordOnly)
+TEST_F(ConnectionTest, OtherProgramReadsTheFileWithThePasswordOnlyAndNoWordStandsInIt)
 {
     addPerson(u"ærø "_qs, u"æøå  "_qs);
     const QString sql = u"SELECT USER_ID FROM Passwords; PRAGMA integrity_check;"_qs;
     EXPECT_EQ(sqlcipherSays(database.path(), sql, u"kaLmir"_qs), u"Hovedoperatør\nok\n");
     EXPECT_FALSE(sqlcipherSays(database.path(), sql, u"feil"_qs).contains(u"Hoved"));
-}
-
-TEST_F(ConnectionTest, NothingReadableStandsInTheFile)
-{
     QFile file(database.path());
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     const QByteArray content = file.readAll();

@@ -7,77 +7,24 @@ using EngineFunctionsTest = DataTest;
 TEST_F(EngineFunctionsTest, SortKeysOrderAsTheColumnItself)
 {
     const QString alike(98, u'x');
-    const QVariantList values = {{},
-                                 0,
-                                 -0.0,
-                                 0.5,
-                                 -0.5,
-                                 -1,
-                                 1,
-                                 1.5,
-                                 1e300,
-                                 -1e300,
-                                 9007199254740993LL,
-                                 9007199254740992.0,
-                                 9007199254740994.0,
-                                 -9007199254740993LL,
-                                 -9007199254740992.0,
-                                 LLONG_MAX,
-                                 LLONG_MAX - 1,
-                                 9223372036854775808.0,
-                                 LLONG_MIN,
-                                 LLONG_MIN + 1,
-                                 -9223372036854775808.0,
-                                 QByteArray("a"),
-                                 QByteArray("\xFF\x01"),
-                                 QByteArray(),
-                                 u""_qs,
-                                 u"  "_qs,
-                                 u" a"_qs,
-                                 u"a"_qs,
-                                 u"A  "_qs,
-                                 u"a b"_qs,
-                                 u"ab"_qs,
-                                 u"a\tb"_qs,
-                                 u"a\u0001"_qs,
-                                 u"_"_qs,
-                                 u"@"_qs,
-                                 u"Z"_qs,
-                                 u"z"_qs,
-                                 u"zz"_qs,
-                                 u"Æ"_qs,
-                                 u"æ"_qs,
-                                 u"ä"_qs,
-                                 u"Ø"_qs,
-                                 u"ö"_qs,
-                                 u"Ö"_qs,
-                                 u"Å"_qs,
-                                 u"å"_qs,
-                                 u"aå"_qs,
-                                 u"ÅA"_qs,
-                                 u"é"_qs,
-                                 u"É"_qs,
-                                 u"ÿ"_qs,
-                                 u"ß"_qs,
-                                 u"\u00FF"_qs,
-                                 u"\u0100"_qs,
-                                 u"\u0101"_qs,
-                                 u"\u07FA"_qs,
-                                 u"\u0800"_qs,
-                                 u"Ж"_qs,
-                                 u"ж"_qs,
-                                 u"漢"_qs,
-                                 u"\uFFFD"_qs,
-                                 u"😀"_qs,
-                                 u"\U0010FFFF"_qs,
-                                 u"10"_qs,
-                                 u"9"_qs,
-                                 u"+47"_qs,
-                                 u"O'Neil"_qs,
-                                 alike + u'a',
-                                 alike + u'B',
-                                 alike,
-                                 alike + u"  "_qs};
+    QVariantList values = {{}, 0, -1, 1, QByteArray("a"), QByteArray("\xFF\x01"), QByteArray()};
+    for (const double number :
+         {-0.0, 0.5, -0.5, 1.5, 1e300, -1e300, 9007199254740992.0, 9007199254740994.0,
+          -9007199254740992.0, 9223372036854775808.0, -9223372036854775808.0}) {
+        values += number;
+    }
+    for (const qlonglong number : {9007199254740993LL, -9007199254740993LL, LLONG_MAX,
+                                   LLONG_MAX - 1, LLONG_MIN, LLONG_MIN + 1}) {
+        values += number;
+    }
+    const QString texts =
+        u"|  | a|a|A  |a b|ab|a\tb|a\u0001|_|@|Z|z|zz|Æ|æ|ä|Ø|ö|Ö|Å|å|aå|ÅA|é|É|ÿ|ß|"
+        "\u00FF|\u0100|\u0101|\u07FA|\u0800|Ж|ж|漢|\uFFFD|😀|\U0010FFFF|10|9|+47|"
+        "O'Neil"_qs;
+    for (const QString &text :
+         texts.split(u'|') + QStringList{alike + u'a', alike + u'B', alike, alike + u"  "_qs}) {
+        values += text;
+    }
     run(u"CREATE TABLE nasty (v)"_qs);
     for (const QVariant &value : values) {
         database.add(u"nasty"_qs, u"v"_qs, {value});

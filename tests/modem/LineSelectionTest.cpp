@@ -129,7 +129,7 @@ TEST_F(Selection, RefusesWhatIsNoTcpPort)
     }
 }
 
-TEST_F(Selection, ConnectsWithNothingLeftOfTheLineBeforeAndLeavesTheModemAgain)
+TEST_F(Selection, ConnectsWithNothingLeftOfTheLineBefore)
 {
     open(false);
     link.line.SendData(u"old"_qs);
@@ -138,12 +138,6 @@ TEST_F(Selection, ConnectsWithNothingLeftOfTheLineBeforeAndLeavesTheModemAgain)
     connect();
     EXPECT_FALSE(view.terminal.contains(u"old"_qs));
     EXPECT_TRUE(module.ModemReady);
-    link.selection.cmdDisconnect();
-    EXPECT_EQ(socket.state(), TcpSocket::State::Closed);
-    EXPECT_EQ(module.ActiveComPort, 0);
-    EXPECT_FALSE(module.ModemReady);
-    EXPECT_EQ(database.single(u"SELECT ModemManufacturer FROM Modem"_qs), u"No Modem"_qs);
-    EXPECT_TRUE(view.statusBox.endsWith(u"Frakoblet fra modem\n"_qs));
 }
 
 TEST_F(Selection, TakesTwoChoicesToLeaveAConnectedNetworkModem)

@@ -19,14 +19,10 @@ TEST_F(Submission, DeliversWhatAPersonCouldHaveTypedAndRefusesTheRest)
         QByteArray to, text, answer, delivered;
     } submissions[] = {
         {"quoted number", "\"+4791111111\",145", "Hei\x1a", kSent, "Hei|"},
-        {"prefix of digits", "004791111111", "Hei\x1a", kSent, "Hei|"},
         {"nobody there", "+4799999999", "Hei\x1a", kSent, ""},
         {"raw codes", "+4791111111", codes + '\x1a', kSent, codes + '|'},
-        {"looks like a command", "+4791111111", "AT+CMGF=0\x1a", kSent, "AT+CMGF=0|"},
-        {"empty", "+4791111111", "\x1a", kSent, "|"},
         {"longest", "+4791111111", longest + '\x1a', kSent, longest + '|'},
         {"too long", "+4791111111", longest + "x\x1a", kRefused, ""},
-        {"endless", "+4791111111", QByteArray(50000, 'x') + '\x1a', kRefused, ""},
         {"aborted", "+4791111111", "Hei\x1b", kOk, ""},
     };
     for (const auto &submission : submissions) {
@@ -39,31 +35,6 @@ TEST_F(Submission, DeliversWhatAPersonCouldHaveTypedAndRefusesTheRest)
     EXPECT_EQ(ModemWorld().say("AT+CMGS=Ola\rAT+CMGS=\rAT+CMGL=4\r"),
               kRefused + kRefused + kRefused);
     EXPECT_EQ(ModemWorld().say("AT+CMGR=1\rAT+CMGR=999999999999\r"), kNoSuchPlace + kNoSuchPlace);
-}
-
-TEST_F(Submission, TakesItsTimeAndHoldsWhatThePcWritesMeanwhile)
-{
-    EXPECT_EQ(say("AT+CMGS=+4791111111\rHei\x1a" + QByteArray("AT+CMGF?\r")), kPrompt);
-    EXPECT_EQ(listen(1999ms), QByteArray());
-    EXPECT_EQ(listen(1ms), kSent + "\r\n+CMGF: 1\r\n" + kOk);
-}
-
-TEST_F(Submission, GoesOnWithoutThePcBehindTheTextButNotInIt)
-{
-    say("AT+CMGS=+4791111111\rHei\x1a");
-    modem.lineClosed();
-    EXPECT_EQ(delivered(), "Hei|");
-    say("AT+CMGS=+4791111111\rnever");
-    modem.lineClosed();
-    EXPECT_EQ(say("AT\r"), kOk);
-    EXPECT_EQ(delivered(), "Hei|");
-}
-
-TEST_F(Submission, PromptsAgainForEachLineOfTheText)
-{
-    EXPECT_EQ(say("AT+CMGS=+4791111111\ren\rto\x1b"), kPrompt + kPrompt + kOk);
-    say("ATE1\rAT+CMGS=+4791111111\r");
-    EXPECT_EQ(say("en\rto"), "en\r\n> to");
 }
 
 // Nobody is there: the status is 67 instead of 0.
@@ -81,17 +52,6 @@ TEST_F(StatusReport, NamesItsRecipientOnlyWithDetails)
     world.say("AT+CSDH=1\r");
     EXPECT_EQ(world.say("AT+CMGR=1\r"), "\r\n+CMGR: \"REC READ\",6,255,\"+4799999999\",145" + rest);
     EXPECT_EQ(world.submit(), kPrompt + kSent) << "the reference has come round";
-}
-
-TEST_F(StatusReport, NeedsBothItsRequestAndItsPlace)
-{
-    for (const char *settings :
-         {"AT+CSMP=17,167,0,0;+CNMI=1,1,0,2,1\r", "AT+CSMP=49,167,0,0;+CNMI=1,1\r"}) {
-        ModemWorld world(settings);
-        world.submit();
-        EXPECT_EQ(world.listen(10s), QByteArray()) << settings;
-        EXPECT_EQ(world.list(), kOk) << settings;
-    }
 }
 
 TEST_F(Storage, ListsWhatCameAndMarksItRead)
@@ -116,71 +76,6 @@ TEST_F(Storage, ListsWhatCameAndMarksItRead)
                   kOk);
 }
 
-TEST_F(Storage, KeepsAnUnsentMessage)
-{
-    EXPECT_EQ(say("AT+CMGW=\"91111111\"\rHei\x1a"), kPrompt + "\r\n+CMGW: 1\r\n" + kOk);
-    EXPECT_EQ(list(), "\r\n+CMGL: 1,\"STO UNSENT\",\"91111111\",,\r\nHei\r\n" + kOk);
-    EXPECT_EQ(say("AT+CSDH=1;+CMGR=1\r"),
-              "\r\n+CMGR: \"STO UNSENT\",\"91111111\",,129,17,0,0,167,\"+4790000000\",145,3\r\nHei"
-              "\r\n" +
-                  kOk);
-    EXPECT_EQ(delivered(), QByteArray());
-}
-
-TEST_F(Storage, FillsTheLowestFreePlace)
-{
-    for (int i = 0; i < 4; ++i) {
-        arrive();
-    }
-    say("AT+CMGD=2;+CMGD=1\r");
-    EXPECT_EQ(arrive(), "\r\n+CMTI: \"SM\",1\r\n");
-    arrive();
-    EXPECT_EQ(places(), (std::vector{1, 2, 3, 4}));
-}
-
-TEST_F(Storage, DeletesNothingButWhatWasNamed)
-{
-    const struct {
-        QByteArray arguments, answer;
-        std::vector<int> left; // of 1 read, 2 unsent, 3 unread
-    } deletions[] = {
-        {"2", kOk, {1, 3}},
-        {"2,0", kOk, {1, 3}},
-        {"4", kNoSuchPlace, {1, 2, 3}},
-        {"0", kNoSuchPlace, {1, 2, 3}},
-        {"\"2\"", kNoSuchPlace, {1, 2, 3}},
-        {"1,1", kOk, {2, 3}},
-        {"1,2", kOk, {2, 3}},
-        {"1,3", kOk, {3}},
-        {"1,4", kOk, {}},
-        {"1,5", kRefused, {1, 2, 3}},
-    };
-    for (const auto &[arguments, answer, left] : deletions) {
-        ModemWorld world;
-        world.arrive();
-        world.list();
-        world.say("AT+CMGW=\"1\"\rto\x1a");
-        world.arrive();
-        EXPECT_EQ(world.say("AT+CMGD=" + arguments + "\r"), answer) << arguments.constData();
-        EXPECT_EQ(world.places(), left) << arguments.constData();
-    }
-}
-
-TEST_F(Storage, LetsTheNetworkKeepWhatHasNoRoom)
-{
-    modem.store().setCapacity(2);
-    for (const char *text : {"en", "to", "tre", "fire"}) {
-        arrive(text);
-    }
-    EXPECT_EQ(places(), (std::vector{1, 2}));
-    EXPECT_TRUE(say("AT+CPMS?\r").contains("\"SM\",2,2"));
-    EXPECT_EQ(say("AT+CMGW=\"1\"\rHei\x1a"), kPrompt + "\r\n+CMS ERROR: 322\r\n");
-    EXPECT_EQ(say("AT+CMGD=1\r"), kOk + "\r\n+CMTI: \"SM\",1\r\n");
-    EXPECT_TRUE(list().contains("\r\ntre\r\n"));
-    say("AT+CMGD=1\r");
-    EXPECT_TRUE(list().contains("\r\nfire\r\n"));
-}
-
 TEST_F(Notice, DoesNotComeIntoACommandOrAText)
 {
     say("AT+CM");
@@ -189,36 +84,6 @@ TEST_F(Notice, DoesNotComeIntoACommandOrAText)
     say("AT+CMGS=+4799999999\r");
     EXPECT_EQ(arrive(), QByteArray());
     EXPECT_EQ(say("Hei\x1a", 2s), kSent + "\r\n+CMTI: \"SM\",2\r\n");
-}
-
-TEST_F(Notice, DoesNotComeIntoATextThatAnotherSetOff)
-{
-    network.send(kStranger, modem.ownNumber(), "en");
-    network.send(kStranger, modem.ownNumber(), "to");
-    say("AT+CMGS=+4799999999\rHei\x1a");
-    modem.setOutput([&](const QByteArray &bytes) {
-        said += bytes;
-        if (bytes.contains("+CMTI")) {
-            modem.receive("AT+CMGS=1\r");
-        }
-    });
-    EXPECT_EQ(listen(2s), kSent + "\r\n+CMTI: \"SM\",1\r\n" + kPrompt);
-}
-
-TEST_F(Notice, WaitsUntilItIsWanted)
-{
-    ModemWorld world("AT+CNMI=0,1\r");
-    EXPECT_EQ(world.arrive(), QByteArray());
-    EXPECT_EQ(world.say("AT+CNMI=1,1\r"), kOk + "\r\n+CMTI: \"SM\",1\r\n");
-}
-
-TEST_F(Notice, NamesTheStorageOfArrivals)
-{
-    say("AT+CPMS=\"ME\",\"ME\",\"ME\"\r");
-    EXPECT_EQ(arrive(), "\r\n+CMTI: \"ME\",1\r\n");
-    EXPECT_TRUE(list().contains("Hei"));
-    say("AT+CPMS=\"SM\",\"SM\",\"SM\"\r");
-    EXPECT_EQ(list(), kOk);
 }
 
 } // namespace

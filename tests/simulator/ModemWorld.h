@@ -47,15 +47,6 @@ struct ModemWorld {
         network.send(from, modem.ownNumber(), text);
         return listen(2s);
     }
-    /// The numbers of the store's places in use.
-    std::vector<int> places()
-    {
-        std::vector<int> numbers;
-        for (const auto &entry : modem.store().records()) {
-            numbers.push_back(entry.first);
-        }
-        return numbers;
-    }
     /// The texts that have reached the other phone once nothing is under way, each with a "|".
     QByteArray delivered()
     {

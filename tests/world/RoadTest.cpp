@@ -1,6 +1,5 @@
 #include "support/World.h"
 
-#include <QDateEdit>
 #include <QLabel>
 #include <QPushButton>
 
@@ -80,46 +79,6 @@ TEST(Road, EndsActive)
         // With reports by the network's word, else at once.
         EXPECT_EQ(world.value(u"SELECT CMGS FROM SMS_Sent"_qs), u"0:OK"_qs);
     }
-}
-
-TEST_F(WorldOnCom, EarlierPeriodChangesPlacesWithALaterOne)
-{
-    door().setAnswerDelay(1h);
-    const auto enter = [&](const QDate &from, const QDate &to) {
-        click("cmdNyBruker");
-        type("Txtfields_0", kUser);
-        control<QDateEdit>("DTPickerFrom").setDate(from);
-        control<QDateEdit>("DTPickerTo").setDate(to);
-        click("CommandRegistrerBruker");
-    };
-    enter(QDate(2026, 12, 20), QDate(2026, 12, 24));
-    ASSERT_TRUE(runUntilStatus(kUser, u"Registrerer"_qs));
-
-    person.answers(u"Bruker er allerede registrert!!"_qs);
-    enter(QDate(2026, 12, 5), QDate(2026, 12, 6));
-    ASSERT_TRUE(runUntil([&] { return received(u"+4790000001"_qs).size() == 2; }, 3min));
-
-    EXPECT_EQ(rows(u"SELECT [Gyldig fra], [Gyldig til] FROM TBLbrukere"_qs),
-              QStringList{u"5/12/2026|6/12/2026"_qs});
-    EXPECT_EQ(rows(u"SELECT [Gyldig fra], [Gyldig til], Status FROM NYEbrukere"_qs),
-              QStringList{u"20/12/2026|24/12/2026|NY"_qs});
-    EXPECT_EQ(received(u"+4790000001"_qs).last(), u"I 91234567>26120500<26120624");
-}
-
-TEST_F(WorldOnCom, TwoMessagesOfOneDayGoInOrderAndThirtySecondsApart)
-{
-    // A door's answer would hurry the queue when it is read, so this one takes its time.
-    door().setAnswerDelay(1min);
-    registerUser(u"+4791000001"_qs);
-    registerUser(u"+4791000002"_qs);
-    const auto heard = [&] { return received(u"+4790000001"_qs); };
-    ASSERT_TRUE(runUntil([&] { return heard().size() == 1; }, 1min));
-    const milliseconds first = clock.elapsed();
-    ASSERT_TRUE(runUntil([&] { return heard().size() == 2; }, 1min));
-    EXPECT_EQ(heard(), (QStringList{u"I 91000001>26120100<26120324"_qs,
-                                    u"I 91000002>26120100<26120324"_qs}));
-    EXPECT_GE(clock.elapsed() - first, 29s) << "looked at once a second";
-    EXPECT_LT(clock.elapsed() - first, 40s);
 }
 
 TEST_F(WorldOnCom, DeletedUserLeavesTheDoorAndTheTable)
