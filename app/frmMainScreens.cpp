@@ -60,16 +60,28 @@ template <class Make> void frmMain::openScreen(const Make &make, const QString &
     shown(operator_, {}, [&] {
         auto made = make();
         auto *screen = made.get();
-        auto &open = screens_[screen->objectName()];
-        if (open && open->isVisible()) {
-            screen = static_cast<decltype(screen)>(open.get());
+        // What is open is asked again behind the load, whose questions let others open and close.
+        const QString name = screen->objectName();
+        const auto open = [&] {
+            const auto found = screens_.find(name);
+            return found != screens_.end() && found->second->isVisible()
+                       ? static_cast<decltype(screen)>(found->second.get())
+                       : nullptr;
+        };
+        if (auto *before = open()) {
+            screen = before;
         }
         screen->load();
+        if (auto *meanwhile = open()) {
+            screen = meanwhile;
+        } else if (screen != made.get()) {
+            return; // closed
+        }
         if (!title.isEmpty()) {
             screen->setWindowTitle(title);
         }
         if (screen == made.get()) {
-            open = std::move(made);
+            screens_[name] = std::move(made);
         }
         screen->show();
         screen->raise();
