@@ -492,11 +492,20 @@ QString RecordBrowser::value(const char *field) const
 {
     QString text;
     kept([&] {
-        if (model_.bookmark(currentRow()) != 0) {
+        const qint64 current = model_.bookmark(currentRow());
+        if (current != 0 && adoPrimaryRS.bookmark() == current) {
             text = adoPrimaryRS.text(utf8(field));
         }
     });
     return text;
+}
+
+void RecordBrowser::catchUp()
+{
+    const qint64 current = model_.bookmark(currentRow());
+    if (current != 0 && adoPrimaryRS.bookmark() != current) {
+        adoPrimaryRS.setBookmark(current);
+    }
 }
 
 void RecordBrowser::moveTo(int row)
@@ -537,6 +546,7 @@ void RecordBrowser::showStatus(const QString &text)
 
 bool RecordBrowser::saveEdit()
 {
+    endTyping();
     if (model_.editedRow() < 0) {
         return true;
     }
@@ -880,7 +890,6 @@ bool RecordBrowser::dropWhatIsTyped(bool inSearch)
 
 void RecordBrowser::closeEvent(QCloseEvent *event)
 {
-    endTyping();
     if (!saveEdit()) {
         event->ignore(); // it has been told why; Esc drops what was typed
         return;
