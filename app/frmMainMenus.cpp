@@ -108,6 +108,7 @@ void frmMain::mnuFileDatabase()
             throw RuntimeFailure(
                 QCoreApplication::translate("frmMain", "Valget av database ble avbrutt."));
         }
+        unloadOtherScreens(); // they show, and would write to, the file of before
         module_.DatabasePath = path;
         module_.TempDatabasePath = tempDatabasePath(path);
         module_.BackupDatabasePath = backupDatabasePath(path);

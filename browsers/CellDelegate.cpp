@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
+#include <QTextDocument>
 #include <QToolTip>
 
 bool CellDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
@@ -15,9 +16,10 @@ bool CellDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
     room.rect = cell;
     const QSize needed = sizeHint(room, index);
     const bool cut = needed.width() > cell.width() || needed.height() > cell.height();
-    // Escaped, since a stranger's text could pass for rich text.
-    QToolTip::showText(event->globalPos(),
-                       cut ? index.data(Qt::EditRole).toString().toHtmlEscaped() : QString(), view);
+    // As rich text that shows it letter by letter, since a stranger's could pass for rich text.
+    QToolTip::showText(
+        event->globalPos(),
+        cut ? Qt::convertFromPlainText(index.data(Qt::EditRole).toString()) : QString(), view);
     event->setAccepted(cut); // else the grid's own tool tip comes
     return cut;
 }

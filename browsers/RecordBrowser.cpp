@@ -164,7 +164,6 @@ void RecordBrowser::load()
     if (EditFlag || AddNewFlag || !saveEdit()) {
         return;
     }
-    keepPlace();
     translate();
     connectToDatabase();
     openRows();
@@ -194,6 +193,7 @@ Query RecordBrowser::query() const
 void RecordBrowser::openRows()
 {
     adoPrimaryRS.open(connection_, query());
+    keepPlace();
     adoPrimaryRS.search(ui_->txtSearch->text());
     sortColumn_ = utf8(table_.sort);
     if (table_.has(BrowserTable::KeepsSort)) {
@@ -491,11 +491,20 @@ QString RecordBrowser::value(const char *field) const
 {
     QString text;
     kept([&] {
-        if (model_.bookmark(currentRow()) != 0) {
+        const qint64 current = model_.bookmark(currentRow());
+        if (current != 0 && adoPrimaryRS.bookmark() == current) {
             text = adoPrimaryRS.text(utf8(field));
         }
     });
     return text;
+}
+
+void RecordBrowser::catchUp()
+{
+    const qint64 current = model_.bookmark(currentRow());
+    if (current != 0 && adoPrimaryRS.bookmark() != current) {
+        adoPrimaryRS.setBookmark(current);
+    }
 }
 
 void RecordBrowser::moveTo(int row)
@@ -536,12 +545,14 @@ void RecordBrowser::showStatus(const QString &text)
 
 bool RecordBrowser::saveEdit()
 {
+    endTyping();
     if (model_.editedRow() < 0) {
         return true;
     }
     return shown(person_, {}, [this] {
         const int row = model_.editedRow();
         const bool standsThere = row == currentRow();
+        checkRow(row);
         model_.saveEdit();
         if (standsThere) {
             moveTo(row); // the empty row has moved on, and taken the place along
@@ -879,7 +890,6 @@ bool RecordBrowser::dropWhatIsTyped(bool inSearch)
 
 void RecordBrowser::closeEvent(QCloseEvent *event)
 {
-    endTyping();
     if (!saveEdit()) {
         event->ignore(); // it has been told why; Esc drops what was typed
         return;

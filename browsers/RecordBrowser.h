@@ -58,6 +58,8 @@ protected:
     virtual void rowChanged() {}
     /// A new row has been begun in this column: its defaults can be given.
     virtual void newRowBegun(int column);
+    /// The changed row is about to be saved; it fails when it must not be.
+    virtual void checkRow(int /*row*/) const {}
     virtual void rowSaved() {}
     virtual void cellDoubleClicked() {}
     virtual void cmdDelete_Click();
@@ -71,11 +73,15 @@ protected:
     void applyRights();
     void setTimer1(bool enabled);
     QAbstractButton &button(const char *name) const;
-    /// Text of the current row; empty without one.
+    /// Text of the current row; empty without one, or when adoPrimaryRS could not follow to it.
     QString value(const char *field) const;
+    /// Where adoPrimaryRS could not follow to the current row, it does so now.
+    /// @throws RuntimeFailure when the file is still in other hands.
+    void catchUp();
     /// A text of the catalogue of messages, in the operator's language.
     QString sourceText(const char *text) const;
-    /// Saves what was typed in a row; false when it could not be, and the operator knows why.
+    /// Saves what was typed in a row, an open cell included; false when it could not be, and the
+    /// operator knows why.
     bool saveEdit();
     /// Reads the rows anew, in their order; the place stays.
     void readAgain();

@@ -3,6 +3,7 @@
 #include "data/RowList.h"
 #include "platform/Clock.h"
 #include "platform/Rules.h"
+#include "platform/RuntimeFailure.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -99,8 +100,12 @@ void RecordsetModel::tick()
     bool read = !unreadable_;
     if (reading_) {
         read = tried([this] { reading_->readSlice(); });
-        takeOverWhenKnown();
+        const bool isEditing = edited_ >= 0; // on a row of the list before: that one stays so long
+        if (!isEditing) {
+            takeOverWhenKnown();
+        }
         takeRows();
+        read = read && !(isEditing && reading_ && reading_->isComplete());
     }
     if (reading_ || unreadable_) {
         lookAgain(read ? kBetweenSlices : kBeforeNextTry);
@@ -118,9 +123,9 @@ void RecordsetModel::takeRows()
 {
     if (list_ == reading_) {
         insertListed();
-    }
-    if (reading_ && reading_->isComplete()) {
-        reading_.reset();
+        if (reading_ && reading_->isComplete()) {
+            reading_.reset();
+        }
     }
     emit readOn();
 }
@@ -243,6 +248,9 @@ void RecordsetModel::removeGone()
             removeShown(row, row);
         }
     }
+    if (!gone.empty()) {
+        emit readOn();
+    }
 }
 
 void RecordsetModel::removeShown(int first, int last)
@@ -330,8 +338,10 @@ void RecordsetModel::saveEdit()
     set_->update();
     endEdit();
     if (isNew) {
-        if (list_->rowOf(set_->bookmark()) < 0) {
-            list_->append(set_->bookmark());
+        for (const std::shared_ptr<RowList> &list : {list_, reading_}) {
+            if (list && list->rowOf(set_->bookmark()) < 0) {
+                list->append(set_->bookmark());
+            }
         }
         insertListed();
     }
@@ -403,13 +413,18 @@ bool RecordsetModel::setData(const QModelIndex &index, const QVariant &value, in
     }
     bool done = false;
     const bool begins = isNewRow(row) && edited_ < 0;
-    kept([&] {
+    try {
         if (edited_ < 0) {
             beginEdit(row);
         }
         setValue(index.column(), typed);
         done = true;
-    });
+    } catch (const RuntimeFailure &failure) {
+        // Behind the commit: what may happen while a box is open must find no open cell.
+        QMetaObject::invokeMethod(
+            this, [this, failure] { shown(person_, {}, [&] { throw failure; }); },
+            Qt::QueuedConnection);
+    }
     if (done && begins) {
         emit newRowBegun(index.column());
     }

@@ -93,7 +93,7 @@ public:
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
 signals:
-    /// More rows are known, or all are.
+    /// More rows are known, or all are; or some are gone.
     void readOn();
     /// The first cell of a new row has been changed: its other columns can be given now.
     void newRowBegun(int column);

@@ -20,8 +20,11 @@ bool looksLikeFormula(const QString &text)
         return false;
     }
     const QChar first = text.front();
-    const bool signedNumber =
-        (first == u'+' || first == u'-') && text.size() > 1 && text[1].isDigit();
+    // Digits to the end: "+1+…" is a formula, too.
+    const bool signedNumber = (first == u'+' || first == u'-') && text.size() > 1 &&
+                              std::all_of(text.begin() + 1, text.end(), [](QChar each) {
+                                  return each.isDigit() || each == u'.' || each == u',';
+                              });
     return QStringLiteral("=@+-\t\r").contains(first) && !signedNumber;
 }
 

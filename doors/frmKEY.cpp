@@ -5,10 +5,13 @@
 #include "data/Module1.h"
 #include "platform/Operator.h"
 #include "platform/Rules.h"
+#include "platform/RuntimeFailure.h"
 #include "platform/Text.h"
 
 #include <QAbstractButton>
+#include <QCoreApplication>
 #include <QKeyEvent>
+#include <QScopeGuard>
 #include <QSignalBlocker>
 #include <QTabBar>
 #include <QTableView>
@@ -204,10 +207,25 @@ void frmKEY::newRowBegun(int begun)
         model_.setValue(column("KeySikkerhet"), QStringLiteral("4"));
     }
     if (begun == 0 && !model_.text(model_.editedRow(), 0).startsWith(u'+')) {
-        // A reminder only: the text stays.
-        person_.messageBox(sourceText(QT_TRANSLATE_NOOP(
-                               "BrowserTable", " Husk Internasjonalt telefonnummer +47...")),
-                           {}, Buttons::Ok);
+        // A reminder only: the text stays. It comes when the cell is closed, since the list may be
+        // loaded anew while a box is open.
+        const QString reminder = sourceText(
+            QT_TRANSLATE_NOOP("BrowserTable", " Husk Internasjonalt telefonnummer +47..."));
+        QMetaObject::invokeMethod(
+            this,
+            [this, reminder] {
+                shown(person_, {}, [&] { person_.messageBox(reminder, {}, Buttons::Ok); });
+            },
+            Qt::QueuedConnection);
+    }
+}
+
+/// Nothing would find a door without a number again.
+void frmKEY::checkRow(int row) const
+{
+    if (model_.text(row, column("KeyNummer")).trimmed().isEmpty()) {
+        throw RuntimeFailure(
+            QCoreApplication::translate("frmKeyProperties", "En dør må ha et nummer."));
     }
 }
 
@@ -234,7 +252,8 @@ void frmKEY::rowSaved()
 
 void frmKEY::cmdDelete_Click()
 {
-    if (currentRow() < 0 || currentRow() >= model_.recordCount()) {
+    const qint64 asked = model_.bookmark(currentRow());
+    if (asked == 0) {
         return;
     }
     if (person_.messageBox(
@@ -244,9 +263,16 @@ void frmKEY::cmdDelete_Click()
             QStringLiteral("DELETE KEY"), Buttons::OkCancel) != Answer::Ok) {
         return;
     }
+    if (model_.bookmark(currentRow()) != asked) { // loaded anew meanwhile, and the door is gone
+        throw RuntimeFailure(QCoreApplication::translate(
+            "Recordset", "Raden er endret eller slettet av en annen siden den ble lest"));
+    }
     // A number that was typed and not saved may be another door's, whose messages must stay.
     model_.cancelEdit();
-    const QString door = value("KeyNummer");
+    catchUp();
+    const QString door = adoPrimaryRS.text(QStringLiteral("KeyNummer"));
+    // The grid shows no door that the file still has.
+    auto showAgain = qScopeGuard([this] { kept([this] { readAgain(); }); });
     // What waits for a door that is no more, is not to be sent: neither its messages nor periods
     // that would become messages. What was sent stays; its users go by the database itself.
     connection_->transaction([&] {
@@ -257,6 +283,7 @@ void frmKEY::cmdDelete_Click()
         deleteAll(QStringLiteral("NYEbrukere"), QStringLiteral("KeyNummer"), door);
         RecordBrowser::cmdDelete_Click();
     });
+    showAgain.dismiss();
 }
 
 void frmKEY::deleteAll(const QString &table, const QString &column, const QString &door,
@@ -277,6 +304,10 @@ void frmKEY::cellDoubleClicked()
     bool isNumber = false;
     const double level = module_.SecurityLevel.toDouble(&isNumber);
     if (isNumber && level > 4 && saveEdit()) {
-        openProperties_();
+        shown(person_, {}, [this] {
+            catchUp();
+            rowChanged();
+            openProperties_();
+        });
     }
 }

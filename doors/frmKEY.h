@@ -20,6 +20,7 @@ protected:
     void loaded() override;
     void rowChanged() override;
     void newRowBegun(int column) override;
+    void checkRow(int row) const override;
     void rowSaved() override;
     void cmdDelete_Click() override;
     void cellDoubleClicked() override;

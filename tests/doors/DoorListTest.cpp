@@ -153,6 +153,10 @@ TEST_F(DoorListTest, NewDoorGetsItsDefaultsAndAReminder)
     EXPECT_EQ(grid().currentIndex().row(), 5);
     key(Qt::Key_Escape);
     key(Qt::Key_Up);
+    type(3, 0, u" "_qs);
+    person.answers(u"En dør må ha et nummer."_qs);
+    key(Qt::Key_Up);
+    key(Qt::Key_Escape);
     type(3, 3, u"høy"_qs);
     person.answers(u"vises den ikke for deg"_qs);
     key(Qt::Key_Up);
@@ -197,6 +201,27 @@ TEST_F(DoorListTest, DeletedDoorTakesItsUsersAndWhatWaitsForIt)
     person.answers(u"endret eller slettet av en annen"_qs);
     click("cmdDelete");
     EXPECT_EQ(left(), "3|1|1|5|5") << "all or nothing";
+}
+
+TEST_F(DoorListTest, DeletesTheDoorThatStandsInTheFileAndNoOther)
+{
+    for (const QString &number : {u"+4790000001"_qs, u"+4790000002"_qs}) {
+        database.add(u"SMS_Sent"_qs, u"TilNummer,CMGS"_qs, {number, u"UNSENT"_qs});
+    }
+    openList();
+    type(1, 0, u"+4790000001"_qs); // another door's, not saved
+    person.answers(u"Er Du sikker"_qs);
+    click("cmdDelete");
+    EXPECT_EQ(rows(u"SELECT TilNummer FROM SMS_Sent"_qs), "+4790000001");
+
+    person.answers(u"Er Du sikker"_qs, Answer::Ok, 5s);
+    person.answers(u"endret eller slettet av en annen"_qs);
+    clock.after(1s, [this] { // another PC deletes it, and the menu loads the list
+        run(u"DELETE FROM KEYTable WHERE KeyNummer = '+4790000003'"_qs);
+        screen->load();
+    });
+    click("cmdDelete");
+    EXPECT_EQ(column(1), "Hovedport|Kontor|");
 }
 
 } // namespace
