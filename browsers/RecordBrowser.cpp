@@ -250,10 +250,13 @@ void RecordBrowser::keepPlace()
     kept.current = model_.bookmark(currentRow());
     kept.top = model_.bookmark(ui_->grdDataGrid->rowAt(0));
     kept.column = std::max(0, ui_->grdDataGrid->currentIndex().column());
-    const QModelIndexList rows = ui_->grdDataGrid->selectionModel()->selectedRows();
-    for (const QModelIndex &row : rows) {
-        kept.selected.push_back(model_.bookmark(row.row()));
+    const QItemSelection selection = ui_->grdDataGrid->selectionModel()->selection();
+    for (const QItemSelectionRange &range : selection) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            kept.selected.insert(model_.bookmark(row));
+        }
     }
+    kept.selected.erase(0); // the empty row
     place_ = std::move(kept);
 }
 
@@ -276,11 +279,19 @@ void RecordBrowser::backToPlace()
     const PlaceKept kept = *std::exchange(place_, std::nullopt);
     QTableView &grid = *ui_->grdDataGrid;
     grid.setCurrentIndex(model_.index(row, kept.column));
-    for (const qint64 selected : kept.selected) {
-        if (const int place = model_.rowOf(selected); place >= 0) {
-            grid.selectionModel()->select(model_.index(place, 0),
-                                          QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    if (kept.selected.size() > 1) { // one pass, however many there are
+        QItemSelection selection;
+        for (int first = 0, last = 0; first < model_.recordCount(); first = last + 1) {
+            last = first;
+            while (kept.selected.contains(model_.bookmark(last))) {
+                ++last;
+            }
+            if (last > first) {
+                selection.select(model_.index(first, 0),
+                                 model_.index(last - 1, model_.columnCount() - 1));
+            }
         }
+        grid.selectionModel()->select(selection, QItemSelectionModel::Select);
     }
     if (const int top = model_.rowOf(kept.top); top >= 0) {
         grid.scrollTo(model_.index(top, kept.column), QAbstractItemView::PositionAtTop);
@@ -357,6 +368,9 @@ void RecordBrowser::applyRights()
                            .wraps = column.use == BrowserColumn::Wrapped});
     }
     model_.setColumns(std::move(columns));
+    // Both would write what only cmdUpdate may.
+    ui_->txtSearch->setEnabled(!EditFlag && !AddNewFlag);
+    ui_->cmdSaveCsv->setEnabled(slice_ == nullptr && !EditFlag && !AddNewFlag);
 }
 
 void RecordBrowser::changeEvent(QEvent *event)
@@ -487,24 +501,16 @@ int RecordBrowser::currentRow() const
     return ui_->grdDataGrid->currentIndex().row();
 }
 
-QString RecordBrowser::value(const char *field) const
+QString RecordBrowser::value(const char *field)
 {
     QString text;
     kept([&] {
-        const qint64 current = model_.bookmark(currentRow());
-        if (current != 0 && adoPrimaryRS.bookmark() == current) {
+        if (model_.bookmark(currentRow()) != 0) {
+            model_.standOn(currentRow()); // a set that was read anew stands elsewhere
             text = adoPrimaryRS.text(utf8(field));
         }
     });
     return text;
-}
-
-void RecordBrowser::catchUp()
-{
-    const qint64 current = model_.bookmark(currentRow());
-    if (current != 0 && adoPrimaryRS.bookmark() != current) {
-        adoPrimaryRS.setBookmark(current);
-    }
 }
 
 void RecordBrowser::moveTo(int row)
@@ -521,6 +527,9 @@ void RecordBrowser::currentRowChanged()
     if (edited >= 0 && edited != currentRow() && (EditFlag || AddNewFlag || !saveEdit())) {
         moveTo(edited); // it is not done with yet
         return;
+    }
+    if (place_ && !model_.showsLatest()) {
+        place_ = PlaceKept{.current = model_.bookmark(currentRow())}; // the later wish counts
     }
     showCurrentRow();
 }
@@ -545,7 +554,7 @@ void RecordBrowser::showStatus(const QString &text)
 
 bool RecordBrowser::saveEdit()
 {
-    endTyping();
+    endTyping(); // not everything that ends an edit takes the focus from its cell
     if (model_.editedRow() < 0) {
         return true;
     }
@@ -688,11 +697,15 @@ void RecordBrowser::showProgress()
     lblEmpty_->setText(
         ownText(searches ? QT_TRANSLATE_NOOP("RecordBrowser", "Ingen rad har denne teksten.")
                          : QT_TRANSLATE_NOOP("RecordBrowser", "Tabellen er tom.")));
-    ui_->cmdSaveCsv->setEnabled(slice_ == nullptr);
+    ui_->cmdSaveCsv->setEnabled(slice_ == nullptr && !EditFlag && !AddNewFlag);
 }
 
 void RecordBrowser::beginWork(std::function<bool(int &percent)> slice)
 {
+    if (slice_ != nullptr) {
+        person_.beep();
+        return;
+    }
     slice_ = std::move(slice);
     ui_->barWork->setRange(0, 100);
     workOn();
@@ -879,6 +892,7 @@ bool RecordBrowser::dropWhatIsTyped(bool inSearch)
 {
     if (!EditFlag && !AddNewFlag && model_.editedRow() >= 0) {
         model_.cancelEdit();
+        showCurrentRow(); // read anew, since somebody else may have changed it
         return true;
     }
     if (inSearch && !ui_->txtSearch->text().isEmpty()) {

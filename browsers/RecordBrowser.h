@@ -8,6 +8,7 @@
 
 #include <chrono>
 #include <optional>
+#include <unordered_set>
 
 class Operator;
 class QAbstractButton;
@@ -73,11 +74,8 @@ protected:
     void applyRights();
     void setTimer1(bool enabled);
     QAbstractButton &button(const char *name) const;
-    /// Text of the current row; empty without one, or when adoPrimaryRS could not follow to it.
-    QString value(const char *field) const;
-    /// Where adoPrimaryRS could not follow to the current row, it does so now.
-    /// @throws RuntimeFailure when the file is still in other hands.
-    void catchUp();
+    /// Text of the current row; empty without one, or when the file is in other hands.
+    QString value(const char *field);
     /// A text of the catalogue of messages, in the operator's language.
     QString sourceText(const char *text) const;
     /// Saves what was typed in a row, an open cell included; false when it could not be, and the
@@ -86,7 +84,8 @@ protected:
     /// Reads the rows anew, in their order; the place stays.
     void readAgain();
     /// Work that takes long: a slice at a time, until one gives false or the operator presses Esc.
-    /// Each says how far the whole has come, in per cent. A failure is shown and ends it.
+    /// Each says how far the whole has come, in per cent. A failure is shown and ends it. Other
+    /// work that is going on is not given up for it: then there is a beep, and nothing else.
     void beginWork(std::function<bool(int &percent)> slice);
     void placeAboveGrid(QWidget *control);
     void placeBelowGrid(QWidget *control);
@@ -119,7 +118,7 @@ private:
     struct PlaceKept {
         qint64 current = 0;
         qint64 top = 0;
-        std::vector<qint64> selected = {};
+        std::unordered_set<qint64> selected = {};
         int column = 0;
     };
 

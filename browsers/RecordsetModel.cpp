@@ -98,14 +98,14 @@ void RecordsetModel::tick()
     }
     removeGone();
     bool read = !unreadable_;
-    if (reading_) {
+    if (!showsLatest() && edited_ >= 0) {
+        read = false; // what is being changed must not go from under it
+    } else if (reading_) {
         read = tried([this] { reading_->readSlice(); });
-        const bool isEditing = edited_ >= 0; // on a row of the list before: that one stays so long
-        if (!isEditing) {
+        if (reading_) { // a box may have stood open, and the reading have been stopped meanwhile
             takeOverWhenKnown();
+            takeRows();
         }
-        takeRows();
-        read = read && !(isEditing && reading_ && reading_->isComplete());
     }
     if (reading_ || unreadable_) {
         lookAgain(read ? kBetweenSlices : kBeforeNextTry);
@@ -308,8 +308,8 @@ void RecordsetModel::beginEdit(int row)
 {
     if (isNewRow(row)) {
         set_->addNew();
-    } else if (set_->bookmark() != bookmark(row)) {
-        set_->setBookmark(bookmark(row));
+    } else {
+        set_->standOn(bookmark(row));
     }
     edited_ = row;
     emit headerDataChanged(Qt::Vertical, row, row);
@@ -321,6 +321,13 @@ void RecordsetModel::endEdit()
     forgetWindows(row);
     emit dataChanged(index(row, 0), index(row, columnCount() - 1));
     emit headerDataChanged(Qt::Vertical, row, row);
+}
+
+void RecordsetModel::standOn(int row)
+{
+    if (edited_ < 0 || edited_ == row) { // it would drop what is typed elsewhere
+        set_->standOn(bookmark(row));
+    }
 }
 
 void RecordsetModel::setValue(int column, const QVariant &value)
@@ -364,9 +371,7 @@ void RecordsetModel::readAgain(int row)
 
 void RecordsetModel::deleteRow(int row)
 {
-    if (set_->bookmark() != bookmark(row)) {
-        set_->setBookmark(bookmark(row));
-    }
+    set_->standOn(bookmark(row));
     set_->remove();
     removeShown(row, row);
 }

@@ -77,6 +77,9 @@ public:
     void saveEdit();
     /// Drops the changes.
     void cancelEdit();
+    /// The set stands on the row, which it reads unless it stands there already.
+    /// @throws RuntimeFailure when it cannot be read.
+    void standOn(int row);
     /// Changes a column without a cell's editor, as a new row's defaults are.
     void setValue(int column, const QVariant &value);
     /// Reads the values of the row anew.

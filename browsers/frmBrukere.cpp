@@ -19,6 +19,7 @@ int frmBrukere::doorsOf(const QString &Bruker)
 
 void frmBrukere::cmdDelete_Click()
 {
+    model_.standOn(currentRow()); // a number that cannot be read now is none without doors
     if (doorsOf(value("Bruker")) == 0) {
         RecordBrowser::cmdDelete_Click();
         return;
@@ -46,7 +47,9 @@ void frmBrukere::RecountTillatelser()
             percent = static_cast<int>(100 * behind / last);
             return true;
         }
-        readAgain();
+        if (saveEdit()) { // begun meanwhile
+            readAgain();
+        }
         return false;
     });
 }

@@ -428,3 +428,12 @@ void Recordset::setBookmark(qint64 bookmark)
     Private &set = opened();
     set.stand(set.reader.row(bookmark), Private::Place::Behind);
 }
+
+void Recordset::standOn(qint64 bookmark)
+{
+    const Private &set = opened(); // a set that is unread stands nowhere yet, and need not
+    if (set.unread || set.adding || set.place != Private::Place::OnRow ||
+        set.current.bookmark != bookmark) {
+        setBookmark(bookmark);
+    }
+}

@@ -125,6 +125,8 @@ public:
     qint64 bookmark() const;
     /// Goes to the row of a bookmark; eof() when it is gone.
     void setBookmark(qint64 bookmark);
+    /// The same, but a row that the set stands on already keeps its values, as read and as set.
+    void standOn(qint64 bookmark);
 
 private:
     struct Private;

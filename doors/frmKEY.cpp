@@ -269,7 +269,7 @@ void frmKEY::cmdDelete_Click()
     }
     // A number that was typed and not saved may be another door's, whose messages must stay.
     model_.cancelEdit();
-    catchUp();
+    model_.standOn(currentRow());
     const QString door = adoPrimaryRS.text(QStringLiteral("KeyNummer"));
     // The grid shows no door that the file still has.
     auto showAgain = qScopeGuard([this] { kept([this] { readAgain(); }); });
@@ -305,7 +305,7 @@ void frmKEY::cellDoubleClicked()
     const double level = module_.SecurityLevel.toDouble(&isNumber);
     if (isNumber && level > 4 && saveEdit()) {
         shown(person_, {}, [this] {
-            catchUp();
+            model_.standOn(currentRow());
             rowChanged();
             openProperties_();
         });

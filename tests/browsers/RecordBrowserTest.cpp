@@ -227,6 +227,10 @@ TEST_F(RecordBrowserTest, ConflictsAreToldAndSettledByTheOperator)
     }
     key(Qt::Key_Escape);
     EXPECT_EQ(column(1, 1), "din");
+    type(0, 1, u"så min"_qs);
+    key(Qt::Key_Down);
+    EXPECT_EQ(rows(u"SELECT Password FROM Passwords WHERE USER_ID = 'Anna'"_qs), "så min");
+    key(Qt::Key_Home);
 
     run(u"UPDATE Passwords SET Password = 'nok en' WHERE USER_ID = 'Anna'"_qs);
     FakeMachine::person.answers(conflict);
@@ -266,6 +270,34 @@ TEST_F(RecordBrowserTest, LongReadingStopsAtEscape)
     EXPECT_EQ(grid().currentIndex().row(), 29999) << "until the first hit is there";
     clock.run(5s);
     EXPECT_EQ(status(), u"Record: 1"_qs);
+}
+
+// The rows shown until the new ones are known are those that count, and none is lost on the way.
+TEST_F(RecordBrowserTest, LongTableStandsOnItsRowWhileItIsReadAnew)
+{
+    run(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 30000)"
+        " INSERT INTO Katalog (Bruker, Gate) SELECT 1000000 + i, 'Vei ' || (99999 - i) FROM n"_qs);
+    database.add(u"TBLbrukere"_qs, u"KeyBruker,KeyNummer"_qs, {u"1000001"_qs, u"+4790000001"_qs});
+    open<frmBrukere>(tools());
+    clock.run(1s);
+    for (const auto &wait : std::initializer_list<std::function<void()>>{
+             [&] { control<QLineEdit>("txtSearch").setText(u"finnes ikke"_qs); },
+             [&] { control<QLineEdit>("txtSearch").setText(u"1000001"_qs); }}) {
+        wait();
+        FakeMachine::person.answers(u"Denne brukeren er registrert på en eller flere nøkler."
+                                    " Kan ikke slettes!!!"_qs);
+        click("cmdDelete");
+        EXPECT_EQ(rows(u"SELECT count(*) FROM Katalog"_qs), "30000");
+    }
+    search(u""_qs);
+    clickHeading(3);
+    EXPECT_EQ(grid().currentIndex().row(), 0) << "another row than before, of the same number";
+    EXPECT_EQ(column(0, 1), "1030000");
+    grid().setCurrentIndex(grid().model()->index(20'000, 0));
+    click("cmdRefresh");
+    clock.run(5s);
+    EXPECT_EQ(status(), u"Record: 20001"_qs);
+    EXPECT_EQ(grid().currentIndex().row(), 20'000);
 }
 
 TEST_F(RecordBrowserTest, CatalogueKeepsWhoStandsOnADoorAndCountsDoorsAnew)
