@@ -149,8 +149,8 @@ private:
     void cmdNext_Click();
     void cmdPrevious_Click();
     bool moveToEmptyRow();
-    void beginExport(std::vector<qint64> bookmarks, RowExport::Format format,
-                     const std::function<void(const QString &)> &sink,
+    void beginExport(const std::function<std::vector<qint64>()> &bookmarks,
+                     RowExport::Format format, const std::function<void(const QString &)> &sink,
                      const std::function<void()> &finish);
     void workOn();
     void endWork();

@@ -149,18 +149,6 @@ void RecordsetModel::stopReading()
     emit readOn();
 }
 
-void RecordsetModel::readAll()
-{
-    if (!reading_) {
-        return;
-    }
-    reading_->readAll();
-    if (list_ != reading_) {
-        takeOver();
-    }
-    takeRows();
-}
-
 qint64 RecordsetModel::bookmark(int row) const
 {
     return row >= 0 && row < rows_ ? list_->key(row) : 0;

@@ -52,9 +52,6 @@ public:
     bool isReading() const { return reading_ != nullptr; }
     /// What was found so far is all there is; of a set that was not shown yet nothing is.
     void stopReading();
-    /// Reads on to the last row, however long that takes.
-    /// @throws RuntimeFailure when it fails on the way.
-    void readAll();
 
     /// What the last show() asked for is what is shown.
     bool showsLatest() const { return !reading_ || list_ == reading_; }

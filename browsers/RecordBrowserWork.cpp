@@ -1,0 +1,177 @@
+#include "browsers/RecordBrowser.h"
+
+#include "data/Module1.h"
+#include "platform/Clock.h"
+#include "platform/Operator.h"
+#include "platform/Rules.h"
+#include "platform/RuntimeFailure.h"
+#include "platform/SettingsStore.h"
+#include "ui_RecordBrowser.h"
+
+#include <QClipboard>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QLocale>
+#include <QSaveFile>
+
+#include <algorithm>
+
+// What takes long in a browser: it goes slice by slice, shows how far it has come, and ends at Esc.
+
+namespace {
+
+constexpr milliseconds kBetweenSlices = 1ms;
+
+QString ownText(const char *text)
+{
+    return QCoreApplication::translate("RecordBrowser", text);
+}
+
+} // namespace
+
+void RecordBrowser::showProgress()
+{
+    constexpr milliseconds kWorthShowing = 100ms;
+    const bool reading = model_.isReading();
+    const bool shows =
+        slice_ != nullptr || (reading && clock_.elapsed() - readingSince_ > kWorthShowing);
+    ui_->barWork->setVisible(shows);
+    ui_->lblWork->setVisible(shows);
+    if (std::exchange(busy_, shows) != shows) {
+        person_.setBusy(shows);
+    }
+    const bool searches = !ui_->txtSearch->text().isEmpty();
+    const int rows = model_.recordCount();
+    const char *const found = searches    ? QT_TRANSLATE_NOOP("RecordBrowser", "%1 treff")
+                              : rows == 1 ? QT_TRANSLATE_NOOP("RecordBrowser", "%1 rad")
+                                          : QT_TRANSLATE_NOOP("RecordBrowser", "%1 rader");
+    ui_->lblHits->setText(
+        ownText(found).arg(QLocale().toString(rows) + (reading ? QStringLiteral("…") : QString())));
+    lblEmpty_->setVisible(rows == 0 && !reading);
+    lblEmpty_->setText(
+        ownText(searches ? QT_TRANSLATE_NOOP("RecordBrowser", "Ingen rad har denne teksten.")
+                         : QT_TRANSLATE_NOOP("RecordBrowser", "Tabellen er tom.")));
+    ui_->cmdSaveCsv->setEnabled(slice_ == nullptr && !EditFlag && !AddNewFlag);
+}
+
+void RecordBrowser::beginWork(std::function<bool(int &percent)> slice)
+{
+    if (slice_ != nullptr) {
+        person_.beep();
+        return;
+    }
+    slice_ = std::move(slice);
+    ui_->barWork->setRange(0, 100);
+    workOn();
+}
+
+void RecordBrowser::workOn()
+{
+    work_->setEnabled(false);
+    int percent = 0;
+    bool more = false;
+    const bool fine = shown(person_, {}, [&] { more = slice_(percent); });
+    if (fine && more) {
+        ui_->barWork->setValue(percent);
+        work_->setInterval(kBetweenSlices);
+        work_->setEnabled(true);
+    } else {
+        endWork();
+    }
+    showProgress();
+}
+
+void RecordBrowser::endWork()
+{
+    work_->setEnabled(false);
+    slice_ = nullptr;
+    ui_->barWork->setRange(0, 0);
+}
+
+/// Whatever takes long ends here, with what it has; a file that is not whole is not written.
+bool RecordBrowser::stopWork()
+{
+    const bool worked = slice_ != nullptr || model_.isReading();
+    endWork();
+    wantsLast_ = false;
+    place_.reset();
+    if (model_.isReading()) {
+        model_.stopReading();
+    }
+    showProgress();
+    return worked;
+}
+
+/// The rows are asked for once all are listed.
+void RecordBrowser::beginExport(const std::function<std::vector<qint64>()> &bookmarks,
+                                RowExport::Format format,
+                                const std::function<void(const QString &)> &sink,
+                                const std::function<void()> &finish)
+{
+    beginWork([=, this, rows = std::shared_ptr<RowExport>()](int &percent) mutable {
+        if (model_.isReading()) {
+            return true;
+        }
+        if (!rows) {
+            rows = std::make_shared<RowExport>(adoPrimaryRS, bookmarks(), columnsInSight(), format,
+                                               sink);
+        }
+        const bool more = rows->writeSlice();
+        percent = static_cast<int>(100LL * rows->done() / std::max(1, rows->total()));
+        if (!more) {
+            finish();
+        }
+        return more;
+    });
+}
+
+void RecordBrowser::copySelection()
+{
+    QItemSelection ranges = ui_->grdDataGrid->selectionModel()->selection();
+    std::ranges::sort(ranges, {}, &QItemSelectionRange::top);
+    std::vector<qint64> bookmarks;
+    int next = 0;
+    for (const QItemSelectionRange &range : ranges) {
+        for (next = std::max(next, range.top()); next <= range.bottom(); ++next) {
+            if (const qint64 bookmark = model_.bookmark(next); bookmark != 0) {
+                bookmarks.push_back(bookmark);
+            }
+        }
+    }
+    const auto text = std::make_shared<QString>();
+    beginExport([bookmarks = std::move(bookmarks)] { return bookmarks; }, RowExport::Format::Tabs,
+                [text](const QString &line) { *text += line; },
+                [text] { QGuiApplication::clipboard()->setText(*text); });
+}
+
+void RecordBrowser::saveAsCsv()
+{
+    if (!saveEdit()) {
+        return;
+    }
+    shown(person_, {}, [this] {
+        const QString path = person_.chooseNewFile(windowTitle().simplified() + u".csv"_qs,
+                                                   QStringLiteral("CSV (*.csv)"));
+        if (path.isEmpty()) {
+            return;
+        }
+        const auto file = std::make_shared<QSaveFile>(path);
+        const auto check = [file](bool done) {
+            if (!done) {
+                throw RuntimeFailure(file->errorString());
+            }
+        };
+        check(file->open(QIODevice::WriteOnly));
+        const auto all = [this] {
+            std::vector<qint64> bookmarks;
+            for (int row = 0; row < model_.recordCount(); ++row) {
+                bookmarks.push_back(model_.bookmark(row));
+            }
+            return bookmarks;
+        };
+        beginExport(
+            all, RowExport::Format::Csv,
+            [file, check](const QString &line) { check(file->write(line.toUtf8()) >= 0); },
+            [file, check] { check(file->commit()); });
+    });
+}
