@@ -125,6 +125,7 @@ void frmMain::mnuFileCompactDatabase()
             Answer::Ok) {
             return;
         }
+        unloadOtherScreens(); // they hold the file, too
         recordsets_.CompactRequested = true;
         recordsets_.OpenDatabase();
         if (recordsets_.CompactFailed) {

@@ -442,6 +442,9 @@ void RecordBrowser::closeEvent(QCloseEvent *event)
     if (std::exchange(busy_, false)) {
         person_.setBusy(false);
     }
+    if (connection_) { // the file may be wanted alone, as by a compaction
+        connection_->close();
+    }
     event->accept();
 }
 

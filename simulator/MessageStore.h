@@ -27,11 +27,10 @@ struct MessageRecord {
 /// A storage with numbered places from 1; a new record takes the lowest free one.
 class MessageStore {
 public:
+    /// At least 1.
     explicit MessageStore(int capacity) : capacity_(capacity) {}
 
     int capacity() const { return capacity_; }
-    /// At least 1. Records beyond a smaller capacity stay until they are deleted.
-    void setCapacity(int capacity) { capacity_ = capacity; }
     int used() const { return static_cast<int>(records_.size()); }
     bool isFull() const { return used() >= capacity_; }
     const std::map<int, MessageRecord> &records() const { return records_; }
