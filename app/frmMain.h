@@ -86,7 +86,7 @@ private:
 
     // frmMainScreens.cpp: the screens beside this one
     void wireScreens();
-    /// A screen beside this one, and the menu entry that it was opened by, if it was one.
+    /// A screen beside this one, and the menu entry that it belongs to.
     struct OpenScreen {
         std::unique_ptr<QWidget> window;
         QAction *entry = nullptr;

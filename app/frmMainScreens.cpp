@@ -37,8 +37,9 @@ void frmMain::wireScreens()
     };
     opens(ui_->mnuDatafrmKeyOppsett, properties);
     opens(ui_->mnuDatafrmKey, [this, tools, properties] {
-        return std::make_unique<frmKEY>(tools,
-                                        [this, properties] { openScreen(properties, nullptr); });
+        return std::make_unique<frmKEY>(tools, [this, properties] {
+            openScreen(properties, ui_->mnuDatafrmKeyOppsett);
+        });
     });
     opens(ui_->mnuDatafrmKeyLogg,
           [this, tools] { return std::make_unique<frmLOGG>(tools, recordsets_, link_.pace); });
@@ -85,19 +86,17 @@ template <class Make> void frmMain::openScreen(const Make &make, QAction *entry)
         }
         kept.entry = entry;
         entitle(kept);
+        screen->setWindowState(screen->windowState() & ~Qt::WindowMinimized);
         screen->show();
         screen->raise();
         screen->activateWindow();
     });
 }
 
-/// A screen bears the caption of the menu entry that it was opened by, in the language of the
-/// moment.
+/// A screen bears the caption of its menu entry, in the language of the moment.
 void frmMain::entitle(const OpenScreen &screen)
 {
-    if (screen.entry != nullptr) {
-        screen.window->setWindowTitle(captionOf(screen.entry));
-    }
+    screen.window->setWindowTitle(captionOf(screen.entry));
 }
 
 void frmMain::entitleScreens()

@@ -1,6 +1,9 @@
 #include "app/Shell.h"
 
 #include <QApplication>
+#include <QTableView>
+
+#include <algorithm>
 
 namespace {
 
@@ -9,11 +12,21 @@ QStringList screensBeside(const QWidget &main)
     QStringList names;
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (const QWidget *window : windows) {
-        if (window != &main && window->isVisible() && window->windowType() == Qt::Window) {
+        if (window != &main && window->isVisible() && !window->isMinimized() &&
+            window->windowType() == Qt::Window) {
             names += window->objectName() + u':' + window->windowTitle();
         }
     }
     return names;
+}
+
+QWidget *screenNamed(const QString &name)
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto found = std::ranges::find_if(windows, [&](const QWidget *window) {
+        return window->isVisible() && window->objectName() == name;
+    });
+    return found == windows.end() ? nullptr : *found;
 }
 
 } // namespace
@@ -37,6 +50,7 @@ TEST(Screens, OpenBesideTheMainScreenOnceEachAndCloseWithIt)
         {"mnuSpråkLanguage", u"frmLanguage:&Language Table"_qs}};
     for (const auto &[entry, screen] : kEntries) {
         shell.entry(entry).trigger();
+        screenNamed(screen.section(u':', 0, 0))->showMinimized();
         shell.entry(entry).trigger();
         const QString title = QString(screen).remove(u'&');
         EXPECT_EQ(screensBeside(*shell.screen).count(title), 1)
@@ -46,7 +60,11 @@ TEST(Screens, OpenBesideTheMainScreenOnceEachAndCloseWithIt)
     }
     EXPECT_EQ(screensBeside(*shell.screen).size(), 8) << "sent and waiting share one";
     EXPECT_FALSE(shell.module.SmsListSent);
+    auto *doors = screenNamed(u"frmKEY"_qs)->findChild<QTableView *>();
+    emit doors->doubleClicked(doors->model()->index(0, 0)); // opens the configuration
     shell.entry("mnuSpråkSvensk").trigger();
+    EXPECT_TRUE(screensBeside(*shell.screen).contains(u"frmKeyProperties:KEY Inställningar"_qs))
+        << screensBeside(*shell.screen).join(u", "_qs).toStdString();
     EXPECT_TRUE(screensBeside(*shell.screen).contains(u"frmSMSSent:Utkorg"_qs));
     shell.screen->unload();
     EXPECT_EQ(screensBeside(*shell.screen).size(), 0);
