@@ -17,6 +17,7 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScopeGuard>
+#include <QScopedValueRollback>
 #include <QScreen>
 
 #include <algorithm>
@@ -28,7 +29,8 @@ namespace {
 
 constexpr milliseconds kTimer1 = 10'000ms;
 constexpr milliseconds kPatience = 50ms; ///< of a reading: the window must go on answering
-constexpr int kWidestColumn = 240;       // pixels, to start with
+constexpr milliseconds kAskedFor = 1s;   ///< of one that somebody waits for
+constexpr int kReloadsInSilence = 3;     ///< ticks of Timer1 that found the file in other hands
 constexpr int kRowsMeasured = 40;        ///< for the widths of columns: a screenful
 
 QString utf8(const char *text)
@@ -48,7 +50,9 @@ RecordBrowser::RecordBrowser(const BrowserTable &table, const BrowserTools &tool
       ui_(std::make_unique<Ui::RecordBrowser>()),
       lblEmpty_(new QLabel),
       Timer1_(tools.clock.timer([this] { timer1Tick(); })),
-      work_(tools.clock.timer([this] { workOn(); }))
+      work_(tools.clock.timer([this] { workOn(); })),
+      workTries_(tools.person),
+      reload_(tools.person, kReloadsInSilence)
 {
     ui_->setupUi(this);
     // On a small screen, or a magnified one, the bar at the bottom must not be lost.
@@ -93,6 +97,7 @@ void RecordBrowser::buildGrid()
 {
     QTableView &grid = *ui_->grdDataGrid;
     grid.setModel(&model_);
+    model_.setTypingTest([this] { return isTyping(); });
     grid.setItemDelegate(new CellDelegate(this));
     grid.installEventFilter(this);
     lblEmpty_->setObjectName(QStringLiteral("lblEmpty"));
@@ -141,6 +146,7 @@ void RecordBrowser::wire()
             &RecordBrowser::headingClicked);
     connect(grid.selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &RecordBrowser::currentRowChanged);
+    connect(&grid, &QTableView::pressed, this, &RecordBrowser::stayHere);
     connect(&grid, &QTableView::doubleClicked, this, [this] { cellDoubleClicked(); });
     connect(&model_, &RecordsetModel::readOn, this, &RecordBrowser::readOn);
     connect(&model_, &RecordsetModel::newRowBegun, this,
@@ -151,24 +157,32 @@ void RecordBrowser::wire()
 
 void RecordBrowser::load()
 {
+    load(kAskedFor);
+}
+
+void RecordBrowser::load(milliseconds patience)
+{
     if (EditFlag || AddNewFlag || !saveEdit()) {
         return;
     }
+    if (!module_.DatabaseConnection) {
+        throw RuntimeFailure(QCoreApplication::translate("Recordset", "Ingen database er åpen"));
+    }
+    connection_ = module_.DatabaseConnection->another(patience);
     translate();
-    connectToDatabase();
     openRows();
     if (table_.has(BrowserTable::Reloads) || table_.has(BrowserTable::ReloadsLater)) {
         module_.RefreshPending = false;
     }
     loaded();
+    reloadDue_ = false;
 }
 
-void RecordBrowser::connectToDatabase()
+void RecordBrowser::awaitFile()
 {
-    if (!module_.DatabaseConnection) {
-        throw RuntimeFailure(QCoreApplication::translate("Recordset", "Ingen database er åpen"));
-    }
-    connection_ = module_.DatabaseConnection->another();
+    connection_->setPatience(kAskedFor);
+    const auto back = qScopeGuard([this] { connection_->setPatience(kPatience); });
+    adoPrimaryRS.rows({0}); // there is no such row
 }
 
 Query RecordBrowser::query() const
@@ -182,16 +196,15 @@ Query RecordBrowser::query() const
 
 void RecordBrowser::openRows()
 {
-    adoPrimaryRS.open(connection_, query());
-    keepPlace();
-    adoPrimaryRS.search(ui_->txtSearch->text());
-    sortColumn_ = utf8(table_.sort);
-    if (table_.has(BrowserTable::KeepsSort)) {
-        sortColumn_ = settings_.get(settingsKey("Sort"), sortColumn_);
-    }
+    Recordset rows; // when it cannot be opened, what is shown stays whole
+    rows.open(connection_, query());
+    rows.search(ui_->txtSearch->text());
+    sortColumn_ = sortToOpenIn();
     if (!sortColumn_.isEmpty()) {
-        adoPrimaryRS.sort(sortColumn_);
+        rows.sort(sortColumn_);
     }
+    keepPlace();
+    adoPrimaryRS = std::move(rows);
     // Keys of another file mean nothing here.
     const bool sameFile = std::exchange(path_, module_.DatabasePath) == module_.DatabasePath;
     showRows(sameFile ? RecordsetModel::GivesWay::ToAllRows : RecordsetModel::GivesWay::AtOnce);
@@ -222,6 +235,9 @@ void RecordBrowser::showRows(RecordsetModel::GivesWay when)
 /// More rows are known: whatever waited for them goes on.
 void RecordBrowser::readOn()
 {
+    if (isTyping()) {
+        stayHere();
+    }
     if (place_) {
         backToPlace();
     }
@@ -263,10 +279,12 @@ void RecordBrowser::backToPlace()
             return;
         }
         place_.reset();
+        const QScopedValueRollback wish(wantsLast_);
         moveTo(0);
         return;
     }
     const PlaceKept kept = *std::exchange(place_, std::nullopt);
+    const QScopedValueRollback wish(wantsLast_); // this is no move of the operator's
     QTableView &grid = *ui_->grdDataGrid;
     grid.setCurrentIndex(model_.index(row, kept.column));
     if (kept.selected.size() > 1) { // one pass, however many there are
@@ -291,9 +309,10 @@ void RecordBrowser::backToPlace()
 void RecordBrowser::timer1Tick()
 {
     // What is being typed stays; the flag waits for the next tick, or for another screen.
-    if (module_.RefreshPending && isVisible() && model_.editedRow() < 0 && !EditFlag &&
-        !AddNewFlag) {
-        shown(person_, {}, [this] { load(); });
+    if ((module_.RefreshPending || reloadDue_) && isVisible() && model_.editedRow() < 0 &&
+        !EditFlag && !AddNewFlag && !isTyping()) {
+        reloadDue_ = true; // another screen may take the flag before this one could read
+        reload_([this] { load(kPatience); });
     }
 }
 
@@ -315,13 +334,10 @@ void RecordBrowser::translate()
     ui_->retranslateUi(this);
     setWindowTitle(title); // whoever opened the screen may have given it another
     std::map<int, QString> replaced;
-    if (module_.DatabaseConnection) {
-        readLanguage(*module_.DatabaseConnection, module_.CountryCode,
-                     [&](quint8 position, const QString &text) {
-                         replaced[position] = text;
-                         applyLanguage(position, text);
-                     });
-    }
+    readLanguage(*connection_, module_.CountryCode, [&](quint8 position, const QString &text) {
+        replaced[position] = text;
+        applyLanguage(position, text);
+    });
     const auto caption = [&](const char *designed, int position) {
         const auto found = replaced.find(position);
         return found != replaced.end() ? found->second
@@ -369,65 +385,6 @@ void RecordBrowser::changeEvent(QEvent *event)
     if (event->type() == QEvent::LanguageChange && connection_) {
         kept([this] { translate(); });
     }
-}
-
-// --- columns
-
-QString RecordBrowser::settingsKey(const char *what) const
-{
-    return objectName() + u'.' + utf8(what);
-}
-
-/// Widths and order as their operator left them, else as designed.
-void RecordBrowser::restoreColumns()
-{
-    if (settled_ || model_.columnCount() == 0) {
-        return;
-    }
-    QTableView &grid = *ui_->grdDataGrid;
-    QHeaderView &headings = *grid.horizontalHeader();
-    const QByteArray left =
-        QByteArray::fromBase64(settings_.get(settingsKey("Columns"), QString()).toLatin1());
-    const bool restored = !left.isEmpty() && headings.restoreState(left);
-    // An empty table does not say what its columns need.
-    settled_ = restored || model_.recordCount() > 0;
-    if (!restored) {
-        grid.resizeColumnsToContents();
-    }
-    int place = 0;
-    for (const BrowserColumn &column : table_.columns) {
-        if (!restored) {
-            const int width = std::min(grid.columnWidth(place) + 12, kWidestColumn);
-            grid.setColumnWidth(place, std::max(column.width, width));
-        }
-        grid.setColumnHidden(place++, column.use == BrowserColumn::Hidden);
-    }
-    headings.setStretchLastSection(true);
-    headings.setSectionsMovable(true);
-    headings.setSectionsClickable(table_.has(BrowserTable::HeadingSort));
-}
-
-void RecordBrowser::saveColumns()
-{
-    if (settled_) {
-        settings_.save(
-            settingsKey("Columns"),
-            QString::fromLatin1(ui_->grdDataGrid->horizontalHeader()->saveState().toBase64()));
-    }
-}
-
-std::vector<RowExport::Column> RecordBrowser::columnsInSight() const
-{
-    const QHeaderView &headings = *ui_->grdDataGrid->horizontalHeader();
-    std::vector<RowExport::Column> columns;
-    for (int visual = 0; visual < headings.count(); ++visual) {
-        const int place = headings.logicalIndex(visual);
-        if (!headings.isSectionHidden(place)) {
-            columns.push_back(
-                {place, model_.headerData(place, Qt::Horizontal, Qt::DisplayRole).toString()});
-        }
-    }
-    return columns;
 }
 
 void RecordBrowser::closeEvent(QCloseEvent *event)

@@ -3,6 +3,7 @@
 #include "browsers/BrowserTable.h"
 #include "browsers/RecordsetModel.h"
 #include "browsers/RowExport.h"
+#include "platform/Tries.h"
 
 #include <QWidget>
 
@@ -83,9 +84,14 @@ protected:
     bool saveEdit();
     /// Reads the rows anew, in their order; the place stays.
     void readAgain();
+    /// For what the operator waits for: a second at most until the file can be read.
+    /// @throws RuntimeFailure when it is in other hands all that time.
+    void awaitFile();
     /// Work that takes long: a slice at a time, until one gives false or the operator presses Esc.
-    /// Each says how far the whole has come, in per cent. A failure is shown and ends it. Other
-    /// work that is going on is not given up for it: then there is a beep, and nothing else.
+    /// Each says how far the whole has come, in per cent. One that finds the file in other hands
+    /// must have done nothing: it is tried again for some 5 s. A failure is shown and ends the
+    /// work. Other work that is going on is not given up for it: then there is a beep, and nothing
+    /// else.
     void beginWork(std::function<bool(int &percent)> slice);
     void placeAboveGrid(QWidget *control);
     void placeBelowGrid(QWidget *control);
@@ -95,6 +101,8 @@ protected:
     /// Opens a cell, and closes the one that is open, what was typed in it being kept.
     void beginTyping(int row, int column);
     void endTyping();
+    /// A cell is open.
+    bool isTyping() const;
     void moveTo(int row);
     int currentRow() const; ///< -1 without one
 
@@ -126,12 +134,13 @@ private:
     void buildGrid();
     void wire();
     void translate();
-    void connectToDatabase();
+    void load(milliseconds patience);
     void openRows();
     void showRows(RecordsetModel::GivesWay when);
     void readOn();
     void keepPlace();
     void backToPlace();
+    void stayHere();
     void setSort(const QString &column);
     void showSort();
     void headingClicked(int column);
@@ -139,6 +148,8 @@ private:
     void currentRowChanged();
     void showProgress();
     QString settingsKey(const char *what) const;
+    QString sortToOpenIn() const;
+    std::vector<std::pair<int, int>> columnsLeft() const;
     void restoreColumns();
     void saveColumns();
     std::vector<RowExport::Column> columnsInSight() const;
@@ -163,11 +174,14 @@ private:
     QLabel *lblEmpty_; ///< in the grid, why there is nothing else in it
     std::unique_ptr<Timer> Timer1_;
     std::unique_ptr<Timer> work_;
+    Tries workTries_;
+    Tries reload_;
+    bool reloadDue_ = false;           ///< Timer1 could not read what RefreshPending tells of
     std::function<bool(int &)> slice_; ///< of the long work that is going on
     QStringList headings_;
     QString path_;           ///< of the file that the rows come from
     QString sortColumn_;     ///< in force; empty for the order of the query
-    bool wantsLast_ = false; ///< the last row is moved to once it is known
+    bool wantsLast_ = false; ///< the last row is moved to once it is known, unless another is first
     bool settled_ = false;   ///< columns stand as their operator left them
     bool busy_ = false;
     std::chrono::milliseconds readingSince_{0};

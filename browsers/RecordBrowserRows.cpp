@@ -10,6 +10,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScopeGuard>
 
@@ -23,6 +24,12 @@ namespace {
 QString utf8(const char *text)
 {
     return QString::fromUtf8(text);
+}
+
+bool scrolls(int key)
+{
+    return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp ||
+           key == Qt::Key_PageDown;
 }
 
 } // namespace
@@ -50,6 +57,7 @@ void RecordBrowser::setSort(const QString &column)
         settings_.save(settingsKey("Sort"), column);
     }
     place_ = PlaceKept{};
+    wantsLast_ = false;
     ui_->grdDataGrid->clearSelection();
     showRows(RecordsetModel::GivesWay::ToFirstRows);
 }
@@ -100,9 +108,20 @@ QString RecordBrowser::value(const char *field)
 
 void RecordBrowser::moveTo(int row)
 {
+    wantsLast_ = false;
     if (row >= 0 && row < model_.rowCount()) {
         const int column = std::max(0, ui_->grdDataGrid->currentIndex().column());
         ui_->grdDataGrid->setCurrentIndex(model_.index(row, column));
+    }
+}
+
+/// The operator has chosen where to be: whatever was on the way elsewhere ends.
+void RecordBrowser::stayHere()
+{
+    wantsLast_ = false;
+    if (place_) {
+        const PlaceKept here{.current = model_.bookmark(currentRow())};
+        place_ = model_.showsLatest() ? std::nullopt : std::optional(here);
     }
 }
 
@@ -113,20 +132,17 @@ void RecordBrowser::currentRowChanged()
         moveTo(edited); // it is not done with yet
         return;
     }
-    if (place_ && !model_.showsLatest()) {
-        place_ = PlaceKept{.current = model_.bookmark(currentRow())}; // the later wish counts
-    }
+    stayHere();
     showCurrentRow();
 }
 
 void RecordBrowser::showCurrentRow()
 {
-    const qint64 bookmark = model_.bookmark(currentRow());
-    if (bookmark == 0) {
+    if (model_.bookmark(currentRow()) == 0) {
         return;
     }
     if (model_.editedRow() != currentRow()) { // a move would drop what was typed
-        kept([&] { adoPrimaryRS.setBookmark(bookmark); });
+        model_.readAgain(currentRow());
     }
     showStatus(QStringLiteral("Record: %1").arg(currentRow() + 1));
     rowChanged();
@@ -166,6 +182,11 @@ void RecordBrowser::beginTyping(int row, int column)
     ui_->grdDataGrid->edit(cell);
 }
 
+bool RecordBrowser::isTyping() const
+{
+    return ui_->grdDataGrid->indexWidget(ui_->grdDataGrid->currentIndex()) != nullptr;
+}
+
 void RecordBrowser::endTyping()
 {
     // An open cell takes what was typed when it loses the focus, which a window may not have.
@@ -184,8 +205,8 @@ void RecordBrowser::cmdFirst_Click()
 
 void RecordBrowser::cmdLast_Click()
 {
-    wantsLast_ = model_.isReading();
     moveTo(model_.recordCount() - 1);
+    wantsLast_ = model_.isReading();
 }
 
 void RecordBrowser::cmdNext_Click()
@@ -254,6 +275,7 @@ void RecordBrowser::cmdDelete_Click()
 void RecordBrowser::cmdRefresh_Click()
 {
     if (saveEdit()) {
+        awaitFile();
         readAgain();
     }
 }
@@ -294,6 +316,10 @@ bool RecordBrowser::Form_KeyDown(int key, Qt::KeyboardModifiers modifiers, const
         return false;
     }
     const bool control = modifiers.testFlag(Qt::ControlModifier);
+    const auto *text = qobject_cast<const QPlainTextEdit *>(in);
+    if (text != nullptr && !control && scrolls(key)) {
+        return false; // the frame's keys move the rows, but a long text must be read to its end
+    }
     switch (key) {
     case Qt::Key_Escape:
         close();

@@ -20,14 +20,15 @@ QString onOneLine(QString text)
 
 constexpr int kFirstRows = 2'000; ///< listed at once: some 2 ms
 constexpr milliseconds kBetweenSlices = 1ms;
-constexpr milliseconds kForTheView = 40ms;     ///< in which it can paint the first rows
-constexpr milliseconds kBeforeNextTry = 500ms; ///< when the file is in other hands
-constexpr int kTriesInSilence = 10;
+constexpr milliseconds kForTheView = 40ms; ///< in which it can paint the first rows
 
 } // namespace
 
 RecordsetModel::RecordsetModel(Clock &clock, Operator &person, QObject *parent)
-    : QAbstractTableModel(parent), person_(person), slices_(clock.timer([this] { tick(); }))
+    : QAbstractTableModel(parent),
+      person_(person),
+      tries_(person),
+      slices_(clock.timer([this] { tick(); }))
 {
 }
 
@@ -36,16 +37,23 @@ RecordsetModel::~RecordsetModel() = default;
 void RecordsetModel::show(Recordset &rows, GivesWay when)
 {
     const std::shared_ptr<RowList> fresh = rows.list();
-    failures_ = 0;
-    const bool read = fresh->isComplete() || tried([&] { fresh->readSlice(kFirstRows); });
-    const bool sameSet = set_ == &rows && columns_ == rows.columns();
+    tries_.beginAnew();
+    const bool read = fresh->isComplete() || tries_([&] { fresh->readSlice(kFirstRows); });
+    Query query = rows.query();
+    query.sort.clear();
+    query.search.clear();
+    const bool sameRows = set_ == &rows && query_ == query;
+    if (reading_ != fresh) {
+        endShown();
+    }
     set_ = &rows;
+    query_ = std::move(query);
     reading_ = fresh;
-    givesWay_ = sameSet ? when : GivesWay::AtOnce;
+    givesWay_ = sameRows ? when : GivesWay::AtOnce;
     takeOverWhenKnown();
     takeRows();
     if (isReading()) {
-        lookAgain(!read ? kBeforeNextTry : list_ == reading_ ? kForTheView : kBetweenSlices);
+        lookAgain(!read ? Tries::kPause : list_ == reading_ ? kForTheView : kBetweenSlices);
     }
 }
 
@@ -53,7 +61,7 @@ void RecordsetModel::takeOverWhenKnown()
 {
     const bool known = reading_->isComplete() || givesWay_ == GivesWay::AtOnce ||
                        (givesWay_ == GivesWay::ToFirstRows && reading_->count() > 0);
-    if (known && list_ != reading_) {
+    if (known && list_ != reading_ && !isHeld()) {
         takeOver();
     }
 }
@@ -71,44 +79,26 @@ void RecordsetModel::takeOver()
     endResetModel();
 }
 
-/// Reads, and gives whether that went well. A file that is in other hands for a moment is no news;
-/// when it lasts, the operator is told, once.
-bool RecordsetModel::tried(const std::function<void()> &reading)
-{
-    bool read = false;
-    const auto once = [&] {
-        reading();
-        read = true;
-        failures_ = 0;
-    };
-    if (++failures_ == kTriesInSilence) {
-        shown(person_, {}, once);
-    } else {
-        kept(once);
-    }
-    return read;
-}
-
 void RecordsetModel::tick()
 {
     slices_->setEnabled(false);
-    if (unreadable_ && rows_ > 0 && tried([this] { set_->rows({list_->key(0)}); })) {
+    if (unreadable_ && rows_ > 0 && tries_([this] { set_->rows({list_->key(0)}); })) {
         unreadable_ = false;
         emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
     }
     removeGone();
     bool read = !unreadable_;
-    if (!showsLatest() && edited_ >= 0) {
-        read = false; // what is being changed must not go from under it
+    if (!showsLatest() && isHeld()) {
+        read = false; // what is being typed must not lose its row
     } else if (reading_) {
-        read = tried([this] { reading_->readSlice(); });
+        read = tries_([this] { reading_->readSlice(); });
         if (reading_) { // a box may have stood open, and the reading have been stopped meanwhile
             takeOverWhenKnown();
             takeRows();
         }
     }
-    if (reading_ || unreadable_) {
-        lookAgain(read ? kBetweenSlices : kBeforeNextTry);
+    if (reading_ || unreadable_ || !gone_.empty()) {
+        lookAgain(read && gone_.empty() ? kBetweenSlices : Tries::kPause);
     }
 }
 
@@ -143,9 +133,19 @@ void RecordsetModel::insertListed()
     endInsertRows();
 }
 
+/// Nobody reads on what is shown: a new row stands behind it at once.
+void RecordsetModel::endShown()
+{
+    if (list_ && !list_->isComplete()) {
+        list_ = list_->soFar();
+        insertListed();
+    }
+}
+
 void RecordsetModel::stopReading()
 {
     reading_.reset();
+    endShown();
     emit readOn();
 }
 
@@ -181,7 +181,7 @@ const RecordsetModel::Window &RecordsetModel::window(int number) const
         unreadable_ = false;
     });
     if (unreadable_) {
-        lookAgain(kBeforeNextTry);
+        lookAgain(Tries::kPause);
         return kNothing;
     }
     Window fresh;
@@ -221,9 +221,11 @@ void RecordsetModel::forgetWindows(int fromRow)
 /// listed, and is listed anew.
 void RecordsetModel::removeGone()
 {
-    std::vector<qint64> gone;
-    gone.swap(gone_);
-    if (gone.size() >= kWindow && edited_ < 0) {
+    if (isHeld()) {
+        return;
+    }
+    const std::vector<qint64> gone = std::exchange(gone_, {});
+    if (gone.size() >= kWindow) {
         kept([&] {
             set_->requery();
             show(*set_);
@@ -231,8 +233,7 @@ void RecordsetModel::removeGone()
         return;
     }
     for (const qint64 key : gone) {
-        const int row = rowOf(key);
-        if (row >= 0 && row != edited_) {
+        if (const int row = rowOf(key); row >= 0) {
             removeShown(row, row);
         }
     }
@@ -249,7 +250,6 @@ void RecordsetModel::removeShown(int first, int last)
     }
     const int removed = last - first + 1;
     rows_ -= removed;
-    edited_ = edited_ > last ? edited_ - removed : edited_;
     forgetWindows(first);
     endRemoveRows();
 }
@@ -297,7 +297,7 @@ void RecordsetModel::beginEdit(int row)
     if (isNewRow(row)) {
         set_->addNew();
     } else {
-        set_->standOn(bookmark(row));
+        set_->standOn(rowAsShown(row));
     }
     edited_ = row;
     emit headerDataChanged(Qt::Vertical, row, row);
@@ -314,7 +314,7 @@ void RecordsetModel::endEdit()
 void RecordsetModel::standOn(int row)
 {
     if (edited_ < 0 || edited_ == row) { // it would drop what is typed elsewhere
-        set_->standOn(bookmark(row));
+        set_->standOn(rowAsShown(row));
     }
 }
 
@@ -352,14 +352,19 @@ void RecordsetModel::cancelEdit()
 
 void RecordsetModel::readAgain(int row)
 {
-    forgetWindows(row);
-    kept([&] { set_->setBookmark(bookmark(row)); });
-    emit dataChanged(index(row, 0), index(row, columnCount() - 1));
+    kept([&] {
+        set_->setBookmark(bookmark(row));
+        const std::optional<RecordsetRow> read = set_->row();
+        if (!read || read->values != values(row)) {
+            windows_.erase(row / kWindow);
+            emit dataChanged(index(row, 0), index(row, columnCount() - 1));
+        }
+    });
 }
 
 void RecordsetModel::deleteRow(int row)
 {
-    set_->standOn(bookmark(row));
+    set_->standOn(rowAsShown(row));
     set_->remove();
     removeShown(row, row);
 }
@@ -396,7 +401,7 @@ QVariant RecordsetModel::data(const QModelIndex &index, int role) const
 bool RecordsetModel::setData(const QModelIndex &index, const QVariant &value, int role)
 {
     const int row = index.row();
-    if (role != Qt::EditRole || !flags(index).testFlag(Qt::ItemIsEditable) ||
+    if (role != Qt::EditRole || !index.isValid() || !column(index.column()).isEditable ||
         (edited_ >= 0 && edited_ != row)) {
         return false;
     }
@@ -450,6 +455,9 @@ QVariant RecordsetModel::headerData(int section, Qt::Orientation orientation, in
 Qt::ItemFlags RecordsetModel::flags(const QModelIndex &index) const
 {
     const Qt::ItemFlags usual = QAbstractTableModel::flags(index);
-    return index.isValid() && column(index.column()).isEditable ? usual | Qt::ItemIsEditable
-                                                                : usual;
+    const int row = index.row();
+    // What is typed into a row that cannot be read now could not be kept.
+    const bool canBeTypedIn = index.isValid() && column(index.column()).isEditable &&
+                              (row == edited_ || isNewRow(row) || !values(row).isEmpty());
+    return canBeTypedIn ? usual | Qt::ItemIsEditable : usual;
 }

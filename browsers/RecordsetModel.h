@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/Recordset.h"
+#include "platform/Tries.h"
 
 #include <QAbstractTableModel>
 
@@ -8,10 +9,8 @@
 #include <map>
 #include <memory>
 
-class Clock;
 class Operator;
 class RowList;
-class Timer;
 
 /// The rows of a recordset, for every grid of the program.
 ///
@@ -40,11 +39,15 @@ public:
     /// so that whoever stands far down in the same table stays there meanwhile.
     enum class GivesWay { AtOnce, ToFirstRows, ToAllRows };
     /// Shows the set's rows from now on, in its order and by its search; the set must outlive the
-    /// model or be replaced by another show().
+    /// model or be replaced by another show(). Rows of another query, order and search apart, give
+    /// way at once.
     /// @throws RuntimeFailure when the set is not open; what was shown stays.
     void show(Recordset &rows, GivesWay when = GivesWay::ToFirstRows);
     /// Headings and rights from the left; columns behind these have none.
     void setColumns(std::vector<Column> columns);
+    /// Tells whether somebody types in a cell: that long, and as long as a row has changes, the
+    /// rows stay as they are shown.
+    void setTypingTest(std::function<bool()> isTyping) { isTyping_ = std::move(isTyping); }
     /// An empty last row, in which a new one can be typed.
     void setAddsRows(bool adds);
 
@@ -74,12 +77,14 @@ public:
     void saveEdit();
     /// Drops the changes.
     void cancelEdit();
-    /// The set stands on the row, which it reads unless it stands there already.
-    /// @throws RuntimeFailure when it cannot be read.
+    /// The set stands on the row, as the grid shows it. So whoever changes or deletes the row has
+    /// seen what he does it to, and a file in other hands does not keep him from typing.
+    /// @throws RuntimeFailure when it is not shown yet and cannot be read.
     void standOn(int row);
     /// Changes a column without a cell's editor, as a new row's defaults are.
     void setValue(int column, const QVariant &value);
-    /// Reads the values of the row anew.
+    /// The set stands on the row as the file has it now, and so it is shown; without the file it
+    /// stays as it was.
     void readAgain(int row);
     /// Deletes the row.
     /// @throws RuntimeFailure when it cannot be deleted, or is another than was shown.
@@ -104,13 +109,15 @@ private:
 
     using Window = std::map<int, QVariantList>; ///< by row
     const QVariantList &values(int row) const;
+    RecordsetRow rowAsShown(int row) const { return {bookmark(row), values(row)}; }
     const Window &window(int number) const;
     void forgetWindows(int fromRow = 0);
+    bool isHeld() const { return edited_ >= 0 || (isTyping_ && isTyping_()); }
     void tick();
-    bool tried(const std::function<void()> &reading);
     void takeOver();
     void takeOverWhenKnown();
     void takeRows();
+    void endShown();
     void insertListed();
     void removeGone();
     void removeShown(int first, int last);
@@ -120,8 +127,11 @@ private:
     Column column(int place) const;
 
     Operator &person_;
+    Tries tries_;
+    std::function<bool()> isTyping_;
     std::unique_ptr<Timer> slices_;
     Recordset *set_ = nullptr;
+    Query query_;                      ///< of the set, without order and search
     std::shared_ptr<RowList> list_;    ///< shown
     std::shared_ptr<RowList> reading_; ///< not complete: list_, or what will take its place
     GivesWay givesWay_ = GivesWay::ToFirstRows;
@@ -133,5 +143,4 @@ private:
     mutable std::map<int, Window> windows_; ///< by number
     mutable std::vector<qint64> gone_;      ///< rows that were listed and are not there any more
     mutable bool unreadable_ = false; ///< the last window could not be read: until the next tick
-    int failures_ = 0;                ///< readings that failed, one behind the other
 };

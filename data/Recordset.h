@@ -105,7 +105,8 @@ public:
     /// The set's rows by number, for a grid, which reads it on. The set walks along the same list
     /// when it is sorted; sort(), search() and requery() begin another one.
     std::shared_ptr<RowList> list() const;
-    const QStringList &columns() const;
+    const QStringList &columns() const { return query().columns; }
+    const Query &query() const;
 
     /// Starts a new row; setValue() fills it, update() writes it and stays on it.
     void addNew();
@@ -125,12 +126,15 @@ public:
     qint64 bookmark() const;
     /// Goes to the row of a bookmark; eof() when it is gone.
     void setBookmark(qint64 bookmark);
-    /// The same, but a row that the set stands on already keeps its values, as read and as set.
-    void standOn(qint64 bookmark);
+    /// Goes to a row as this set gave it before: by those values update() and remove() tell whether
+    /// somebody else has changed it since. Without values it is read. A row that the set stands on
+    /// already keeps its own, as read and as set.
+    void standOn(const RecordsetRow &row);
 
 private:
     struct Private;
     Private &opened() const;
     Private &settled() const;
+    Private &onItsPlace() const;
     std::unique_ptr<Private> d;
 };

@@ -5,6 +5,9 @@
 #include <QFile>
 #include <QHeaderView>
 
+#include <csignal>
+#include <sys/resource.h>
+
 namespace {
 
 struct RecordBrowserTest : BrowserWorld {
@@ -153,12 +156,37 @@ TEST_F(RecordBrowserTest, CopiesAndSavesWhatIsShown)
     EXPECT_EQ(lines[0], u"\"Etternavn\";\"Bruker\";\"Fornavn\";\"PostNr.\";\"Sted\";"
                         "\"Tillatelser\";\"Kortnummer\""_qs);
     EXPECT_EQ(lines[1], u"\"Berg\";\"+4791000002\";\"Per\";\"\";\"'=X\ty\";\"\";\"\""_qs);
+}
 
-    FakeMachine::person.picksNewFile(u"Alle Brukere.csv"_qs, u"CSV (*.csv)"_qs,
-                                     database.filePath(u"borte/ut.csv"_qs));
-    FakeMachine::person.answers(u""_qs); // what the system says of the folder
-    click("cmdSaveCsv");
-    EXPECT_EQ(FakeMachine::person.texts.size(), 1);
+// What stood in the file before stays, and the reason is told.
+TEST_F(RecordBrowserTest, CsvThatCannotBeWrittenSaysWhy)
+{
+    openCatalogue();
+    const auto other = database.open();
+    const auto save = [&](const QString &name, const QString &failure) {
+        const QString path = database.filePath(name);
+        FakeMachine::person.picksNewFile(u"Alle Brukere.csv"_qs, u"CSV (*.csv)"_qs, path);
+        if (!failure.isEmpty()) {
+            FakeMachine::person.answers(failure);
+        }
+        click("cmdSaveCsv");
+        clock.run(3s);
+        EXPECT_EQ(FakeMachine::person.busy, failure == u"låst"_qs) << "it is tried again";
+        clock.run(3s);
+        EXPECT_EQ(QFile::exists(path), failure.isEmpty());
+    };
+    save(u"borte/ut.csv"_qs, u"Filen kunne ikke skrives. Mappen finnes ikke."_qs);
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    rlimit full{.rlim_cur = 100, .rlim_max = before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &full);
+    save(u"ut.csv"_qs, u"Filen kunne ikke skrives. File too large"_qs);
+    setrlimit(RLIMIT_FSIZE, &before);
+    other->run(u"BEGIN EXCLUSIVE"_qs);
+    save(u"ut.csv"_qs, u"låst"_qs);
+    clock.after(2s, [&] { other->run(u"COMMIT"_qs); });
+    save(u"ut.csv"_qs, {});
 }
 
 TEST_F(RecordBrowserTest, WidthsAndOrderAreTheOperatorsTheNextTime)
@@ -170,10 +198,16 @@ TEST_F(RecordBrowserTest, WidthsAndOrderAreTheOperatorsTheNextTime)
     open<frmBrukere>(tools());
     EXPECT_EQ(grid().columnWidth(2), 77);
     EXPECT_EQ(grid().horizontalHeader()->visualIndex(2), 0);
-    settings.values[u"frmbrukere.columns"_qs] = u"tull"_qs;
     run(u"DELETE FROM Katalog"_qs); // says nothing of what the columns need
-    open<frmBrukere>(tools());
-    EXPECT_EQ(grid().horizontalHeader()->visualIndex(2), 2);
+    for (const QString &left :
+         {u"tull"_qs, u"2:90"_qs, u"2:90;2:90;1:90;0:90;3:90;4:90;5:90;6:90"_qs,
+          u"2:90;0:90;1:90;3:90;4:90;5:90;6:90;8:90"_qs,
+          u"2:9;0:90;1:90;3:90;4:90;5:90;6:90;7:90"_qs,
+          u"2:99999;0:90;1:90;3:90;4:90;5:90;6:90;7:90"_qs}) {
+        settings.values[u"frmbrukere.columns"_qs] = left;
+        open<frmBrukere>(tools());
+        EXPECT_EQ(grid().horizontalHeader()->visualIndex(2), 2) << left.toStdString();
+    }
     const int narrow = grid().columnWidth(1);
     person(u"Etternavnet er langt her"_qs, u"91000004"_qs);
     click("cmdRefresh");
@@ -230,7 +264,10 @@ TEST_F(RecordBrowserTest, ConflictsAreToldAndSettledByTheOperator)
     type(0, 1, u"så min"_qs);
     key(Qt::Key_Down);
     EXPECT_EQ(rows(u"SELECT Password FROM Passwords WHERE USER_ID = 'Anna'"_qs), "så min");
+    run(u"UPDATE Passwords SET Password = 'en ny' WHERE USER_ID = 'Anna'"_qs);
+    EXPECT_EQ(column(1, 1), "så min");
     key(Qt::Key_Home);
+    EXPECT_EQ(column(1, 1), "en ny") << "who stands on a row sees what he may delete";
 
     run(u"UPDATE Passwords SET Password = 'nok en' WHERE USER_ID = 'Anna'"_qs);
     FakeMachine::person.answers(conflict);
@@ -257,6 +294,11 @@ TEST_F(RecordBrowserTest, LongReadingStopsAtEscape)
     control<QLineEdit>("txtSearch").setText(u"0"_qs);
     control<QLineEdit>("txtSearch").clear();
     click("cmdLast"); // known only when all are
+    key(Qt::Key_Home);
+    clock.run(5s);
+    EXPECT_EQ(status(), u"Record: 1"_qs) << "the later wish counts";
+    click("cmdRefresh");
+    click("cmdLast");
     clock.run(5s);
     EXPECT_EQ(status(), u"Record: 30000"_qs);
     click("cmdRefresh"); // stands there all the while, and again behind it
@@ -295,7 +337,16 @@ TEST_F(RecordBrowserTest, LongTableStandsOnItsRowWhileItIsReadAnew)
     EXPECT_EQ(column(0, 1), "1030000");
     grid().setCurrentIndex(grid().model()->index(20'000, 0));
     click("cmdRefresh");
+    clock.run(2ms); // the doors are counted
+    grid().setCurrentIndex(grid().model()->index(20'000, 1));
+    QTest::keyClicks(&grid(), u"Ny"_qs);
+    clock.run(60s);
+    auto *cell = qobject_cast<QLineEdit *>(grid().indexWidget(grid().currentIndex()));
+    ASSERT_NE(cell, nullptr) << "what is being typed is not taken away";
+    QTest::keyClicks(cell, u"mann"_qs);
+    QTest::keyClick(cell, Qt::Key_Return);
     clock.run(5s);
+    EXPECT_EQ(rows(u"SELECT Bruker FROM Katalog WHERE Etternavn = 'Nymann'"_qs), "1010000");
     EXPECT_EQ(status(), u"Record: 20001"_qs);
     EXPECT_EQ(grid().currentIndex().row(), 20'000);
 }

@@ -79,6 +79,14 @@ TEST_F(RecordsetModelTest, AnotherOrderTakesThePlaceOfTheOneBeforeWhenItHasRows)
     clock.run(1s);
     EXPECT_EQ(model.recordCount(), 11);
     EXPECT_EQ(text(0, 1), "Navn 1234");
+    Query others = set.query();
+    others.filter = u"Rad > ?"_qs;
+    others.values = {0};
+    set.open(database.own(), others);
+    model.show(set);
+    EXPECT_EQ(model.rowCount(), 0) << "as of another door, which these are not";
+    clock.run(1s);
+    EXPECT_EQ(text(0, 1), "Navn 1234");
     set.search(u"finnes ikke"_qs);
     model.show(set);
     clock.run(1s);
@@ -90,8 +98,13 @@ TEST_F(RecordsetModelTest, StoppedReadingKeepsWhatWasFound)
     people(kPeople);
     show();
     model.stopReading();
+    model.setColumns({{.isEditable = true}});
+    model.setAddsRows(true);
+    model.setData(model.index(2000, 0), u"ny"_qs, Qt::EditRole);
+    model.saveEdit();
     clock.run(1s);
-    EXPECT_EQ(model.recordCount(), 2000);
+    EXPECT_EQ(model.recordCount(), 2001);
+    EXPECT_EQ(text(2000), "ny");
 }
 
 TEST_F(RecordsetModelTest, RowsThatOthersDeleteGoWhenTheyComeIntoSight)
@@ -135,16 +148,30 @@ TEST_F(RecordsetModelTest, EditsGatherInOneRowUntilTheyAreSaved)
     EXPECT_THROW(model.saveEdit(), RuntimeFailure);
     EXPECT_EQ(text(0, 1), "Min") << "what was typed is not lost";
     EXPECT_EQ(model.editedRow(), 0);
+    model.cancelEdit();
+    EXPECT_EQ(text(0, 1), "Din");
+    set.requery(); // stands nowhere
+    database.look().run(u"UPDATE Katalog SET Etternavn = 'Ny' WHERE Rad = 1"_qs);
+    EXPECT_THROW(model.deleteRow(0), RuntimeFailure) << "it is not what the grid shows";
 }
 
 TEST_F(RecordsetModelTest, LockedFileLeavesCellsEmptyUntilItIsFree)
 {
     people(100);
+    model.setColumns({{}, {.isEditable = true}});
+    model.setAddsRows(true);
     show();
+    EXPECT_EQ(text(0), "1000001");
     database.look().setPatience(1ms);
     const auto other = database.open();
     other->run(u"BEGIN EXCLUSIVE"_qs);
     EXPECT_EQ(text(70), "");
+    EXPECT_FALSE(model.flags(model.index(70, 1)).testFlag(Qt::ItemIsEditable));
+    for (const int row : {100, 0}) {
+        EXPECT_TRUE(model.setData(model.index(row, 1), u"Ny"_qs, Qt::EditRole)) << row;
+        EXPECT_EQ(text(row, 1), "Ny");
+        model.cancelEdit();
+    }
     clock.run(4s);
     other->run(u"COMMIT"_qs);
     clock.run(1s);

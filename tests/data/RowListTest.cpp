@@ -101,6 +101,8 @@ TEST_F(RowListTest, NewRowStandsOnceWheneverItComes)
             database.add(u"LOGGData"_qs, u"KeyNummer"_qs, {u"+4790000001"_qs});
             const qint64 fresh = database.look().lastInsertRowId();
             list.append(fresh);
+            const auto stopped = list.soFar();
+            EXPECT_EQ(stopped->rowOf(fresh), stopped->count() - 1);
             list.readAll();
             const QString all = u'|' + QString::fromStdString(keys(list)) + u'|';
             EXPECT_EQ(all.count(u"|%1|"_qs.arg(fresh)), 1) << sort.toStdString();

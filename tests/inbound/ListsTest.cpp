@@ -6,7 +6,9 @@
 #include "modem/SendPace.h"
 #include "platform/RuntimeFailure.h"
 
+#include <QElapsedTimer>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 
 namespace {
 
@@ -82,17 +84,33 @@ TEST_F(ListsTest, SentAndWaitingAreTwoListsOfOneTable)
     run(u"UPDATE SMS_Sent SET SMS_Text = 'z' WHERE SMS_Text = 'b'"_qs);
     open<frmSMSSent>(tools());
     EXPECT_EQ(column(5), "c|z") << "the key is kept";
+    settings.values[u"frmsmssent.sort"_qs] = u"tull"_qs;
+    open<frmSMSSent>(tools());
+    EXPECT_EQ(column(5), "z|c");
 }
 
 TEST_F(ListsTest, MessageShowsItsLinesBelowUntilAnotherHasSome)
 {
     message(u"Dør\r\n91000001 er lagt til"_qs);
     message(u""_qs);
+    message(u"lang\n"_qs.repeated(40));
     open<frmSMSReceived>(tools());
     EXPECT_EQ(text(), u"Dør\n91000001 er lagt til"_qs);
     key(Qt::Key_Down);
     EXPECT_EQ(text(), u"Dør\n91000001 er lagt til"_qs);
     EXPECT_EQ(status(), u"Record: 2"_qs);
+    key(Qt::Key_Down);
+    QTest::keyClick(&grid(), Qt::Key_Tab);
+    ASSERT_EQ(QApplication::focusWidget(), &control<QPlainTextEdit>("SMSText"));
+    const QScrollBar &bar = *control<QPlainTextEdit>("SMSText").verticalScrollBar();
+    int before = 0;
+    for (const Qt::Key each : {Qt::Key_Down, Qt::Key_PageDown, Qt::Key_Down}) {
+        QTest::keyClick(QApplication::focusWidget(), each);
+        EXPECT_GT(bar.value(), std::exchange(before, bar.value()));
+    }
+    EXPECT_EQ(status(), u"Record: 3"_qs);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Home);
+    EXPECT_EQ(status(), u"Record: 1"_qs);
 }
 
 TEST_F(ListsTest, EditWaitsForItsButtonsAndTheKeysRest)
@@ -151,6 +169,30 @@ TEST_F(ListsTest, ReloadComesWithTheFlagAndKeepsThePlace)
     EXPECT_EQ(column(2), "01/06,09:00|02/06,08:00|03/06,08:00");
     EXPECT_EQ(status(), u"Record: 3"_qs);
     EXPECT_EQ(grid().columnWidth(1), 99);
+}
+
+// What this screen was told of is not lost, though another one takes the flag meanwhile.
+TEST_F(ListsTest, LockedFileDelaysAReloadAndDoesNotStopTheScreen)
+{
+    message(u"en"_qs);
+    open<frmSMSReceived>(tools());
+    message(u"to"_qs);
+    const auto other = database.open();
+    other->run(u"BEGIN EXCLUSIVE"_qs);
+    module.RefreshPending = true;
+    QElapsedTimer stopped;
+    stopped.start();
+    clock.run(20s);
+    EXPECT_LT(stopped.elapsed(), 2'000);
+    EXPECT_TRUE(std::exchange(module.RefreshPending, false));
+    person.answers(u"låst"_qs);
+    clock.run(60s);
+    person.answers(u"låst"_qs);
+    click("cmdRefresh");
+    EXPECT_EQ(column(5), "en");
+    other->run(u"COMMIT"_qs);
+    clock.run(10s);
+    EXPECT_EQ(column(5), "en|to");
 }
 
 TEST_F(ListsTest, FetchAsksTheDoorOnceForEachLength)
