@@ -3,7 +3,6 @@
 #include "data/Connection.h"
 #include "data/Criteria.h"
 #include "data/Module1.h"
-#include "modem/OutboundQueue.h"
 #include "platform/Clock.h"
 #include "platform/Operator.h"
 #include "platform/Rules.h"
@@ -19,56 +18,30 @@
 #include <QScrollBar>
 #include <QShortcut>
 
-#include <algorithm>
+// The configuration of a door as it is put together, loaded and shown. What it stores and sends is
+// in frmKeyPropertiesSend.cpp.
 
 namespace {
 
 constexpr milliseconds kReloadInterval = 10000ms;
-constexpr int kAdmin = 14;
-constexpr int kOwnNumber = 9;
 constexpr int kFirstEdit = 4; ///< the fields with buttons of the same index …
 constexpr int kLastEdit = 20; ///< … from the first to the last
 constexpr int kFixedText = 21;
-constexpr int kAlarmList = 4;
-constexpr int kModeList = 5;
-constexpr int kMode = 12;
 constexpr int kPulse = 13;
 constexpr int kUsers = 14;
-constexpr int kHours = 21;
-
-/// By the index of the field. The last field is bound to none.
-constexpr const char *kColumns[] = {
-    "KeyNummer", "KeyNavn", "KeySikkerhet", "Bygning",     "Admin1",      "Admin2",    "Admin3",
-    "Admin4",    "Admin5",  "Eget_Nummer",  "Beskrivelse", "Alarmstatus", "KeyStatus", "Pulslengde",
-    "Admin",     "Tekst1",  "Tekst2",       "Tekst3",      "Tekst4",      "Tekst5",    "Tekst6",
-};
-
-/// By the index of the list.
-constexpr const char *kListColumns[] = {"TimeInStart", "TimeInStop",  "TimeOutStart",
-                                        "TimeOutStop", "Alarmstatus", "KeyStatus"};
-
-QString named(const char *column)
-{
-    return QString::fromLatin1(column);
-}
 
 QString translated(const char *text)
 {
     return QCoreApplication::translate("frmKeyProperties", text);
 }
 
-Query doors(const QString &SecurityLevel)
+Query doors(const QString &SecurityLevel, const QStringList &columns)
 {
-    Query query{.source = QStringLiteral("KEYTable"),
-                // The level is compared as text, with a blank behind it, as on the main screen.
-                .filter = QStringLiteral("KeySikkerhet <= ?"),
-                .values = {filterValue(SecurityLevel) + u' '}};
-    for (const char *const column : kColumns) {
-        query.columns += named(column);
-    }
-    query.columns += {QStringLiteral("TimeInStart"), QStringLiteral("TimeInStop"),
-                      QStringLiteral("TimeOutStart"), QStringLiteral("TimeOutStop")};
-    return query;
+    return {.source = QStringLiteral("KEYTable"),
+            .columns = columns,
+            // The level is compared as text, with a blank behind it, as on the main screen.
+            .filter = QStringLiteral("KeySikkerhet <= ?"),
+            .values = {filterValue(SecurityLevel) + u' '}};
 }
 
 Query waitingMessages()
@@ -90,25 +63,11 @@ QStringList hours()
     return result;
 }
 
-// A list shows what is stored, also what is none of its entries (the word of another language, the
-// "Normal (N)" of a new door): then nothing is selected.
-
-void showText(QComboBox &list, const QString &text)
-{
-    const int entry = list.findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
-    list.setPlaceholderText(entry < 0 ? text : QString());
-    list.setCurrentIndex(entry);
-}
-
-QString textOf(const QComboBox &list)
-{
-    return list.currentIndex() < 0 ? list.placeholderText() : list.currentText();
-}
-
 void fill(QComboBox &list, const QStringList &entries)
 {
     list.clear();
     list.addItems(entries);
+    list.setPlaceholderText({});
     list.setCurrentIndex(-1);
 }
 
@@ -153,7 +112,8 @@ void frmKeyProperties::collectControls()
     const auto collect = [this]<class Control, std::size_t size>(
                              std::array<Control *, size> &controls, const char *name) {
         for (std::size_t i = 0; i < size; ++i) {
-            controls[i] = findChild<Control *>(QStringLiteral("%1_%2").arg(named(name)).arg(i));
+            controls[i] =
+                findChild<Control *>(QStringLiteral("%1_%2").arg(QLatin1StringView(name)).arg(i));
         }
     };
     collect(KeyTXT_, "KeyTXT");
@@ -194,8 +154,8 @@ void frmKeyProperties::connectControls()
     connect(ui_->UpDown1, &UpDown::down, this, [this] { UpDown1_Change(false); });
 
     const auto onKey = [this](const char *keys, auto action) {
-        connect(new QShortcut(QKeySequence(named(keys)), this), &QShortcut::activated, this,
-                action);
+        connect(new QShortcut(QKeySequence(QString::fromLatin1(keys)), this), &QShortcut::activated,
+                this, action);
     };
     onKey("Esc", [this] { close(); });
     onKey("Ctrl+PgDown", [this] { UpDown1_Change(true); });
@@ -244,17 +204,6 @@ void frmKeyProperties::closeEvent(QCloseEvent *event)
         rsQueue_.close();
         connection_.reset();
     }
-}
-
-/// A file that is gone for good must not keep the window open for ever.
-bool frmKeyProperties::mayLoseEdits()
-{
-    bool mayLose = false;
-    act([&] {
-        mayLose = ask(translated("Endringene er ikke lagret. Vil du lukke likevel?"),
-                      Buttons::OkCancel) == Answer::Ok;
-    });
-    return mayLose;
 }
 
 void frmKeyProperties::changeEvent(QEvent *event)
@@ -351,11 +300,30 @@ void frmKeyProperties::openDatabase()
     rsQueue_.open(connection_, waitingMessages());
 }
 
+const QStringList &frmKeyProperties::fieldColumns()
+{
+    static const QStringList kColumns =
+        QStringLiteral("KeyNummer,KeyNavn,KeySikkerhet,Bygning,Admin1,Admin2,Admin3,Admin4,Admin5,"
+                       "Eget_Nummer,Beskrivelse,Alarmstatus,KeyStatus,Pulslengde,Admin,"
+                       "Tekst1,Tekst2,Tekst3,Tekst4,Tekst5,Tekst6")
+            .split(u',');
+    return kColumns;
+}
+
+const QStringList &frmKeyProperties::listColumns()
+{
+    static const QStringList kColumns =
+        QStringLiteral("TimeInStart,TimeInStop,TimeOutStart,TimeOutStop,Alarmstatus,KeyStatus")
+            .split(u',');
+    return kColumns;
+}
+
 /// A door that isn't found leaves the set past its end and the fields empty.
 void frmKeyProperties::OpenDoorRecord()
 {
-    rsDoor_.open(connection_, doors(module_.SecurityLevel));
-    rsDoor_.findFirst(QStringLiteral("KeyNummer"), module_.KeySelect);
+    rsDoor_.open(connection_,
+                 doors(module_.SecurityLevel, fieldColumns() + listColumns().first(kAlarmList)));
+    rsDoor_.findFirstAsItStands(QStringLiteral("KeyNummer"), module_.KeySelect);
     showRow();
 }
 
@@ -366,28 +334,35 @@ void frmKeyProperties::fillLists()
     }
     fill(*Combo1_[kAlarmList], alarmFunctions());
     fill(*Combo1_[kModeList], functionModes());
-    for (std::size_t i = 0; i < Combo1_.size(); ++i) {
-        showText(*Combo1_[i], rsDoor_.text(named(kListColumns[i])));
+    for (int i = 0; i <= kModeList; ++i) {
+        showStored(i);
     }
 }
 
-void frmKeyProperties::checkOwnNumber()
+// A list shows what is stored, also what is none of its entries (the word of another language, the
+// "Normal (N)" of a new door): then nothing is selected.
+
+void frmKeyProperties::showStored(int index)
 {
-    // Of a new door nobody knows the administrator yet; that is no failure.
-    if (text(kAdmin).isEmpty() || toNumber(text(kAdmin)) <= 0) {
-        return;
-    }
-    const QString national = mid(module_.KeySelect, 4, 9);
-    if (isUnsetOwnNumber(text(kOwnNumber))) {
-        if (ask(translated("Eget nummer er ikke angitt. Du bør sende dette til nøkkelenhet!!"),
-                Buttons::OkCancel) == Answer::Ok) {
-            KeyTXT_[kOwnNumber]->setText(national);
-            KeyTXT_[kOwnNumber]->setModified(true);
-            KeyTXT_Change(); // brings "Send EGET nr.": the unit hears of it only from there
-            saveRow();
-        }
-    } else if (text(kOwnNumber) != national) {
-        ask(translated("Sjekk om EGET NUMMER er riktig !!!"), Buttons::Ok);
+    QComboBox &list = *Combo1_[static_cast<std::size_t>(index)];
+    const QString stored = rsDoor_.text(listColumns().at(index));
+    const int entry = list.findText(stored, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    list.setPlaceholderText(entry < 0 ? stored : QString());
+    list.setCurrentIndex(entry);
+}
+
+QString frmKeyProperties::listText(int index) const
+{
+    const QComboBox &list = *Combo1_[static_cast<std::size_t>(index)];
+    return list.currentIndex() < 0 ? list.placeholderText() : list.currentText();
+}
+
+void frmKeyProperties::showRow()
+{
+    const bool onRow = rsDoor_.row().has_value();
+    for (int i = 0; i < fieldColumns().size(); ++i) {
+        KeyTXT_[static_cast<std::size_t>(i)]->setText(onRow ? rsDoor_.text(fieldColumns().at(i))
+                                                            : QString());
     }
 }
 
@@ -427,6 +402,17 @@ void frmKeyProperties::showControls(bool forLists)
     }
 }
 
+/// The focus of what goes must not fall into the next field, where it would stop the timer and with
+/// it the reload that shows the unit's answer.
+void frmKeyProperties::setShown(QWidget &control, bool shows)
+{
+    if (!shows && focusWidget() == &control) {
+        const int chosen = types_->checkedId();
+        KeyType_[chosen < 0 ? 0 : static_cast<std::size_t>(chosen)]->setFocus();
+    }
+    control.setVisible(shows);
+}
+
 /// No column holds the model: the operator chooses it for as long as he works with the door.
 void frmKeyProperties::ApplyDoorType(int index)
 {
@@ -455,222 +441,4 @@ void frmKeyProperties::Timer1_Timer()
     }
     load();
     module_.RefreshPending = false;
-}
-
-void frmKeyProperties::Combo1_Click(int index)
-{
-    const bool done = act([&] {
-        if (index == kAlarmList) {
-            chooseWarned(index, translated("Dette vil endre ALARMFUNKSJONEN. Vil du fortsette?"),
-                         11);
-        } else if (index == kModeList) {
-            chooseWarned(index,
-                         translated("Dette vil Åpne eller Lukke port eller dør for alle brukere. "
-                                    "Vil du fortsette?"),
-                         kMode);
-        } else {
-            Command1_[kHours]->show(); // stored when it is pressed
-        }
-    });
-    if (!done && index >= kAlarmList) {
-        kept([&] { showStored(index); });
-    }
-}
-
-void frmKeyProperties::chooseWarned(int list, const QString &question, int button)
-{
-    if (ask(question, Buttons::OkCancel) == Answer::Cancel) {
-        showStored(list);
-        return;
-    }
-    saveRow({{named(kListColumns[list]), textOf(*Combo1_[list])}});
-    Command1_[button]->show();
-}
-
-/// A choice that was not stored goes: its button would send it.
-void frmKeyProperties::showStored(int list)
-{
-    showText(*Combo1_[list], rsDoor_.text(named(kListColumns[list])));
-}
-
-void frmKeyProperties::SendDoorCommand(int index)
-{
-    act([&] {
-        DoorEntry entered = entry();
-        if (index == kMode && isTimedMode(entered.functionMode)) {
-            entered.period = askPeriod();
-        }
-        const std::optional<QString> command = doorCommand(index, entered);
-        if (!command) {
-            return;
-        }
-        Values times;
-        for (std::size_t i = 0; index == kHours && i < entered.hours.size(); ++i) {
-            times.emplace_back(named(kListColumns[i]), entered.hours[i]);
-        }
-        // The file takes the settings here, whatever the answer is: it is ahead of the unit then,
-        // until the field is edited and sent again.
-        saveRow(times);
-        Timer1_->setEnabled(true);
-
-        const QString what = index == kMode ? QStringLiteral(" :") + *command : QString();
-        const Answer answer = ask(translated("Ny instilling (") + Command1_[index]->text() + what +
-                                      translated(") blir sendt til nøkkelenhet"),
-                                  Buttons::OkCancel);
-        setShown(*Command1_[index], false);
-        if (answer == Answer::Ok && !command->isEmpty()) {
-            queue(*command);
-        }
-    });
-}
-
-/// The focus of what goes must not fall into the next field, where it would stop the timer and with
-/// it the reload that shows the unit's answer.
-void frmKeyProperties::setShown(QWidget &control, bool shows)
-{
-    if (!shows && focusWidget() == &control) {
-        const int chosen = types_->checkedId();
-        KeyType_[chosen < 0 ? 0 : static_cast<std::size_t>(chosen)]->setFocus();
-    }
-    control.setVisible(shows);
-}
-
-void frmKeyProperties::queue(const QString &command)
-{
-    // Nobody can be sent this: it would stand at the head of the queue and block it for ever.
-    if (text(0).trimmed().isEmpty()) {
-        throw RuntimeFailure(translated("Det er ikke valgt noen dør. Ingenting ble sendt."));
-    }
-    queueSms(rsQueue_, OutboundSms::doorSetting(text(0), text(1), command, clock_.now().date()));
-}
-
-QString frmKeyProperties::askPeriod()
-{
-    const std::optional<DoorModel> door = model();
-    const QString prompt = translated("Tast inn ÅPNINGSTID hverdager") + QStringLiteral("\n\n") +
-                           (door == DoorModel::Type310 ? QStringLiteral("           07-16")
-                                                       : QStringLiteral("           07:45-16:15"));
-    QString typed;
-    do {
-        // What did not pass comes again, to be mended.
-        typed = toWindows1252(person_.inputBox(prompt, translated("ÅPNE"), typed));
-        const QString period = TimeFieldNormalise(typed);
-        const PeriodCheck check = checkPeriod(period);
-        if (check == PeriodCheck::Passes) {
-            return periodText(period, door);
-        }
-        if (check == PeriodCheck::Fails) {
-            person_.beep();
-        }
-    } while (!typed.isEmpty());
-    return {};
-}
-
-/// Only the fields follow. The lists go on showing the door that was loaded, and "Send nye tider"
-/// stores what they show on the new one; model, buttons and the fixed text stay as well, and no own
-/// number is checked.
-void frmKeyProperties::UpDown1_Change(bool up)
-{
-    act([&] {
-        saveRow();
-        if (up ? !rsDoor_.eof() : !rsDoor_.bof()) {
-            up ? rsDoor_.moveNext() : rsDoor_.movePrevious();
-        }
-        if ((up ? rsDoor_.eof() : rsDoor_.bof()) && !rsDoor_.isEmpty()) {
-            person_.beep();
-            up ? rsDoor_.moveLast() : rsDoor_.moveFirst();
-        }
-        showRow();
-        if (!text(0).isEmpty()) {
-            module_.KeySelect = text(0);
-        }
-    });
-}
-
-void frmKeyProperties::showRow()
-{
-    const bool onRow = rsDoor_.row().has_value();
-    for (std::size_t i = 0; i < std::size(kColumns); ++i) {
-        KeyTXT_[i]->setText(onRow ? rsDoor_.text(named(kColumns[i])) : QString());
-    }
-}
-
-frmKeyProperties::Values frmKeyProperties::edits() const
-{
-    Values result;
-    for (std::size_t i = 0; i < std::size(kColumns); ++i) {
-        if (KeyTXT_[i]->isModified()) {
-            result.emplace_back(named(kColumns[i]), text(static_cast<int>(i)));
-        }
-    }
-    return result;
-}
-
-/// Writes what was typed, and the further values, over the row as it stands in the file by now. A
-/// report of the unit that came in meanwhile is no reason to fail, unless it, or another PC,
-/// changed one of these very columns: then nothing is written, and the operator, who has been told,
-/// may press again.
-void frmKeyProperties::saveRow(const Values &further)
-{
-    if (!rsDoor_.row() && further.empty()) {
-        return; // typed for no door
-    }
-    if (KeyTXT_[0]->isModified() && text(0).trimmed().isEmpty()) {
-        // Nothing would ever find that row again.
-        throw RuntimeFailure(translated("En dør må ha et nummer."));
-    }
-    Values changes = edits();
-    changes.insert(changes.end(), further.begin(), further.end());
-    if (changes.empty()) {
-        return;
-    }
-    Values before;
-    for (const auto &[column, value] : changes) {
-        before.emplace_back(column, rsDoor_.text(column));
-    }
-    rsDoor_.setBookmark(rsDoor_.bookmark());
-    const auto isUnchanged = [this](const auto &read) {
-        return rsDoor_.text(read.first) == read.second;
-    };
-    if (!rsDoor_.row()) {
-        showRow();
-    }
-    if (!rsDoor_.row() || !std::all_of(before.begin(), before.end(), isUnchanged)) {
-        throw RuntimeFailure(QCoreApplication::translate(
-            "Recordset", "Raden er endret eller slettet av en annen siden den ble lest"));
-    }
-    const bool isSelected = same(rsDoor_.text(named(kColumns[0])), module_.KeySelect);
-    for (const auto &[column, value] : changes) {
-        rsDoor_.setValue(column, value);
-    }
-    rsDoor_.update();
-    showRow();
-    if (isSelected) { // under a new number, maybe, it is still the current door
-        module_.KeySelect = text(0);
-    }
-}
-
-QString frmKeyProperties::text(int field) const
-{
-    return toWindows1252(KeyTXT_[static_cast<std::size_t>(field)]->text());
-}
-
-DoorEntry frmKeyProperties::entry() const
-{
-    DoorEntry entered;
-    for (std::size_t i = 0; i < KeyTXT_.size(); ++i) {
-        entered.KeyTXT[i] = text(static_cast<int>(i));
-    }
-    for (std::size_t i = 0; i < entered.hours.size(); ++i) {
-        entered.hours[i] = textOf(*Combo1_[i]);
-    }
-    entered.alarmFunction = Combo1_[kAlarmList]->currentIndex();
-    entered.functionMode = Combo1_[kModeList]->currentIndex();
-    return entered;
-}
-
-std::optional<DoorModel> frmKeyProperties::model() const
-{
-    const int chosen = types_->checkedId();
-    return chosen < 0 ? std::nullopt : std::optional(static_cast<DoorModel>(chosen));
 }

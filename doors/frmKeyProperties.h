@@ -58,6 +58,13 @@ protected:
 private:
     using Values = std::vector<std::pair<QString, QString>>; ///< columns and their new texts
 
+    // Places in KeyTXT, Combo1 and Command1.
+    static constexpr int kOwnNumber = 9;
+    static constexpr int kAdmin = 14;
+    static constexpr int kAlarmList = 4; ///< behind the four of hours
+    static constexpr int kModeList = 5;
+    static constexpr int kHours = 21;
+
     void collectControls();
     void connectControls();
 
@@ -65,35 +72,39 @@ private:
     void openDatabase();
     void OpenDoorRecord();
     void fillLists();
-    void checkOwnNumber();
     void captionAdministrator();
     void clearModel();
-    void Timer1_Timer();
-
     void ApplyDoorType(int index);
     void KeyTXT_Change();
-    void Combo1_Click(int index);
-    void chooseWarned(int list, const QString &question, int button);
-    void showStored(int list);
-    void SendDoorCommand(int index);
-    void UpDown1_Change(bool up);
+    void Timer1_Timer();
 
+    static const QStringList &fieldColumns(); ///< by the index in KeyTXT; the last has none
+    static const QStringList &listColumns();  ///< by the index in Combo1
+    void showRow();
+    void showStored(int index);
+    QString listText(int index) const;
+    std::array<QWidget *, 6> listLabels() const;
+    void showControls(bool forLists);
+    void setShown(QWidget &control, bool shows);
+    void retranslate();
+    void paintReadOnly();
     bool act(const std::function<void()> &handler, const QString &advice = {});
     Answer ask(const QString &text, Buttons buttons);
+
+    // frmKeyPropertiesSend.cpp
+    void checkOwnNumber();
+    void Combo1_Click(int index);
+    void chooseWarned(int list, const QString &question, int button);
+    void SendDoorCommand(int index);
+    void UpDown1_Change(bool up);
+    void queue(const QString &command);
     QString askPeriod();
-    bool mayLoseEdits();
-    void showRow();
-    void saveRow(const Values &further = {});
-    Values edits() const;
     QString text(int field) const;
     DoorEntry entry() const;
     std::optional<DoorModel> model() const;
-    void setShown(QWidget &control, bool shows);
-    void queue(const QString &command);
-    std::array<QWidget *, 6> listLabels() const;
-    void showControls(bool forLists);
-    void retranslate();
-    void paintReadOnly();
+    Values edits() const;
+    void saveRow(const Values &further = {});
+    bool mayLoseEdits();
 
     Module1 &module_;
     Operator &person_;
