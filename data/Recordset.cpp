@@ -302,6 +302,11 @@ bool Recordset::findFirst(const QString &column, const QString &value)
     return opened().find({}, {column}, {criterionValue(value)});
 }
 
+bool Recordset::findFirstAsItStands(const QString &column, const QString &value)
+{
+    return opened().find({}, {column}, {filterValue(value)});
+}
+
 bool Recordset::findFirst(const QString &column, const QString &value,
                           const std::vector<std::pair<QString, QString>> &compared)
 {

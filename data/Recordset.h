@@ -86,6 +86,8 @@ public:
     bool find(const QString &column, const QString &value);
     /// moveFirst(), unless empty, and find().
     bool findFirst(const QString &column, const QString &value);
+    /// findFirst() with leading blanks of value kept: a key of the file, which may have them.
+    bool findFirstAsItStands(const QString &column, const QString &value);
     /// From the first row on, the row where all columns match: the search over all doors. The
     /// further values are compared with each hit and no criteria themselves: they keep their
     /// leading blanks, and may hold a single quote.

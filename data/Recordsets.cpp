@@ -153,7 +153,7 @@ void Recordsets::openDoors()
     rsKeyAllowed.open(module_.DatabaseConnection, allowedDoors(module_.SecurityLevel));
     doorNumber_.clear();
     doorName_.clear();
-    if (rsKeyAllowed.findFirst(QStringLiteral("KeyNummer"), module_.KeySelect) ||
+    if (rsKeyAllowed.findFirstAsItStands(QStringLiteral("KeyNummer"), module_.KeySelect) ||
         rsKeyAllowed.isEmpty()) {
         return;
     }

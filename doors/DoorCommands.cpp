@@ -62,10 +62,10 @@ Operand administrator(int, const DoorEntry &entry)
 }
 
 /// A number that was never set goes out as the door's own, with its country code: the unit is to
-/// get that form, in contrast to the eight digits otherwise.
+/// get that form, in contrast to the eight digits otherwise, and behind exactly one blank.
 Operand ownNumber(int index, const DoorEntry &entry)
 {
-    return isUnsetOwnNumber(entry.KeyTXT[9]) ? entry.KeyTXT[0] : field(index, entry);
+    return isUnsetOwnNumber(entry.KeyTXT[9]) ? entry.KeyTXT[0].trimmed() : field(index, entry);
 }
 
 /// The unit wants a "!" before its name. One that was typed isn't doubled.

@@ -108,7 +108,7 @@ qint64 frmKEY::startRow()
     qint64 row = 0;
     // A number with a single quote cannot be looked for, but is put right here.
     kept([&] {
-        if (adoPrimaryRS.findFirst(QStringLiteral("KeyNummer"), module_.KeySelect)) {
+        if (adoPrimaryRS.findFirstAsItStands(QStringLiteral("KeyNummer"), module_.KeySelect)) {
             row = adoPrimaryRS.bookmark();
         }
     });

@@ -323,7 +323,7 @@ void frmKeyProperties::OpenDoorRecord()
 {
     rsDoor_.open(connection_,
                  doors(module_.SecurityLevel, fieldColumns() + listColumns().first(kAlarmList)));
-    rsDoor_.findFirst(QStringLiteral("KeyNummer"), module_.KeySelect);
+    rsDoor_.findFirstAsItStands(QStringLiteral("KeyNummer"), module_.KeySelect);
     showRow();
 }
 

@@ -35,7 +35,8 @@ void frmKeyProperties::checkOwnNumber()
     if (text(kAdmin).isEmpty() || toNumber(text(kAdmin)) <= 0) {
         return;
     }
-    const QString national = mid(module_.KeySelect, 4, 9);
+    // A blank before the "+" is none of the number's characters.
+    const QString national = mid(module_.KeySelect.trimmed(), 4, 9);
     if (isUnsetOwnNumber(text(kOwnNumber))) {
         if (ask(translated("Eget nummer er ikke angitt. Du bør sende dette til nøkkelenhet!!"),
                 Buttons::OkCancel) == Answer::Ok) {

@@ -35,13 +35,17 @@ TEST_F(RecordsetsTest, CurrentDoorIsShownWithItsUsersElseTheFirst)
     EXPECT_EQ(recordsets.doorName(), u"Garasje");
     EXPECT_EQ(recordsets.rsBrukereKey.recordCount(), 1);
     EXPECT_EQ(recordsets.rsBrukereKey.text(u"KeyBruker"_qs), u"a");
-    addDoor(u"+4790000010"_qs, u"Ti"_qs, u"10"_qs); // levels compare as text
-    module.KeySelect = u"+4790000003"_qs;           // above the level
+    addDoor(u"+4790000010"_qs, u"Ti"_qs, u"10"_qs);  // levels compare as text
+    addDoor(u" +4790000001"_qs, u"Bod"_qs, u"1"_qs); // another one than without the blank
+    module.KeySelect = u" +4790000001"_qs;
     recordsets.OpenRecordsets();
-    EXPECT_EQ(column(recordsets.rsKeyAllowed, 1), "Hovedport|Garasje|Ti");
+    EXPECT_EQ(recordsets.doorName(), u"Bod");
+    module.KeySelect = u"+4790000003"_qs; // above the level
+    recordsets.OpenRecordsets();
+    EXPECT_EQ(column(recordsets.rsKeyAllowed, 1), "Hovedport|Garasje|Ti|Bod");
     EXPECT_TRUE(recordsets.rsKeyAllowed.eof());
     EXPECT_EQ(recordsets.doorName(), u"Hovedport");
-    EXPECT_EQ(displays, 2);
+    EXPECT_EQ(displays, 3);
 }
 
 TEST_F(RecordsetsTest, EmptyTablesAreNoFailure)
