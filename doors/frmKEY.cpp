@@ -185,8 +185,11 @@ void frmKEY::TabStrip1_Click(int tab)
     if (tab < 0 || !saveEdit()) {
         return;
     }
-    selectedTab_ = TabStrip1->tabData(tab).toString();
-    shown(person_, {}, [this] { load(); });
+    shown(person_, {}, [&] {
+        // What cannot be asked for must not become the tab that every later load asks for.
+        selectedTab_ = filterValue(TabStrip1->tabData(tab).toString());
+        load();
+    });
 }
 
 /// The row that the list stands on is the current door.
