@@ -14,6 +14,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <algorithm>
+
 // What the configuration of a door stores in the file, and what it sends to the unit.
 
 namespace {
@@ -99,6 +101,11 @@ void frmKeyProperties::SendDoorCommand(int index)
         // until the field is edited and sent again.
         saveRow(times);
         Timer1_->setEnabled(true);
+        // The unit would take an hour for another one than was meant.
+        if (std::any_of(times.begin(), times.end(),
+                        [](const auto &time) { return time.second.size() != 2; })) {
+            throw RuntimeFailure(translated("Velg alle fire klokkeslett. Ingenting ble sendt."));
+        }
 
         const QString what = index == kMode ? QStringLiteral(" :") + *command : QString();
         const Answer answer = ask(translated("Ny instilling (") + Command1_[index]->text() + what +

@@ -35,7 +35,7 @@ TEST_F(RecordsetsTest, CurrentDoorIsShownWithItsUsersElseTheFirst)
     EXPECT_EQ(recordsets.doorName(), u"Garasje");
     EXPECT_EQ(recordsets.rsBrukereKey.recordCount(), 1);
     EXPECT_EQ(recordsets.rsBrukereKey.text(u"KeyBruker"_qs), u"a");
-    addDoor(u"+4790000010"_qs, u"Ti"_qs, u"10"_qs); // levels compare as text
+    addDoor(u"+4790000010"_qs, u"Ti"_qs, u"10"_qs);  // levels compare as text
     addDoor(u" +4790000001"_qs, u"Bod"_qs, u"1"_qs); // another one than without the blank
     module.KeySelect = u" +4790000001"_qs;
     recordsets.OpenRecordsets();

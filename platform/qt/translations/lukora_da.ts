@@ -699,6 +699,10 @@
         <source>Det er ikke valgt noen dør. Ingenting ble sendt.</source>
         <translation>Der er ikke valgt nogen dør. Intet blev sendt.</translation>
     </message>
+    <message>
+        <source>Velg alle fire klokkeslett. Ingenting ble sendt.</source>
+        <translation>Vælg alle fire klokkeslæt. Intet blev sendt.</translation>
+    </message>
 </context>
 <context>
     <name>BrowserTable</name>

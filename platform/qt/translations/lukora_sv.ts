@@ -699,6 +699,10 @@
         <source>Det er ikke valgt noen dør. Ingenting ble sendt.</source>
         <translation>Ingen dörr är vald. Inget skickades.</translation>
     </message>
+    <message>
+        <source>Velg alle fire klokkeslett. Ingenting ble sendt.</source>
+        <translation>Välj alla fyra klockslagen. Inget skickades.</translation>
+    </message>
 </context>
 <context>
     <name>BrowserTable</name>
