@@ -8,6 +8,7 @@
 #include "platform/Operator.h"
 #include "platform/Rules.h"
 #include "platform/SettingsStore.h"
+#include "platform/Text.h"
 #include "ui_frmLogin.h"
 
 #include <QPushButton>
@@ -60,7 +61,8 @@ void frmLogin::openPasswords()
 void frmLogin::cmdOK_Click()
 {
     shown(operator_, kTitle, [this] {
-        const QString name = ui_->txtUserName->text();
+        // As the table takes what is typed into it.
+        const QString name = toWindows1252(ui_->txtUserName->text());
         module_.LoginUser = name;
         module_.LoginComputer = ui_->txtComputerName->text();
         // A name with a quote cannot be looked up and is nobody's: the words stay the same.
@@ -71,7 +73,7 @@ void frmLogin::cmdOK_Click()
         }
         // A login without a password admits nobody, an empty entry neither.
         const QVariant password = rsPasswords.value(QStringLiteral("Password"));
-        if (!password.isNull() && password.toString() == ui_->txtPassword->text()) {
+        if (!password.isNull() && password.toString() == toWindows1252(ui_->txtPassword->text())) {
             module_.SecurityLevel = rsPasswords.text(QStringLiteral("SecurityLevel"));
             LoginSucceeded = true;
             hide();

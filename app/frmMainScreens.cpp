@@ -37,12 +37,11 @@ void frmMain::wireScreens()
     };
     opens(ui_->mnuDatafrmKeyOppsett, properties);
     opens(ui_->mnuDatafrmKey, [this, tools, properties] {
-        return std::make_unique<frmKEY>(tools, [this, properties] {
-            openScreen(properties, ui_->mnuDatafrmKeyOppsett);
-        });
+        return std::make_unique<frmKEY>(
+            tools, [this, properties] { openScreen(properties, ui_->mnuDatafrmKeyOppsett); });
     });
     opens(ui_->mnuDatafrmKeyLogg,
-          [this, tools] { return std::make_unique<frmLOGG>(tools, recordsets_, link_.pace); });
+          [this, tools] { return std::make_unique<frmLOGG>(tools, link_.pace); });
     opens(ui_->mnuDatafrmPassWords,
           [tools] { return std::make_unique<RecordBrowser>(kPasswordTable, tools); });
     opens(ui_->mnuDatafrmKatalog, [tools] { return std::make_unique<frmBrukere>(tools); });

@@ -19,6 +19,7 @@
 #include <QScopeGuard>
 #include <QScopedValueRollback>
 #include <QScreen>
+#include <QScrollBar>
 
 #include <algorithm>
 #include <map>
@@ -65,6 +66,7 @@ RecordBrowser::RecordBrowser(const BrowserTable &table, const BrowserTools &tool
     wire();
     Timer1_->setInterval(kTimer1);
     Timer1_->setEnabled(table_.has(BrowserTable::Reloads));
+    paintSearch();
     ui_->grdDataGrid->setFocus(); // the table is the screen
     showProgress();
 }
@@ -146,6 +148,7 @@ void RecordBrowser::wire()
             &RecordBrowser::headingClicked);
     connect(grid.selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &RecordBrowser::currentRowChanged);
+    connect(this, &QWidget::windowTitleChanged, &grid, &QWidget::setAccessibleName);
     connect(&grid, &QTableView::pressed, this, &RecordBrowser::stayHere);
     connect(&grid, &QTableView::doubleClicked, this, [this] { cellDoubleClicked(); });
     connect(&model_, &RecordsetModel::readOn, this, &RecordBrowser::readOn);
@@ -168,9 +171,12 @@ void RecordBrowser::load(milliseconds patience)
     if (!module_.DatabaseConnection) {
         throw RuntimeFailure(QCoreApplication::translate("Recordset", "Ingen database er åpen"));
     }
+    // When it fails, what is shown goes on with the connection that it came by.
+    auto stay = qScopeGuard([this, before = connection_] { connection_ = before; });
     connection_ = module_.DatabaseConnection->another(patience);
     translate();
     openRows();
+    stay.dismiss();
     if (table_.has(BrowserTable::Reloads) || table_.has(BrowserTable::ReloadsLater)) {
         module_.RefreshPending = false;
     }
@@ -256,6 +262,7 @@ void RecordBrowser::keepPlace()
     kept.current = model_.bookmark(currentRow());
     kept.top = model_.bookmark(ui_->grdDataGrid->rowAt(0));
     kept.column = std::max(0, ui_->grdDataGrid->currentIndex().column());
+    kept.across = ui_->grdDataGrid->horizontalScrollBar()->value();
     const QItemSelection selection = ui_->grdDataGrid->selectionModel()->selection();
     for (const QItemSelectionRange &range : selection) {
         for (int row = range.top(); row <= range.bottom(); ++row) {
@@ -304,6 +311,7 @@ void RecordBrowser::backToPlace()
     if (const int top = model_.rowOf(kept.top); top >= 0) {
         grid.scrollTo(model_.index(top, kept.column), QAbstractItemView::PositionAtTop);
     }
+    grid.horizontalScrollBar()->setValue(kept.across);
 }
 
 void RecordBrowser::timer1Tick()
@@ -333,6 +341,7 @@ void RecordBrowser::translate()
     const QString title = windowTitle();
     ui_->retranslateUi(this);
     setWindowTitle(title); // whoever opened the screen may have given it another
+    designCaptions();
     std::map<int, QString> replaced;
     readLanguage(*connection_, module_.CountryCode, [&](quint8 position, const QString &text) {
         replaced[position] = text;
@@ -384,7 +393,20 @@ void RecordBrowser::changeEvent(QEvent *event)
     QWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange && connection_) {
         kept([this] { translate(); });
+    } else if (event->type() == QEvent::PaletteChange) {
+        paintSearch();
     }
+}
+
+/// The words in the empty field are paler than a text, and not too pale to read.
+void RecordBrowser::paintSearch()
+{
+    constexpr float kStrength = 0.65F;
+    QColor words = palette().color(QPalette::Text);
+    words.setAlphaF(kStrength);
+    QPalette readable;
+    readable.setColor(QPalette::PlaceholderText, words);
+    ui_->txtSearch->setPalette(readable);
 }
 
 void RecordBrowser::closeEvent(QCloseEvent *event)

@@ -50,6 +50,8 @@ public:
 protected:
     /// What adoPrimaryRS shows; a screen whose rows depend on something adds its filter.
     virtual Query query() const;
+    /// Captions of the screen's own, in the language of the moment, before those of TBLLanguage.
+    virtual void designCaptions() {}
     /// Each text of TBLLanguage in the operator's language, for what is none of the table's.
     virtual void applyLanguage(int position, const QString &text);
     /// Bookmark of the row to stand on when the screen opens; 0 for the first row.
@@ -128,12 +130,14 @@ private:
         qint64 top = 0;
         std::unordered_set<qint64> selected = {};
         int column = 0;
+        int across = 0; ///< the bar below the grid
     };
 
     void buildButtons();
     void buildGrid();
     void wire();
     void translate();
+    void paintSearch();
     void load(milliseconds patience);
     void openRows();
     void showRows(RecordsetModel::GivesWay when);

@@ -4,6 +4,9 @@
 #include "ui_RecordBrowser.h"
 
 #include <QHeaderView>
+#include <QLayout>
+#include <QScreen>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -83,6 +86,13 @@ void RecordBrowser::restoreColumns()
             grid.setColumnWidth(place, std::max(column.width, width));
         }
         grid.setColumnHidden(place++, column.use == BrowserColumn::Hidden);
+    }
+    if (!isVisible()) { // all columns in sight, where the screen has the room
+        const QMargins around = layout()->contentsMargins();
+        const int wanted = headings.length() + grid.verticalHeader()->width() +
+                           grid.verticalScrollBar()->sizeHint().width() + 2 * grid.frameWidth() +
+                           around.left() + around.right();
+        resize(std::max(width(), std::min(wanted, screen()->availableSize().width())), height());
     }
     headings.setStretchLastSection(true);
 }

@@ -127,7 +127,7 @@ void RecordBrowser::stayHere()
 
 void RecordBrowser::currentRowChanged()
 {
-    const int edited = model_.editedRow();
+    const int edited = AddNewFlag ? model_.recordCount() : model_.editedRow();
     if (edited >= 0 && edited != currentRow() && (EditFlag || AddNewFlag || !saveEdit())) {
         moveTo(edited); // it is not done with yet
         return;

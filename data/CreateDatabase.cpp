@@ -6,6 +6,7 @@
 #include "data/NewFile.h"
 #include "data/Schema.h"
 #include "platform/RuntimeFailure.h"
+#include "platform/Text.h"
 
 namespace {
 
@@ -21,7 +22,7 @@ void fill(Connection &connection, const FirstOperator &person)
     }
     connection.run(
         QStringLiteral("INSERT INTO Passwords (USER_ID, Password, SecurityLevel) VALUES (?, ?, ?)"),
-        {person.name, person.password, person.level});
+        {toWindows1252(person.name), toWindows1252(person.password), person.level});
 }
 
 } // namespace

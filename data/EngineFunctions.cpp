@@ -179,11 +179,15 @@ void sortkey(sqlite3_context *context, int, sqlite3_value **arguments)
     }
 }
 
-/// Without case: A to Z, and the capitals of Latin-1, which are the bytes 0x80 to 0x9E behind a
-/// 0xC3 (0x97, the sign of multiplication, is no letter). The length stays as it is.
+/// Without case: A to Z, the capitals of Latin-1, which are the bytes 0x80 to 0x9E behind a 0xC3
+/// (0x97, the sign of multiplication, is no letter), and the three that Windows-1252 has beside
+/// them, Œ, Š and Ž, whose small letters follow them behind a 0xC5. The length stays as it is.
 constexpr char folded(char byte, char before)
 {
     const auto code = static_cast<unsigned char>(byte);
+    if (before == '\xC5') {
+        return static_cast<char>(code == 0x92 || code == 0xA0 || code == 0xBD ? code + 1 : code);
+    }
     const bool capital = before == '\xC3' ? code >= 0x80 && code <= 0x9E && code != 0x97
                                           : code >= 'A' && code <= 'Z';
     return static_cast<char>(capital ? code + 0x20 : code);

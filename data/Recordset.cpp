@@ -17,10 +17,14 @@ namespace {
 }
 
 constexpr const char *kNoRow = QT_TRANSLATE_NOOP("Recordset", "Det er ingen gjeldende rad");
-constexpr const char *kConflict =
-    QT_TRANSLATE_NOOP("Recordset", "Raden er endret eller slettet av en annen siden den ble lest");
 
 } // namespace
+
+void failOnChangedRow()
+{
+    fail(QT_TRANSLATE_NOOP("Recordset",
+                           "Raden er endret eller slettet av en annen siden den ble lest"));
+}
 
 struct Recordset::Private {
     using Step = RowReader::Step;
@@ -163,7 +167,7 @@ struct Recordset::Private {
     {
         reader.connection().run(sql, values);
         if (reader.connection().changes() != 1) {
-            fail(kConflict);
+            failOnChangedRow();
         }
     }
 };

@@ -28,6 +28,9 @@ struct Query {
     bool operator==(const Query &) const = default;
 };
 
+/// @throws RuntimeFailure that says that somebody else has changed or deleted the row.
+[[noreturn]] void failOnChangedRow();
+
 /// One row of a set, as it was read: for grids and other readers of whole sets.
 struct RecordsetRow {
     qint64 bookmark = 0;

@@ -30,15 +30,6 @@ Query allDoors()
                              "Pulslengde")};
 }
 
-Query allowedDoors(const QString &SecurityLevel)
-{
-    // The level is compared as text, with a blank behind it: with "5" a door of "10" is shown.
-    return {.source = QStringLiteral("KEYTable"),
-            .columns = named("KeyNummer,KeyNavn,KeySikkerhet"),
-            .filter = QStringLiteral("KeySikkerhet <= ?"),
-            .values = {filterValue(SecurityLevel) + u' '}};
-}
-
 Query users()
 {
     return {.source = QStringLiteral("TBLbrukere"), .columns = named(kUserColumns)};
@@ -93,6 +84,14 @@ Query doorsPerUser()
 }
 
 } // namespace
+
+Query allowedDoors(const QString &SecurityLevel, const QStringList &columns)
+{
+    return {.source = QStringLiteral("KEYTable"),
+            .columns = columns,
+            .filter = QStringLiteral("KeySikkerhet <= ?"),
+            .values = {filterValue(SecurityLevel) + u' '}};
+}
 
 Recordsets::Recordsets(Module1 &module, Operator &person) : module_(module), operator_(person) {}
 
@@ -150,7 +149,8 @@ void Recordsets::OpenRecordsets()
 void Recordsets::openDoors()
 {
     rsKeyAll.open(module_.DatabaseConnection, allDoors());
-    rsKeyAllowed.open(module_.DatabaseConnection, allowedDoors(module_.SecurityLevel));
+    rsKeyAllowed.open(module_.DatabaseConnection,
+                      allowedDoors(module_.SecurityLevel, named("KeyNummer,KeyNavn,KeySikkerhet")));
     doorNumber_.clear();
     doorName_.clear();
     if (rsKeyAllowed.findFirstAsItStands(QStringLiteral("KeyNummer"), module_.KeySelect) ||

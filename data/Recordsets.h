@@ -8,6 +8,10 @@ class Connection;
 class Operator;
 struct Module1;
 
+/// The doors that an operator of this level may see. The level is compared as text, with a blank
+/// behind it: with "5" a door of "10" is shown.
+Query allowedDoors(const QString &SecurityLevel, const QStringList &columns);
+
 /// The twelve shared recordsets of the main screen, and the database that they read.
 class Recordsets {
 public:

@@ -3,6 +3,7 @@
 #include "data/Connection.h"
 #include "data/Criteria.h"
 #include "data/Module1.h"
+#include "data/Recordsets.h"
 #include "platform/Operator.h"
 #include "platform/Rules.h"
 #include "platform/RuntimeFailure.h"
@@ -40,14 +41,6 @@ int column(const char *field)
         return QLatin1StringView(each.field) == QLatin1StringView(field);
     });
     return static_cast<int>(found - kKEYTable.columns.begin());
-}
-
-Query visibleDoors(const QString &level)
-{
-    return {.source = QStringLiteral("KEYTable"),
-            .columns = {QStringLiteral("KeyNummer"), QStringLiteral("Bygning")},
-            .filter = QStringLiteral("KeySikkerhet <= ?"),
-            .values = {filterValue(level)}};
 }
 
 } // namespace
@@ -93,8 +86,9 @@ bool frmKEY::isEditable(const BrowserColumn &column) const
 Query frmKEY::query() const
 {
     Query query = RecordBrowser::query();
-    query.filter = QStringLiteral("KeySikkerhet <= ?");
-    query.values = {filterValue(module_.SecurityLevel)};
+    const Query allowed = allowedDoors(module_.SecurityLevel, query.columns);
+    query.filter = allowed.filter;
+    query.values = allowed.values;
     if (!selectedTab_.isEmpty()) {
         query.filter += QStringLiteral(" AND ") + equals(QStringLiteral("Bygning"));
         query.values += filterValue(selectedTab_);
@@ -117,11 +111,16 @@ qint64 frmKEY::startRow()
 
 void frmKEY::loaded()
 {
+    buildTabs();
+}
+
+void frmKEY::designCaptions()
+{
     findChild<QTableView *>(QStringLiteral("grdDataGrid"))
         ->setToolTip(sourceText(QT_TRANSLATE_NOOP(
             "BrowserTable", "Telefonnummer til nøkkelenhetene skal angis med internasjonalt "
                             "telefonnummer +47....")));
-    buildTabs();
+    showTab(0, {});
 }
 
 /// A tab for all doors, and one for each building of the doors in sight. Behind a reload the first
@@ -130,9 +129,8 @@ void frmKEY::buildTabs()
 {
     const QSignalBlocker quiet(TabStrip1);
     Recordset doors;
-    doors.open(connection_, visibleDoors(module_.SecurityLevel));
+    doors.open(connection_, allowedDoors(module_.SecurityLevel, {QStringLiteral("Bygning")}));
     doors.sort(QStringLiteral("Bygning"));
-    showTab(0, {});
     int tabs = 1;
     QString last;
     for (const RecordsetRow &door : doors.rows()) {
@@ -239,7 +237,7 @@ void frmKEY::rowSaved()
     if (!door.isEmpty()) {
         module_.KeySelect = door;
     }
-    Query visible = visibleDoors(module_.SecurityLevel);
+    Query visible = allowedDoors(module_.SecurityLevel, {QStringLiteral("Bygning")});
     visible.filter += QStringLiteral(" AND ") + equals(QStringLiteral("KeyNummer"));
     visible.values += door;
     Recordset doors;
@@ -257,6 +255,7 @@ void frmKEY::cmdDelete_Click()
 {
     const qint64 asked = model_.bookmark(currentRow());
     if (asked == 0) {
+        model_.cancelEdit(); // a door that was only begun
         return;
     }
     if (person_.messageBox(
@@ -267,8 +266,7 @@ void frmKEY::cmdDelete_Click()
         return;
     }
     if (model_.bookmark(currentRow()) != asked) { // loaded anew meanwhile, and the door is gone
-        throw RuntimeFailure(QCoreApplication::translate(
-            "Recordset", "Raden er endret eller slettet av en annen siden den ble lest"));
+        failOnChangedRow();
     }
     // A number that was typed and not saved may be another door's, whose messages must stay.
     model_.cancelEdit();

@@ -18,6 +18,7 @@ protected:
     Query query() const override;
     qint64 startRow() override;
     void loaded() override;
+    void designCaptions() override;
     void rowChanged() override;
     void newRowBegun(int column) override;
     void checkRow(int row) const override;

@@ -3,6 +3,7 @@
 #include "data/Connection.h"
 #include "data/Criteria.h"
 #include "data/Module1.h"
+#include "data/Recordsets.h"
 #include "platform/Clock.h"
 #include "platform/Operator.h"
 #include "platform/Rules.h"
@@ -33,15 +34,6 @@ constexpr int kUsers = 14;
 QString translated(const char *text)
 {
     return QCoreApplication::translate("frmKeyProperties", text);
-}
-
-Query doors(const QString &SecurityLevel, const QStringList &columns)
-{
-    return {.source = QStringLiteral("KEYTable"),
-            .columns = columns,
-            // The level is compared as text, with a blank behind it, as on the main screen.
-            .filter = QStringLiteral("KeySikkerhet <= ?"),
-            .values = {filterValue(SecurityLevel) + u' '}};
 }
 
 Query waitingMessages()
@@ -321,8 +313,8 @@ const QStringList &frmKeyProperties::listColumns()
 /// A door that isn't found leaves the set past its end and the fields empty.
 void frmKeyProperties::OpenDoorRecord()
 {
-    rsDoor_.open(connection_,
-                 doors(module_.SecurityLevel, fieldColumns() + listColumns().first(kAlarmList)));
+    rsDoor_.open(connection_, allowedDoors(module_.SecurityLevel,
+                                           fieldColumns() + listColumns().first(kAlarmList)));
     rsDoor_.findFirstAsItStands(QStringLiteral("KeyNummer"), module_.KeySelect);
     showRow();
 }

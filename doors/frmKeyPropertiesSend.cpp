@@ -2,6 +2,7 @@
 
 #include "data/Module1.h"
 #include "modem/OutboundQueue.h"
+#include "modem/SmsSubmitter.h"
 #include "platform/Clock.h"
 #include "platform/Operator.h"
 #include "platform/Rules.h"
@@ -120,10 +121,14 @@ void frmKeyProperties::SendDoorCommand(int index)
 
 void frmKeyProperties::queue(const QString &command)
 {
-    // Nobody can be sent this: it would stand at the head of the queue and block it for ever.
-    if (text(0).trimmed().isEmpty()) {
+    if (!rsDoor_.row()) {
         throw RuntimeFailure(translated("Det er ikke valgt noen dør. Ingenting ble sendt."));
     }
+    const std::vector<RecordsetRow> inFile = rsDoor_.rows({rsDoor_.bookmark()});
+    if (inFile.empty() || inFile.front().values.first().toString() != text(0)) {
+        failOnChangedRow(); // a door that is no more, or that has another number by now
+    }
+    checkRecipient(text(0));
     queueSms(rsQueue_, OutboundSms::doorSetting(text(0), text(1), command, clock_.now().date()));
 }
 
@@ -237,8 +242,7 @@ void frmKeyProperties::saveRow(const Values &further)
         showRow();
     }
     if (!rsDoor_.row() || valuesInFile() != valuesRead) {
-        throw RuntimeFailure(QCoreApplication::translate(
-            "Recordset", "Raden er endret eller slettet av en annen siden den ble lest"));
+        failOnChangedRow();
     }
     const bool isSelected = same(rsDoor_.text(fieldColumns().first()), module_.KeySelect);
     for (const auto &[column, value] : changes) {

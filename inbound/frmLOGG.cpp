@@ -4,6 +4,7 @@
 #include "data/Module1.h"
 #include "data/Recordsets.h"
 #include "modem/OutboundQueue.h"
+#include "modem/SmsSubmitter.h"
 #include "platform/Clock.h"
 #include "platform/Operator.h"
 #include "platform/Rules.h"
@@ -20,8 +21,8 @@ constexpr std::pair<const char *, QStringView> kFetches[] = {
 
 } // namespace
 
-frmLOGG::frmLOGG(const BrowserTools &tools, const Recordsets &recordsets, SendPace &pace)
-    : RecordBrowser(kLOGGTable, tools), recordsets_(recordsets), pace_(pace)
+frmLOGG::frmLOGG(const BrowserTools &tools, SendPace &pace)
+    : RecordBrowser(kLOGGTable, tools), pace_(pace)
 {
     for (const auto &[name, text] : kFetches) {
         connect(&button(name), &QAbstractButton::clicked, this,
@@ -61,14 +62,20 @@ void frmLOGG::RequestDoorLog(const QString &text)
 {
     // The number in KeySelect may be none that this operator can see: then another door's name
     // stands on the main screen, and neither of the two is meant.
-    if (module_.KeySelect != recordsets_.doorNumber()) {
+    awaitFile();
+    Recordset doors;
+    doors.open(connection_, allowedDoors(module_.SecurityLevel,
+                                         {QStringLiteral("KeyNummer"), QStringLiteral("KeyNavn")}));
+    if (!doors.findFirstAsItStands(QStringLiteral("KeyNummer"), module_.KeySelect)) {
         person_.messageBox(
             sourceText(QT_TRANSLATE_NOOP("BrowserTable", "Det er ikke valgt noen dør.")), {},
             Buttons::Ok);
         return;
     }
+    const QString door = doors.text(QStringLiteral("KeyNummer"));
+    checkRecipient(door);
     rsQueue.requery();
     queueSms(rsQueue, pace_,
-             OutboundSms::logRequest(module_.KeySelect, recordsets_.doorName(), text,
+             OutboundSms::logRequest(door, doors.text(QStringLiteral("KeyNavn")), text,
                                      clock_.now().date()));
 }

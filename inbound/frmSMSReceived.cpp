@@ -13,13 +13,12 @@ constexpr int kLinesOfText = 5;
 } // namespace
 
 frmSMSReceived::frmSMSReceived(const BrowserTools &tools)
-    : RecordBrowser(kSMSReceivedTable, tools),
-      Label3(new QLabel(QStringLiteral("SMS TEKST"))),
-      SMSText(new QPlainTextEdit)
+    : RecordBrowser(kSMSReceivedTable, tools), Label3(new QLabel), SMSText(new QPlainTextEdit)
 {
     Label3->setObjectName(QStringLiteral("Label3"));
     SMSText->setObjectName(QStringLiteral("SMSText"));
     SMSText->setReadOnly(true);
+    SMSText->viewport()->setBackgroundRole(QPalette::Window);
     SMSText->setTabChangesFocus(true);
     SMSText->setFixedHeight(SMSText->fontMetrics().lineSpacing() * kLinesOfText + 12);
     SMSText->installEventFilter(this);
@@ -34,6 +33,11 @@ frmSMSReceived::frmSMSReceived(const BrowserTools &tools)
     connect(&button("cmdCancel"), &QAbstractButton::clicked, this,
             &frmSMSReceived::cmdCancel_Click);
     setButtons(false);
+}
+
+void frmSMSReceived::designCaptions()
+{
+    Label3->setText(QStringLiteral("SMS TEKST"));
 }
 
 void frmSMSReceived::applyLanguage(int position, const QString &text)
@@ -74,6 +78,7 @@ void frmSMSReceived::setButtons(bool editing)
 
 void frmSMSReceived::cmdAdd_Click()
 {
+    before_ = model_.bookmark(currentRow());
     AddNewFlag = true;
     showStatus(QStringLiteral("Add record"));
     setButtons(true);
@@ -97,8 +102,9 @@ void frmSMSReceived::cmdEdit_Click()
 void frmSMSReceived::cmdUpdate_Click()
 {
     endTyping();
+    const bool added = model_.isNewRow(model_.editedRow());
     if (saveEdit()) {
-        endEdit();
+        endEdit(added);
     }
 }
 
@@ -106,16 +112,18 @@ void frmSMSReceived::cmdCancel_Click()
 {
     endTyping();
     model_.cancelEdit();
-    endEdit();
+    endEdit(false);
 }
 
-void frmSMSReceived::endEdit()
+void frmSMSReceived::endEdit(bool added)
 {
-    const bool added = std::exchange(AddNewFlag, false);
+    const bool adding = std::exchange(AddNewFlag, false);
     EditFlag = false;
     model_.setAddsRows(false);
     applyRights();
     setButtons(false);
-    moveTo(added ? model_.recordCount() - 1 : currentRow());
+    if (adding) {
+        moveTo(added ? model_.recordCount() - 1 : model_.rowOf(before_));
+    }
     showCurrentRow();
 }

@@ -14,6 +14,7 @@ public:
     explicit frmSMSReceived(const BrowserTools &tools);
 
 protected:
+    void designCaptions() override;
     void applyLanguage(int position, const QString &text) override;
     void loaded() override;
     void rowChanged() override;
@@ -25,8 +26,9 @@ private:
     void cmdUpdate_Click();
     void cmdCancel_Click();
     void setButtons(bool editing);
-    void endEdit();
+    void endEdit(bool added);
 
     QLabel *Label3;
     QPlainTextEdit *SMSText;
+    qint64 before_ = 0; ///< the row that was current before cmdAdd
 };

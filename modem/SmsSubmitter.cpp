@@ -23,19 +23,31 @@ constexpr milliseconds kResultTimeOut = 20000ms;
 constexpr char16_t kEndOfMessage = 26;
 constexpr int kOutboundPanel = 3;
 
+[[noreturn]] void refuseRecipient()
+{
+    throw RuntimeFailure(
+        QCoreApplication::translate("SmsSubmitter", "Mottakeren er ikke et telefonnummer"));
+}
+
 /// @throws RuntimeFailure when anything but digits and a "+" in front stands in the number.
 bool isAboveZero(const QString &Number)
 {
     static const QRegularExpression kNumber(u"^ *\\+?[0-9]+ *$"_qs,
                                             QRegularExpression::DontCaptureOption);
     if (!kNumber.match(Number).hasMatch()) {
-        throw RuntimeFailure(
-            QCoreApplication::translate("SmsSubmitter", "Mottakeren er ikke et telefonnummer"));
+        refuseRecipient();
     }
     return toNumber(Number) > 0;
 }
 
 } // namespace
+
+void checkRecipient(const QString &Number)
+{
+    if (!isAboveZero(Number)) {
+        refuseRecipient();
+    }
+}
 
 SmsSubmitter::SmsSubmitter(Clock &clock, Module1 &module, ModemFlags &flags, ModemLine &line,
                            Timer &TimerCom, ModemView &view, const CharacterTables &tables)

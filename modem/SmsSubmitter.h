@@ -10,6 +10,10 @@ class ModemLine;
 class ModemView;
 struct Module1;
 
+/// For what goes into the queue: a row that nobody can be sent would stay at its head for ever.
+/// @throws RuntimeFailure when the number is no telephone number.
+void checkRecipient(const QString &Number);
+
 /// Hands one message to the modem in text mode (AT+CMGS of 3GPP TS 27.005, 3.5.1) and leaves the
 /// outcome in Module1::LastCmgsResult: empty when nothing was tried, the message reference,
 /// "ERROR" when the modem refused, "Error" when it gave no answer.

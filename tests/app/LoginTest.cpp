@@ -51,7 +51,7 @@ TEST_F(Login, RefusesEveryWrongEntryInTheSameWordsAndThenAdmitsAnOperatorAddedMe
         {u"Hovedoperatør"_qs, {}},
         {u"' OR '1'='1"_qs, u"hemmelig"_qs},
         {{}, {}},
-        {u"Ny"_qs, u"hemmelig"_qs},
+        {u"Ny ?"_qs, u"?ód?"_qs},
     };
     for (const auto &[name, password] : kWrong) {
         SCOPED_TRACE(name.toStdString() + '/' + password.toStdString());
@@ -64,7 +64,7 @@ TEST_F(Login, RefusesEveryWrongEntryInTheSameWordsAndThenAdmitsAnOperatorAddedMe
         EXPECT_EQ(field("txtPassword").selectedText(), password);
     }
     database.add(u"Passwords"_qs, u"USER_ID,Password,SecurityLevel"_qs,
-                 {u"Ny"_qs, u"hemmelig"_qs, u"4"_qs});
-    enter(u"Ny"_qs, u"hemmelig"_qs);
+                 {u"Ny ?"_qs, u"?ód?"_qs, u"4"_qs});
+    enter(u"Ny Ł"_qs, u"łódź"_qs); // typed so into the table, too
     EXPECT_EQ(module.SecurityLevel, u"4");
 }

@@ -60,6 +60,8 @@ TEST_F(EngineFunctionsTest, ContainsTextFindsWithoutRegardToCase)
           {u"'BLÅBÆRSØYA ÄÖÉÞ'"_qs, u"blåbærsøya äöéþ"_qs, true},
           {u"'blåbærsøya'"_qs, u"ÅBÆRSØ"_qs, true},
           {u"'ananas'"_qs, u"NAS"_qs, true},
+          {u"'Šimić Žan Œ'"_qs, u"šimić žan œ"_qs, true},
+          {u"'ſ'"_qs, u"ƀ"_qs, false},
           {u"'anana'"_qs, u"nas"_qs, false},
           {u"'nas'"_qs, u"nase"_qs, false},
           {u"'×ß'"_qs, u"÷"_qs, false},

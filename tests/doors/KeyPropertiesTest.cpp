@@ -454,8 +454,23 @@ TEST_F(KeyProperties, TellsWhyItCannotSaveAndWritesNothing)
     press(13);
     EXPECT_EQ(module.KeySelect, kDoor + u'1');
 
-    type(4, u"1"_qs);
+    const std::string queued = queue();
+    const auto sendsNothing = [&](int command, const QString &why) {
+        person.answers(kWillBeSent);
+        person.answers(why);
+        button(command).click();
+        EXPECT_EQ(queue(), queued);
+    };
+    type(0, u"+47 90 00 00 01"_qs);
+    sendsNothing(13, u"Mottakeren er ikke et telefonnummer"_qs);
+    type(0, kDoor);
+    press(13, Answer::Cancel);
+    elsewhere(u"KeyNummer = '+4790000007'"_qs);
+    sendsNothing(1, kConflict);
     database.look().run(u"DELETE FROM KEYTable"_qs);
+    sendsNothing(1, kConflict);
+
+    type(4, u"1"_qs);
     person.answers(kConflict);
     button(4).click();
     EXPECT_EQ(field(0).text(), QString());

@@ -1,5 +1,4 @@
 #include "../browsers/BrowserWorld.h"
-#include "data/Recordsets.h"
 #include "inbound/frmLOGG.h"
 #include "inbound/frmSMSReceived.h"
 #include "inbound/frmSMSSent.h"
@@ -22,7 +21,6 @@ struct ListsTest : BrowserWorld {
                          {number, name, u"4"_qs});
         }
         module.KeySelect = u"+4790000001"_qs;
-        recordsets.OpenRecordsets();
     }
     void message(const QString &text)
     {
@@ -37,7 +35,7 @@ struct ListsTest : BrowserWorld {
     {
         database.add(u"LOGGData"_qs, u"KeyNummer,KeyUser,Dato"_qs, {door, u"91000001"_qs, date});
     }
-    frmLOGG &openLog() { return open<frmLOGG>(tools(), recordsets, pace); }
+    frmLOGG &openLog() { return open<frmLOGG>(tools(), pace); }
     std::string queue()
     {
         return rows(u"SELECT substr(TilNummer, -1), SMS_Text, Etternavn, Dato FROM SMS_Sent"
@@ -45,7 +43,6 @@ struct ListsTest : BrowserWorld {
     }
     QString text() { return control<QPlainTextEdit>("SMSText").toPlainText(); }
 
-    Recordsets recordsets{module, person};
     ModemFlags flags;
     SendPace pace{clock, flags, [] {}};
 };
@@ -209,10 +206,17 @@ TEST_F(ListsTest, FetchAsksTheDoorOnceForEachLength)
                        "1|r100|Hovedport|2026-12-01");
     EXPECT_EQ(pace.interval(), 3000ms);
 
-    module.KeySelect = u"+4790000009"_qs; // another door's name stands on the main screen
+    module.KeySelect = u"+4790000002"_qs; // chosen on another screen a moment ago
+    click("Command2");
+    module.KeySelect = u"+4790000009"_qs; // none that this operator sees
     person.answers(u"Det er ikke valgt noen dør."_qs);
     click("Command1");
-    EXPECT_EQ(rows(u"SELECT count(*) FROM SMS_Sent"_qs), "6");
+    run(u"UPDATE KEYTable SET KeyNummer = '+47 9' WHERE KeyNavn = 'Garasje'"_qs);
+    module.KeySelect = u"+47 9"_qs;
+    person.answers(u"Mottakeren er ikke et telefonnummer"_qs);
+    click("Command1");
+    EXPECT_EQ(rows(u"SELECT substr(TilNummer, -1), Etternavn FROM SMS_Sent WHERE ID > 6"_qs),
+              "2|Garasje");
 }
 
 } // namespace
