@@ -28,6 +28,8 @@ namespace {
 
 constexpr milliseconds kTimer1 = 10'000ms;
 constexpr milliseconds kPatience = 50ms; ///< of a reading: the window must go on answering
+constexpr milliseconds kAskedFor = 1s;   ///< of one that somebody waits for
+constexpr int kReloadsInSilence = 3;     ///< ticks of Timer1 that found the file in other hands
 constexpr int kWidestColumn = 240;       // pixels, to start with
 constexpr int kRowsMeasured = 40;        ///< for the widths of columns: a screenful
 
@@ -48,7 +50,8 @@ RecordBrowser::RecordBrowser(const BrowserTable &table, const BrowserTools &tool
       ui_(std::make_unique<Ui::RecordBrowser>()),
       lblEmpty_(new QLabel),
       Timer1_(tools.clock.timer([this] { timer1Tick(); })),
-      work_(tools.clock.timer([this] { workOn(); }))
+      work_(tools.clock.timer([this] { workOn(); })),
+      reload_(tools.person, kReloadsInSilence)
 {
     ui_->setupUi(this);
     // On a small screen, or a magnified one, the bar at the bottom must not be lost.
@@ -151,24 +154,32 @@ void RecordBrowser::wire()
 
 void RecordBrowser::load()
 {
+    load(kAskedFor);
+}
+
+void RecordBrowser::load(milliseconds patience)
+{
     if (EditFlag || AddNewFlag || !saveEdit()) {
         return;
     }
-    translate();
-    connectToDatabase();
-    openRows();
+    if (!module_.DatabaseConnection) {
+        throw RuntimeFailure(QCoreApplication::translate("Recordset", "Ingen database er åpen"));
+    }
+    const std::shared_ptr<Connection> connection = module_.DatabaseConnection->another(patience);
+    translate(*connection);
+    openRows(connection);
     if (table_.has(BrowserTable::Reloads) || table_.has(BrowserTable::ReloadsLater)) {
         module_.RefreshPending = false;
     }
     loaded();
+    reloadDue_ = false;
 }
 
-void RecordBrowser::connectToDatabase()
+void RecordBrowser::awaitFile()
 {
-    if (!module_.DatabaseConnection) {
-        throw RuntimeFailure(QCoreApplication::translate("Recordset", "Ingen database er åpen"));
-    }
-    connection_ = module_.DatabaseConnection->another();
+    connection_->setPatience(kAskedFor);
+    const auto back = qScopeGuard([this] { connection_->setPatience(kPatience); });
+    adoPrimaryRS.rows({0}); // there is no such row
 }
 
 Query RecordBrowser::query() const
@@ -180,18 +191,21 @@ Query RecordBrowser::query() const
     return query;
 }
 
-void RecordBrowser::openRows()
+void RecordBrowser::openRows(const std::shared_ptr<Connection> &connection)
 {
-    adoPrimaryRS.open(connection_, query());
-    keepPlace();
-    adoPrimaryRS.search(ui_->txtSearch->text());
+    Recordset rows; // when it cannot be opened, what is shown stays whole
+    rows.open(connection, query());
+    rows.search(ui_->txtSearch->text());
     sortColumn_ = utf8(table_.sort);
     if (table_.has(BrowserTable::KeepsSort)) {
         sortColumn_ = settings_.get(settingsKey("Sort"), sortColumn_);
     }
     if (!sortColumn_.isEmpty()) {
-        adoPrimaryRS.sort(sortColumn_);
+        rows.sort(sortColumn_);
     }
+    keepPlace();
+    adoPrimaryRS = std::move(rows);
+    connection_ = connection;
     // Keys of another file mean nothing here.
     const bool sameFile = std::exchange(path_, module_.DatabasePath) == module_.DatabasePath;
     showRows(sameFile ? RecordsetModel::GivesWay::ToAllRows : RecordsetModel::GivesWay::AtOnce);
@@ -291,9 +305,10 @@ void RecordBrowser::backToPlace()
 void RecordBrowser::timer1Tick()
 {
     // What is being typed stays; the flag waits for the next tick, or for another screen.
-    if (module_.RefreshPending && isVisible() && model_.editedRow() < 0 && !EditFlag &&
-        !AddNewFlag) {
-        shown(person_, {}, [this] { load(); });
+    if ((module_.RefreshPending || reloadDue_) && isVisible() && model_.editedRow() < 0 &&
+        !EditFlag && !AddNewFlag) {
+        reloadDue_ = true; // another screen may take the flag before this one could read
+        reload_([this] { load(kPatience); });
     }
 }
 
@@ -309,19 +324,16 @@ QString RecordBrowser::sourceText(const char *caption) const
     return *caption == 0 ? QString() : QCoreApplication::translate("BrowserTable", caption);
 }
 
-void RecordBrowser::translate()
+void RecordBrowser::translate(Connection &connection)
 {
     const QString title = windowTitle();
     ui_->retranslateUi(this);
     setWindowTitle(title); // whoever opened the screen may have given it another
     std::map<int, QString> replaced;
-    if (module_.DatabaseConnection) {
-        readLanguage(*module_.DatabaseConnection, module_.CountryCode,
-                     [&](quint8 position, const QString &text) {
-                         replaced[position] = text;
-                         applyLanguage(position, text);
-                     });
-    }
+    readLanguage(connection, module_.CountryCode, [&](quint8 position, const QString &text) {
+        replaced[position] = text;
+        applyLanguage(position, text);
+    });
     const auto caption = [&](const char *designed, int position) {
         const auto found = replaced.find(position);
         return found != replaced.end() ? found->second
@@ -366,8 +378,8 @@ void RecordBrowser::applyRights()
 void RecordBrowser::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange && connection_) {
-        kept([this] { translate(); });
+    if (event->type() == QEvent::LanguageChange && connection_ && module_.DatabaseConnection) {
+        kept([this] { translate(*module_.DatabaseConnection); });
     }
 }
 

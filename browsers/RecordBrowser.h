@@ -3,6 +3,7 @@
 #include "browsers/BrowserTable.h"
 #include "browsers/RecordsetModel.h"
 #include "browsers/RowExport.h"
+#include "platform/Tries.h"
 
 #include <QWidget>
 
@@ -83,6 +84,9 @@ protected:
     bool saveEdit();
     /// Reads the rows anew, in their order; the place stays.
     void readAgain();
+    /// For what the operator waits for: a second at most until the file can be read.
+    /// @throws RuntimeFailure when it is in other hands all that time.
+    void awaitFile();
     /// Work that takes long: a slice at a time, until one gives false or the operator presses Esc.
     /// Each says how far the whole has come, in per cent. A failure is shown and ends it. Other
     /// work that is going on is not given up for it: then there is a beep, and nothing else.
@@ -125,9 +129,9 @@ private:
     void buildButtons();
     void buildGrid();
     void wire();
-    void translate();
-    void connectToDatabase();
-    void openRows();
+    void translate(Connection &connection);
+    void load(milliseconds patience);
+    void openRows(const std::shared_ptr<Connection> &connection);
     void showRows(RecordsetModel::GivesWay when);
     void readOn();
     void keepPlace();
@@ -163,6 +167,8 @@ private:
     QLabel *lblEmpty_; ///< in the grid, why there is nothing else in it
     std::unique_ptr<Timer> Timer1_;
     std::unique_ptr<Timer> work_;
+    Tries reload_;
+    bool reloadDue_ = false;           ///< Timer1 could not read what RefreshPending tells of
     std::function<bool(int &)> slice_; ///< of the long work that is going on
     QStringList headings_;
     QString path_;           ///< of the file that the rows come from

@@ -254,6 +254,7 @@ void RecordBrowser::cmdDelete_Click()
 void RecordBrowser::cmdRefresh_Click()
 {
     if (saveEdit()) {
+        awaitFile();
         readAgain();
     }
 }

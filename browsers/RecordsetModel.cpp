@@ -20,14 +20,12 @@ QString onOneLine(QString text)
 
 constexpr int kFirstRows = 2'000; ///< listed at once: some 2 ms
 constexpr milliseconds kBetweenSlices = 1ms;
-constexpr milliseconds kForTheView = 40ms;     ///< in which it can paint the first rows
-constexpr milliseconds kBeforeNextTry = 500ms; ///< when the file is in other hands
-constexpr int kTriesInSilence = 10;
+constexpr milliseconds kForTheView = 40ms; ///< in which it can paint the first rows
 
 } // namespace
 
 RecordsetModel::RecordsetModel(Clock &clock, Operator &person, QObject *parent)
-    : QAbstractTableModel(parent), person_(person), slices_(clock.timer([this] { tick(); }))
+    : QAbstractTableModel(parent), person_(person), tries_(person), slices_(clock.timer([this] { tick(); }))
 {
 }
 
@@ -36,8 +34,8 @@ RecordsetModel::~RecordsetModel() = default;
 void RecordsetModel::show(Recordset &rows, GivesWay when)
 {
     const std::shared_ptr<RowList> fresh = rows.list();
-    failures_ = 0;
-    const bool read = fresh->isComplete() || tried([&] { fresh->readSlice(kFirstRows); });
+    tries_.beginAnew();
+    const bool read = fresh->isComplete() || tries_([&] { fresh->readSlice(kFirstRows); });
     const bool sameSet = set_ == &rows && columns_ == rows.columns();
     set_ = &rows;
     reading_ = fresh;
@@ -45,7 +43,7 @@ void RecordsetModel::show(Recordset &rows, GivesWay when)
     takeOverWhenKnown();
     takeRows();
     if (isReading()) {
-        lookAgain(!read ? kBeforeNextTry : list_ == reading_ ? kForTheView : kBetweenSlices);
+        lookAgain(!read ? Tries::kPause : list_ == reading_ ? kForTheView : kBetweenSlices);
     }
 }
 
@@ -71,28 +69,10 @@ void RecordsetModel::takeOver()
     endResetModel();
 }
 
-/// Reads, and gives whether that went well. A file that is in other hands for a moment is no news;
-/// when it lasts, the operator is told, once.
-bool RecordsetModel::tried(const std::function<void()> &reading)
-{
-    bool read = false;
-    const auto once = [&] {
-        reading();
-        read = true;
-        failures_ = 0;
-    };
-    if (++failures_ == kTriesInSilence) {
-        shown(person_, {}, once);
-    } else {
-        kept(once);
-    }
-    return read;
-}
-
 void RecordsetModel::tick()
 {
     slices_->setEnabled(false);
-    if (unreadable_ && rows_ > 0 && tried([this] { set_->rows({list_->key(0)}); })) {
+    if (unreadable_ && rows_ > 0 && tries_([this] { set_->rows({list_->key(0)}); })) {
         unreadable_ = false;
         emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
     }
@@ -101,14 +81,14 @@ void RecordsetModel::tick()
     if (!showsLatest() && edited_ >= 0) {
         read = false; // what is being changed must not go from under it
     } else if (reading_) {
-        read = tried([this] { reading_->readSlice(); });
+        read = tries_([this] { reading_->readSlice(); });
         if (reading_) { // a box may have stood open, and the reading have been stopped meanwhile
             takeOverWhenKnown();
             takeRows();
         }
     }
     if (reading_ || unreadable_) {
-        lookAgain(read ? kBetweenSlices : kBeforeNextTry);
+        lookAgain(read ? kBetweenSlices : Tries::kPause);
     }
 }
 
@@ -181,7 +161,7 @@ const RecordsetModel::Window &RecordsetModel::window(int number) const
         unreadable_ = false;
     });
     if (unreadable_) {
-        lookAgain(kBeforeNextTry);
+        lookAgain(Tries::kPause);
         return kNothing;
     }
     Window fresh;

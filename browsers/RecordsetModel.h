@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/Recordset.h"
+#include "platform/Tries.h"
 
 #include <QAbstractTableModel>
 
@@ -8,10 +9,8 @@
 #include <map>
 #include <memory>
 
-class Clock;
 class Operator;
 class RowList;
-class Timer;
 
 /// The rows of a recordset, for every grid of the program.
 ///
@@ -107,7 +106,6 @@ private:
     const Window &window(int number) const;
     void forgetWindows(int fromRow = 0);
     void tick();
-    bool tried(const std::function<void()> &reading);
     void takeOver();
     void takeOverWhenKnown();
     void takeRows();
@@ -120,6 +118,7 @@ private:
     Column column(int place) const;
 
     Operator &person_;
+    Tries tries_;
     std::unique_ptr<Timer> slices_;
     Recordset *set_ = nullptr;
     std::shared_ptr<RowList> list_;    ///< shown
@@ -133,5 +132,4 @@ private:
     mutable std::map<int, Window> windows_; ///< by number
     mutable std::vector<qint64> gone_;      ///< rows that were listed and are not there any more
     mutable bool unreadable_ = false; ///< the last window could not be read: until the next tick
-    int failures_ = 0;                ///< readings that failed, one behind the other
 };

@@ -34,6 +34,7 @@ void frmBrukere::cmdDelete_Click()
 void frmBrukere::cmdRefresh_Click()
 {
     if (saveEdit()) {
+        awaitFile();
         RecountTillatelser();
     }
 }

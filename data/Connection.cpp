@@ -4,7 +4,7 @@
 #include "data/EngineFunctions.h"
 #include "data/FileKey.h"
 #include "data/FileUse.h"
-#include "platform/RuntimeFailure.h"
+#include "platform/Tries.h"
 
 #include <QCache>
 #include <QCoreApplication>
@@ -17,7 +17,6 @@
 
 namespace {
 
-constexpr int kLongestWait = 5000; // ms
 constexpr int kPreparedStatements = 200;
 constexpr int kSaltSize = 16; // bytes
 
@@ -30,7 +29,7 @@ QString translated(const char *text)
 {
     switch (sqlite3_errcode(database)) {
     case SQLITE_BUSY:
-        throw RuntimeFailure(translated("Databasen er låst av et annet program"));
+        throw InOtherHands(translated("Databasen er låst av et annet program"));
     case SQLITE_NOTADB:
         throw RuntimeFailure(
             translated("Filen er ikke en database, eller den har et annet passord"));
@@ -223,14 +222,14 @@ struct Connection::Private {
     const QString path; ///< absolute
     FileKey key;
     std::shared_ptr<FileUse> use;
-    void wait(int milliseconds) const
+    void wait(std::chrono::milliseconds atMost) const
     {
         if (database != nullptr) {
-            sqlite3_busy_timeout(database, milliseconds);
+            sqlite3_busy_timeout(database, static_cast<int>(atMost.count()));
         }
     }
 
-    int patience = kLongestWait; ///< ms
+    std::chrono::milliseconds patience = kLongestWait;
     sqlite3 *database = nullptr;
     /// Prepared statements by their text. One at work is not here, so that its reader may run the
     /// same text again.
@@ -251,18 +250,19 @@ std::shared_ptr<Connection> Connection::open(const QString &connectionString,
                                              std::shared_ptr<FileUse> use)
 {
     const auto [path, password] = connectionParts(connectionString);
-    return open(existingFile(path), FileKey(password.toUtf8()), std::move(use));
+    return open(existingFile(path), FileKey(password.toUtf8()), std::move(use), kLongestWait);
 }
 
-std::shared_ptr<Connection> Connection::another() const
+std::shared_ptr<Connection> Connection::another(std::chrono::milliseconds patience) const
 {
     d->opened();
     const QString path = existingFile(d->path);
-    return open(path, d->key, FileUse::shared(path));
+    return open(path, d->key, FileUse::shared(path), patience);
 }
 
 std::shared_ptr<Connection> Connection::open(const QString &path, FileKey key,
-                                             std::shared_ptr<FileUse> use)
+                                             std::shared_ptr<FileUse> use,
+                                             std::chrono::milliseconds patience)
 {
     auto state = std::make_unique<Private>(path, std::move(key), std::move(use));
     const int opened = sqlite3_open_v2(path.toUtf8().constData(), &state->database,
@@ -273,7 +273,8 @@ std::shared_ptr<Connection> Connection::open(const QString &path, FileKey key,
         check(state->database, sqlite3_key(state->database, engineKey.constData(),
                                            static_cast<int>(engineKey.size())));
     }
-    sqlite3_busy_timeout(state->database, kLongestWait);
+    state->patience = patience;
+    state->wait(patience);
     addEngineFunctions(state->database);
     std::shared_ptr<Connection> connection(new Connection(std::move(state)));
     // Newer engines write another format by default, which older ones cannot read; those don't
@@ -288,7 +289,7 @@ std::shared_ptr<Connection> Connection::open(const QString &path, FileKey key,
 
 void Connection::setPatience(std::chrono::milliseconds patience)
 {
-    d->patience = static_cast<int>(patience.count());
+    d->patience = patience;
     d->wait(d->patience);
 }
 

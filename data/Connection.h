@@ -20,6 +20,8 @@ class FileUse;
 /// invalid QVariant). A truth value is stored as the tables hold flags: 0 false, -1 true.
 class Connection {
 public:
+    static constexpr std::chrono::milliseconds kLongestWait{5000};
+
     /// Opens an existing file; it never creates one. The string has the form
     /// "PROVIDER=…;Data Source=<path>;JET OLEDB:Database Password=<password>".
     /// @throws RuntimeFailure when the file is missing, no database, locked, or the password is
@@ -29,14 +31,16 @@ public:
     static std::shared_ptr<Connection> open(const QString &connectionString,
                                             std::shared_ptr<FileUse> use);
     /// A further connection to the same file, with a share of its own in it. It costs little: the
-    /// key is not derived again, unless another file has come into the place of this one.
+    /// key is not derived again, unless another file has come into the place of this one. The
+    /// patience counts from its opening on.
     /// @throws RuntimeFailure as open() does, and when this connection is closed.
-    std::shared_ptr<Connection> another() const;
+    std::shared_ptr<Connection> another(std::chrono::milliseconds patience = kLongestWait) const;
     ~Connection();
     Connection(const Connection &) = delete;
     Connection &operator=(const Connection &) = delete;
 
-    /// How long a statement outside a transaction waits for others; 5 s at first.
+    /// How long a statement outside a transaction waits for others; kLongestWait at first.
+    /// Behind that it fails with InOtherHands.
     void setPatience(std::chrono::milliseconds patience);
 
     /// Lets go of the file, whoever still holds this object; every later use fails.
@@ -63,7 +67,8 @@ public:
 private:
     struct Private;
     static std::shared_ptr<Connection> open(const QString &path, FileKey key,
-                                            std::shared_ptr<FileUse> use);
+                                            std::shared_ptr<FileUse> use,
+                                            std::chrono::milliseconds patience);
     explicit Connection(std::unique_ptr<Private> p);
     void between(const QString &begin, const std::function<void()> &work);
     std::unique_ptr<Private> d;

@@ -6,6 +6,7 @@
 #include "modem/SendPace.h"
 #include "platform/RuntimeFailure.h"
 
+#include <QElapsedTimer>
 #include <QPlainTextEdit>
 
 namespace {
@@ -151,6 +152,30 @@ TEST_F(ListsTest, ReloadComesWithTheFlagAndKeepsThePlace)
     EXPECT_EQ(column(2), "01/06,09:00|02/06,08:00|03/06,08:00");
     EXPECT_EQ(status(), u"Record: 3"_qs);
     EXPECT_EQ(grid().columnWidth(1), 99);
+}
+
+// What this screen was told of is not lost, though another one takes the flag meanwhile.
+TEST_F(ListsTest, LockedFileDelaysAReloadAndDoesNotStopTheScreen)
+{
+    message(u"en"_qs);
+    open<frmSMSReceived>(tools());
+    message(u"to"_qs);
+    const auto other = database.open();
+    other->run(u"BEGIN EXCLUSIVE"_qs);
+    module.RefreshPending = true;
+    QElapsedTimer stopped;
+    stopped.start();
+    clock.run(20s);
+    EXPECT_LT(stopped.elapsed(), 4'000);
+    EXPECT_TRUE(std::exchange(module.RefreshPending, false));
+    person.answers(u"låst"_qs);
+    clock.run(60s);
+    person.answers(u"låst"_qs);
+    click("cmdRefresh");
+    EXPECT_EQ(column(5), "en");
+    other->run(u"COMMIT"_qs);
+    clock.run(10s);
+    EXPECT_EQ(column(5), "en|to");
 }
 
 TEST_F(ListsTest, FetchAsksTheDoorOnceForEachLength)
