@@ -121,12 +121,11 @@ void RecordBrowser::currentRowChanged()
 
 void RecordBrowser::showCurrentRow()
 {
-    const qint64 bookmark = model_.bookmark(currentRow());
-    if (bookmark == 0) {
+    if (model_.bookmark(currentRow()) == 0) {
         return;
     }
     if (model_.editedRow() != currentRow()) { // a move would drop what was typed
-        kept([&] { adoPrimaryRS.setBookmark(bookmark); });
+        model_.readAgain(currentRow());
     }
     showStatus(QStringLiteral("Record: %1").arg(currentRow() + 1));
     rowChanged();

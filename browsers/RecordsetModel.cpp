@@ -277,7 +277,7 @@ void RecordsetModel::beginEdit(int row)
     if (isNewRow(row)) {
         set_->addNew();
     } else {
-        set_->standOn(bookmark(row));
+        set_->standOn(rowAsShown(row));
     }
     edited_ = row;
     emit headerDataChanged(Qt::Vertical, row, row);
@@ -294,7 +294,7 @@ void RecordsetModel::endEdit()
 void RecordsetModel::standOn(int row)
 {
     if (edited_ < 0 || edited_ == row) { // it would drop what is typed elsewhere
-        set_->standOn(bookmark(row));
+        set_->standOn(rowAsShown(row));
     }
 }
 
@@ -332,14 +332,19 @@ void RecordsetModel::cancelEdit()
 
 void RecordsetModel::readAgain(int row)
 {
-    forgetWindows(row);
-    kept([&] { set_->setBookmark(bookmark(row)); });
-    emit dataChanged(index(row, 0), index(row, columnCount() - 1));
+    kept([&] {
+        set_->setBookmark(bookmark(row));
+        const std::optional<RecordsetRow> read = set_->row();
+        if (!read || read->values != values(row)) {
+            windows_.erase(row / kWindow);
+            emit dataChanged(index(row, 0), index(row, columnCount() - 1));
+        }
+    });
 }
 
 void RecordsetModel::deleteRow(int row)
 {
-    set_->standOn(bookmark(row));
+    set_->standOn(rowAsShown(row));
     set_->remove();
     removeShown(row, row);
 }

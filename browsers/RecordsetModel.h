@@ -73,12 +73,14 @@ public:
     void saveEdit();
     /// Drops the changes.
     void cancelEdit();
-    /// The set stands on the row, which it reads unless it stands there already.
-    /// @throws RuntimeFailure when it cannot be read.
+    /// The set stands on the row, as the grid shows it. So whoever changes or deletes the row has
+    /// seen what he does it to, and a file in other hands does not keep him from typing.
+    /// @throws RuntimeFailure when it is not shown yet and cannot be read.
     void standOn(int row);
     /// Changes a column without a cell's editor, as a new row's defaults are.
     void setValue(int column, const QVariant &value);
-    /// Reads the values of the row anew.
+    /// The set stands on the row as the file has it now, and so it is shown; without the file it
+    /// stays as it was.
     void readAgain(int row);
     /// Deletes the row.
     /// @throws RuntimeFailure when it cannot be deleted, or is another than was shown.
@@ -103,6 +105,7 @@ private:
 
     using Window = std::map<int, QVariantList>; ///< by row
     const QVariantList &values(int row) const;
+    RecordsetRow rowAsShown(int row) const { return {bookmark(row), values(row)}; }
     const Window &window(int number) const;
     void forgetWindows(int fromRow = 0);
     void tick();

@@ -429,11 +429,16 @@ void Recordset::setBookmark(qint64 bookmark)
     set.stand(set.reader.row(bookmark), Private::Place::Behind);
 }
 
-void Recordset::standOn(qint64 bookmark)
+void Recordset::standOn(const RecordsetRow &row)
 {
-    const Private &set = opened(); // a set that is unread stands nowhere yet, and need not
-    if (set.unread || set.adding || set.place != Private::Place::OnRow ||
-        set.current.bookmark != bookmark) {
-        setBookmark(bookmark);
+    Private &set = opened(); // a set that is unread stands nowhere yet, and need not
+    if (!set.unread && !set.adding && set.place == Private::Place::OnRow &&
+        set.current.bookmark == row.bookmark) {
+        return;
+    }
+    if (row.values.isEmpty()) {
+        setBookmark(row.bookmark);
+    } else {
+        set.stand(row, Private::Place::Behind);
     }
 }

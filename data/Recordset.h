@@ -125,8 +125,10 @@ public:
     qint64 bookmark() const;
     /// Goes to the row of a bookmark; eof() when it is gone.
     void setBookmark(qint64 bookmark);
-    /// The same, but a row that the set stands on already keeps its values, as read and as set.
-    void standOn(qint64 bookmark);
+    /// Goes to a row as this set gave it before: by those values update() and remove() tell whether
+    /// somebody else has changed it since. Without values it is read. A row that the set stands on
+    /// already keeps its own, as read and as set.
+    void standOn(const RecordsetRow &row);
 
 private:
     struct Private;

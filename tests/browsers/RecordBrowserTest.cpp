@@ -230,7 +230,10 @@ TEST_F(RecordBrowserTest, ConflictsAreToldAndSettledByTheOperator)
     type(0, 1, u"så min"_qs);
     key(Qt::Key_Down);
     EXPECT_EQ(rows(u"SELECT Password FROM Passwords WHERE USER_ID = 'Anna'"_qs), "så min");
+    run(u"UPDATE Passwords SET Password = 'en ny' WHERE USER_ID = 'Anna'"_qs);
+    EXPECT_EQ(column(1, 1), "så min");
     key(Qt::Key_Home);
+    EXPECT_EQ(column(1, 1), "en ny") << "who stands on a row sees what he may delete";
 
     run(u"UPDATE Passwords SET Password = 'nok en' WHERE USER_ID = 'Anna'"_qs);
     FakeMachine::person.answers(conflict);

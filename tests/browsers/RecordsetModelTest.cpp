@@ -135,6 +135,11 @@ TEST_F(RecordsetModelTest, EditsGatherInOneRowUntilTheyAreSaved)
     EXPECT_THROW(model.saveEdit(), RuntimeFailure);
     EXPECT_EQ(text(0, 1), "Min") << "what was typed is not lost";
     EXPECT_EQ(model.editedRow(), 0);
+    model.cancelEdit();
+    EXPECT_EQ(text(0, 1), "Din");
+    set.requery(); // stands nowhere
+    database.look().run(u"UPDATE Katalog SET Etternavn = 'Ny' WHERE Rad = 1"_qs);
+    EXPECT_THROW(model.deleteRow(0), RuntimeFailure) << "it is not what the grid shows";
 }
 
 TEST_F(RecordsetModelTest, LockedFileLeavesCellsEmptyUntilItIsFree)
