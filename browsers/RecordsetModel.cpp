@@ -37,6 +37,9 @@ void RecordsetModel::show(Recordset &rows, GivesWay when)
     tries_.beginAnew();
     const bool read = fresh->isComplete() || tries_([&] { fresh->readSlice(kFirstRows); });
     const bool sameSet = set_ == &rows && columns_ == rows.columns();
+    if (reading_ != fresh) {
+        endShown();
+    }
     set_ = &rows;
     reading_ = fresh;
     givesWay_ = sameSet ? when : GivesWay::AtOnce;
@@ -123,9 +126,19 @@ void RecordsetModel::insertListed()
     endInsertRows();
 }
 
+/// Nobody reads on what is shown: a new row stands behind it at once.
+void RecordsetModel::endShown()
+{
+    if (list_ && !list_->isComplete()) {
+        list_ = list_->soFar();
+        insertListed();
+    }
+}
+
 void RecordsetModel::stopReading()
 {
     reading_.reset();
+    endShown();
     emit readOn();
 }
 

@@ -112,6 +112,7 @@ private:
     void takeOver();
     void takeOverWhenKnown();
     void takeRows();
+    void endShown();
     void insertListed();
     void removeGone();
     void removeShown(int first, int last);

@@ -71,6 +71,23 @@ RowList::RowList(std::shared_ptr<Connection> connection, RowSelect select)
 
 RowList::~RowList() = default;
 
+RowList::RowList(const RowList &listed)
+    : connection_(listed.connection_),
+      select_(listed.select_),
+      phase_(listed.phase_),
+      inKeyOrder_(listed.inKeyOrder_),
+      keys_(listed.keys_),
+      appended_(listed.appended_)
+{
+}
+
+std::shared_ptr<RowList> RowList::soFar() const
+{
+    const std::shared_ptr<RowList> rows(new RowList(*this));
+    rows->finish();
+    return rows;
+}
+
 bool RowList::comesFromAnIndex() const
 {
     bool sorted = false;
@@ -237,7 +254,7 @@ void RowList::finish()
     [[maybe_unused]] const bool tookMuch = runs_.size() > 1;
     runs_.clear();
     for (const qint64 key : appended_) {
-        if (rowOf(key) < 0) { // the reading may have come to it all the same
+        if (rowOf(key) < 0) { // the reading may have come to it
             keys_.add(key);
         }
     }
@@ -266,9 +283,9 @@ void RowList::append(qint64 key)
 {
     if (isComplete()) {
         keys_.add(key);
-    } else if (phase_ == Phase::Merging || (phase_ == Phase::Listing && !inKeyOrder_)) {
+    } else {
         appended_.push_back(key);
-    } // else the reading comes to it: no key is as great
+    }
 }
 
 void RowList::remove(int row)

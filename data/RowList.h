@@ -23,6 +23,9 @@ public:
 
     RowList(std::shared_ptr<Connection> connection, RowSelect select);
     ~RowList();
+    /// Another list, complete with the rows that this one has by now: for whoever waits for no
+    /// more of them. A set that walks along this one still comes to the last.
+    std::shared_ptr<RowList> soFar() const;
 
     bool isComplete() const { return phase_ == Phase::Complete; }
     /// Reads on by one slice; nothing once the list is complete.
@@ -43,6 +46,7 @@ public:
     void remove(int row);
 
 private:
+    RowList(const RowList &listed);
     struct Run;
     struct Place;
     enum class Phase { Listing, Collecting, Merging, Complete };
@@ -70,7 +74,7 @@ private:
     QVariant lastValue_;           ///< what that row is ordered by, where an index gives the order
     bool begun_ = false;           ///< there is such a row
     mutable int hint_ = 0;         ///< where rowOf() looks first: walks go from row to row
-    std::vector<qint64> appended_; ///< new rows that the reading has passed by
+    std::vector<qint64> appended_; ///< new rows, whether the reading comes to them or not
     std::vector<std::unique_ptr<Run>> runs_; ///< sorted each, to be merged
     std::vector<Place> heads_;               ///< heap of the runs' next rows
 };

@@ -90,8 +90,13 @@ TEST_F(RecordsetModelTest, StoppedReadingKeepsWhatWasFound)
     people(kPeople);
     show();
     model.stopReading();
+    model.setColumns({{.isEditable = true}});
+    model.setAddsRows(true);
+    model.setData(model.index(2000, 0), u"ny"_qs, Qt::EditRole);
+    model.saveEdit();
     clock.run(1s);
-    EXPECT_EQ(model.recordCount(), 2000);
+    EXPECT_EQ(model.recordCount(), 2001);
+    EXPECT_EQ(text(2000), "ny");
 }
 
 TEST_F(RecordsetModelTest, RowsThatOthersDeleteGoWhenTheyComeIntoSight)
