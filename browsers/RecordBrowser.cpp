@@ -30,7 +30,6 @@ constexpr milliseconds kTimer1 = 10'000ms;
 constexpr milliseconds kPatience = 50ms; ///< of a reading: the window must go on answering
 constexpr milliseconds kAskedFor = 1s;   ///< of one that somebody waits for
 constexpr int kReloadsInSilence = 3;     ///< ticks of Timer1 that found the file in other hands
-constexpr int kWidestColumn = 240;       // pixels, to start with
 constexpr int kRowsMeasured = 40;        ///< for the widths of columns: a screenful
 
 QString utf8(const char *text)
@@ -196,10 +195,7 @@ void RecordBrowser::openRows(const std::shared_ptr<Connection> &connection)
     Recordset rows; // when it cannot be opened, what is shown stays whole
     rows.open(connection, query());
     rows.search(ui_->txtSearch->text());
-    sortColumn_ = utf8(table_.sort);
-    if (table_.has(BrowserTable::KeepsSort)) {
-        sortColumn_ = settings_.get(settingsKey("Sort"), sortColumn_);
-    }
+    sortColumn_ = sortToOpenIn();
     if (!sortColumn_.isEmpty()) {
         rows.sort(sortColumn_);
     }
@@ -381,65 +377,6 @@ void RecordBrowser::changeEvent(QEvent *event)
     if (event->type() == QEvent::LanguageChange && connection_ && module_.DatabaseConnection) {
         kept([this] { translate(*module_.DatabaseConnection); });
     }
-}
-
-// --- columns
-
-QString RecordBrowser::settingsKey(const char *what) const
-{
-    return objectName() + u'.' + utf8(what);
-}
-
-/// Widths and order as their operator left them, else as designed.
-void RecordBrowser::restoreColumns()
-{
-    if (settled_ || model_.columnCount() == 0) {
-        return;
-    }
-    QTableView &grid = *ui_->grdDataGrid;
-    QHeaderView &headings = *grid.horizontalHeader();
-    const QByteArray left =
-        QByteArray::fromBase64(settings_.get(settingsKey("Columns"), QString()).toLatin1());
-    const bool restored = !left.isEmpty() && headings.restoreState(left);
-    // An empty table does not say what its columns need.
-    settled_ = restored || model_.recordCount() > 0;
-    if (!restored) {
-        grid.resizeColumnsToContents();
-    }
-    int place = 0;
-    for (const BrowserColumn &column : table_.columns) {
-        if (!restored) {
-            const int width = std::min(grid.columnWidth(place) + 12, kWidestColumn);
-            grid.setColumnWidth(place, std::max(column.width, width));
-        }
-        grid.setColumnHidden(place++, column.use == BrowserColumn::Hidden);
-    }
-    headings.setStretchLastSection(true);
-    headings.setSectionsMovable(true);
-    headings.setSectionsClickable(table_.has(BrowserTable::HeadingSort));
-}
-
-void RecordBrowser::saveColumns()
-{
-    if (settled_) {
-        settings_.save(
-            settingsKey("Columns"),
-            QString::fromLatin1(ui_->grdDataGrid->horizontalHeader()->saveState().toBase64()));
-    }
-}
-
-std::vector<RowExport::Column> RecordBrowser::columnsInSight() const
-{
-    const QHeaderView &headings = *ui_->grdDataGrid->horizontalHeader();
-    std::vector<RowExport::Column> columns;
-    for (int visual = 0; visual < headings.count(); ++visual) {
-        const int place = headings.logicalIndex(visual);
-        if (!headings.isSectionHidden(place)) {
-            columns.push_back(
-                {place, model_.headerData(place, Qt::Horizontal, Qt::DisplayRole).toString()});
-        }
-    }
-    return columns;
 }
 
 void RecordBrowser::closeEvent(QCloseEvent *event)

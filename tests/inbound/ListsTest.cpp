@@ -83,6 +83,9 @@ TEST_F(ListsTest, SentAndWaitingAreTwoListsOfOneTable)
     run(u"UPDATE SMS_Sent SET SMS_Text = 'z' WHERE SMS_Text = 'b'"_qs);
     open<frmSMSSent>(tools());
     EXPECT_EQ(column(5), "c|z") << "the key is kept";
+    settings.values[u"frmsmssent.sort"_qs] = u"tull"_qs;
+    open<frmSMSSent>(tools());
+    EXPECT_EQ(column(5), "z|c");
 }
 
 TEST_F(ListsTest, MessageShowsItsLinesBelowUntilAnotherHasSome)
