@@ -17,6 +17,7 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScopeGuard>
+#include <QScopedValueRollback>
 #include <QScreen>
 
 #include <algorithm>
@@ -143,6 +144,7 @@ void RecordBrowser::wire()
             &RecordBrowser::headingClicked);
     connect(grid.selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &RecordBrowser::currentRowChanged);
+    connect(&grid, &QTableView::pressed, this, &RecordBrowser::stayHere);
     connect(&grid, &QTableView::doubleClicked, this, [this] { cellDoubleClicked(); });
     connect(&model_, &RecordsetModel::readOn, this, &RecordBrowser::readOn);
     connect(&model_, &RecordsetModel::newRowBegun, this,
@@ -273,10 +275,12 @@ void RecordBrowser::backToPlace()
             return;
         }
         place_.reset();
+        const QScopedValueRollback wish(wantsLast_);
         moveTo(0);
         return;
     }
     const PlaceKept kept = *std::exchange(place_, std::nullopt);
+    const QScopedValueRollback wish(wantsLast_); // this is no move of the operator's
     QTableView &grid = *ui_->grdDataGrid;
     grid.setCurrentIndex(model_.index(row, kept.column));
     if (kept.selected.size() > 1) { // one pass, however many there are

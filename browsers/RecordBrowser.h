@@ -136,6 +136,7 @@ private:
     void readOn();
     void keepPlace();
     void backToPlace();
+    void stayHere();
     void setSort(const QString &column);
     void showSort();
     void headingClicked(int column);
@@ -175,7 +176,7 @@ private:
     QStringList headings_;
     QString path_;           ///< of the file that the rows come from
     QString sortColumn_;     ///< in force; empty for the order of the query
-    bool wantsLast_ = false; ///< the last row is moved to once it is known
+    bool wantsLast_ = false; ///< the last row is moved to once it is known, unless another is first
     bool settled_ = false;   ///< columns stand as their operator left them
     bool busy_ = false;
     std::chrono::milliseconds readingSince_{0};

@@ -50,6 +50,7 @@ void RecordBrowser::setSort(const QString &column)
         settings_.save(settingsKey("Sort"), column);
     }
     place_ = PlaceKept{};
+    wantsLast_ = false;
     ui_->grdDataGrid->clearSelection();
     showRows(RecordsetModel::GivesWay::ToFirstRows);
 }
@@ -72,6 +73,7 @@ void RecordBrowser::searchChanged()
     if (!adoPrimaryRS.isOpen() || !saveEdit()) {
         return;
     }
+    wantsLast_ = false;
     shown(person_, {}, [this] {
         keepPlace();
         adoPrimaryRS.search(ui_->txtSearch->text());
@@ -100,9 +102,20 @@ QString RecordBrowser::value(const char *field)
 
 void RecordBrowser::moveTo(int row)
 {
+    wantsLast_ = false;
     if (row >= 0 && row < model_.rowCount()) {
         const int column = std::max(0, ui_->grdDataGrid->currentIndex().column());
         ui_->grdDataGrid->setCurrentIndex(model_.index(row, column));
+    }
+}
+
+/// The operator has chosen where to be: whatever was on the way elsewhere ends.
+void RecordBrowser::stayHere()
+{
+    wantsLast_ = false;
+    if (place_) {
+        const PlaceKept here{.current = model_.bookmark(currentRow())};
+        place_ = model_.showsLatest() ? std::nullopt : std::optional(here);
     }
 }
 
@@ -113,9 +126,7 @@ void RecordBrowser::currentRowChanged()
         moveTo(edited); // it is not done with yet
         return;
     }
-    if (place_ && !model_.showsLatest()) {
-        place_ = PlaceKept{.current = model_.bookmark(currentRow())}; // the later wish counts
-    }
+    stayHere();
     showCurrentRow();
 }
 
@@ -183,8 +194,8 @@ void RecordBrowser::cmdFirst_Click()
 
 void RecordBrowser::cmdLast_Click()
 {
-    wantsLast_ = model_.isReading();
     moveTo(model_.recordCount() - 1);
+    wantsLast_ = model_.isReading();
 }
 
 void RecordBrowser::cmdNext_Click()
