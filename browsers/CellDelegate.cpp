@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
+#include <QLineEdit>
 #include <QTextDocument>
 #include <QToolTip>
 
@@ -22,4 +23,13 @@ bool CellDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
         cut ? Qt::convertFromPlainText(index.data(Qt::EditRole).toString()) : QString(), view);
     event->setAccepted(cut); // else the grid's own tool tip comes
     return cut;
+}
+
+/// A view asks for this again whenever values were read anew.
+void CellDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
+{
+    const auto *line = qobject_cast<QLineEdit *>(editor);
+    if (line == nullptr || !line->isModified()) {
+        QStyledItemDelegate::setEditorData(editor, index);
+    }
 }

@@ -2,7 +2,7 @@
 
 #include <QStyledItemDelegate>
 
-/// A cell of a grid: what is cut off shows in a tool tip.
+/// A cell of a grid: what is cut off shows in a tool tip, and what is being typed is the operator's.
 class CellDelegate : public QStyledItemDelegate {
     Q_OBJECT
 public:
@@ -10,4 +10,5 @@ public:
 
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
                    const QModelIndex &index) override;
+    void setEditorData(QWidget *editor, const QModelIndex &index) const override;
 };

@@ -96,6 +96,7 @@ void RecordBrowser::buildGrid()
 {
     QTableView &grid = *ui_->grdDataGrid;
     grid.setModel(&model_);
+    model_.setTypingTest([this] { return isTyping(); });
     grid.setItemDelegate(new CellDelegate(this));
     grid.installEventFilter(this);
     lblEmpty_->setObjectName(QStringLiteral("lblEmpty"));
@@ -234,6 +235,9 @@ void RecordBrowser::showRows(RecordsetModel::GivesWay when)
 /// More rows are known: whatever waited for them goes on.
 void RecordBrowser::readOn()
 {
+    if (isTyping()) {
+        stayHere();
+    }
     if (place_) {
         backToPlace();
     }
@@ -306,7 +310,7 @@ void RecordBrowser::timer1Tick()
 {
     // What is being typed stays; the flag waits for the next tick, or for another screen.
     if ((module_.RefreshPending || reloadDue_) && isVisible() && model_.editedRow() < 0 &&
-        !EditFlag && !AddNewFlag) {
+        !EditFlag && !AddNewFlag && !isTyping()) {
         reloadDue_ = true; // another screen may take the flag before this one could read
         reload_([this] { load(kPatience); });
     }

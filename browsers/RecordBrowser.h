@@ -99,6 +99,8 @@ protected:
     /// Opens a cell, and closes the one that is open, what was typed in it being kept.
     void beginTyping(int row, int column);
     void endTyping();
+    /// A cell is open.
+    bool isTyping() const;
     void moveTo(int row);
     int currentRow() const; ///< -1 without one
 

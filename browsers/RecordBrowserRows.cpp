@@ -176,6 +176,11 @@ void RecordBrowser::beginTyping(int row, int column)
     ui_->grdDataGrid->edit(cell);
 }
 
+bool RecordBrowser::isTyping() const
+{
+    return ui_->grdDataGrid->indexWidget(ui_->grdDataGrid->currentIndex()) != nullptr;
+}
+
 void RecordBrowser::endTyping()
 {
     // An open cell takes what was typed when it loses the focus, which a window may not have.

@@ -54,7 +54,7 @@ void RecordsetModel::takeOverWhenKnown()
 {
     const bool known = reading_->isComplete() || givesWay_ == GivesWay::AtOnce ||
                        (givesWay_ == GivesWay::ToFirstRows && reading_->count() > 0);
-    if (known && list_ != reading_) {
+    if (known && list_ != reading_ && !isHeld()) {
         takeOver();
     }
 }
@@ -81,8 +81,8 @@ void RecordsetModel::tick()
     }
     removeGone();
     bool read = !unreadable_;
-    if (!showsLatest() && edited_ >= 0) {
-        read = false; // what is being changed must not go from under it
+    if (!showsLatest() && isHeld()) {
+        read = false; // what is being typed must not lose its row
     } else if (reading_) {
         read = tries_([this] { reading_->readSlice(); });
         if (reading_) { // a box may have stood open, and the reading have been stopped meanwhile
@@ -90,8 +90,8 @@ void RecordsetModel::tick()
             takeRows();
         }
     }
-    if (reading_ || unreadable_) {
-        lookAgain(read ? kBetweenSlices : Tries::kPause);
+    if (reading_ || unreadable_ || !gone_.empty()) {
+        lookAgain(read && gone_.empty() ? kBetweenSlices : Tries::kPause);
     }
 }
 
@@ -214,9 +214,11 @@ void RecordsetModel::forgetWindows(int fromRow)
 /// listed, and is listed anew.
 void RecordsetModel::removeGone()
 {
-    std::vector<qint64> gone;
-    gone.swap(gone_);
-    if (gone.size() >= kWindow && edited_ < 0) {
+    if (isHeld()) {
+        return;
+    }
+    const std::vector<qint64> gone = std::exchange(gone_, {});
+    if (gone.size() >= kWindow) {
         kept([&] {
             set_->requery();
             show(*set_);
@@ -224,8 +226,7 @@ void RecordsetModel::removeGone()
         return;
     }
     for (const qint64 key : gone) {
-        const int row = rowOf(key);
-        if (row >= 0 && row != edited_) {
+        if (const int row = rowOf(key); row >= 0) {
             removeShown(row, row);
         }
     }
@@ -242,7 +243,6 @@ void RecordsetModel::removeShown(int first, int last)
     }
     const int removed = last - first + 1;
     rows_ -= removed;
-    edited_ = edited_ > last ? edited_ - removed : edited_;
     forgetWindows(first);
     endRemoveRows();
 }

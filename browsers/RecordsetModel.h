@@ -44,6 +44,9 @@ public:
     void show(Recordset &rows, GivesWay when = GivesWay::ToFirstRows);
     /// Headings and rights from the left; columns behind these have none.
     void setColumns(std::vector<Column> columns);
+    /// Tells whether somebody types in a cell: that long, and as long as a row has changes, the
+    /// rows stay as they are shown.
+    void setTypingTest(std::function<bool()> isTyping) { isTyping_ = std::move(isTyping); }
     /// An empty last row, in which a new one can be typed.
     void setAddsRows(bool adds);
 
@@ -108,6 +111,7 @@ private:
     RecordsetRow rowAsShown(int row) const { return {bookmark(row), values(row)}; }
     const Window &window(int number) const;
     void forgetWindows(int fromRow = 0);
+    bool isHeld() const { return edited_ >= 0 || (isTyping_ && isTyping_()); }
     void tick();
     void takeOver();
     void takeOverWhenKnown();
@@ -123,6 +127,7 @@ private:
 
     Operator &person_;
     Tries tries_;
+    std::function<bool()> isTyping_;
     std::unique_ptr<Timer> slices_;
     Recordset *set_ = nullptr;
     std::shared_ptr<RowList> list_;    ///< shown

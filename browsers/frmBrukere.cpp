@@ -44,6 +44,9 @@ void frmBrukere::RecountTillatelser()
     const auto last = connection_->single(QStringLiteral("SELECT max(Rad) FROM Katalog"));
     beginWork([this, behind = qint64{0},
                last = std::max(qint64{1}, last.toLongLong())](int &percent) mutable {
+        if (isTyping()) {
+            return true; // to be read again, the rows must not be in use
+        }
         if (recountTillatelser(*connection_, behind)) {
             percent = static_cast<int>(100 * behind / last);
             return true;
