@@ -394,7 +394,7 @@ QVariant RecordsetModel::data(const QModelIndex &index, int role) const
 bool RecordsetModel::setData(const QModelIndex &index, const QVariant &value, int role)
 {
     const int row = index.row();
-    if (role != Qt::EditRole || !flags(index).testFlag(Qt::ItemIsEditable) ||
+    if (role != Qt::EditRole || !index.isValid() || !column(index.column()).isEditable ||
         (edited_ >= 0 && edited_ != row)) {
         return false;
     }
@@ -448,6 +448,9 @@ QVariant RecordsetModel::headerData(int section, Qt::Orientation orientation, in
 Qt::ItemFlags RecordsetModel::flags(const QModelIndex &index) const
 {
     const Qt::ItemFlags usual = QAbstractTableModel::flags(index);
-    return index.isValid() && column(index.column()).isEditable ? usual | Qt::ItemIsEditable
-                                                                : usual;
+    const int row = index.row();
+    // What is typed into a row that cannot be read now could not be kept.
+    const bool canBeTypedIn = index.isValid() && column(index.column()).isEditable &&
+                              (row == edited_ || isNewRow(row) || !values(row).isEmpty());
+    return canBeTypedIn ? usual | Qt::ItemIsEditable : usual;
 }

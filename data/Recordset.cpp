@@ -41,7 +41,7 @@ struct Recordset::Private {
 
     void settle()
     {
-        if (unread) {
+        if (unread && !adding) {
             toFirst();
         }
     }
@@ -211,6 +211,16 @@ Recordset::Private &Recordset::settled() const
     return set;
 }
 
+/// To move on from: a new row that was begun in an unread set is given up.
+Recordset::Private &Recordset::onItsPlace() const
+{
+    Private &set = opened();
+    if (set.unread) {
+        set.toFirst();
+    }
+    return set;
+}
+
 void Recordset::requery()
 {
     opened().reread();
@@ -270,7 +280,7 @@ void Recordset::moveLast()
 
 void Recordset::moveNext()
 {
-    Private &set = settled();
+    Private &set = onItsPlace();
     if (set.place == Private::Place::Behind) {
         fail(kNoRow);
     }
@@ -279,7 +289,7 @@ void Recordset::moveNext()
 
 void Recordset::movePrevious()
 {
-    Private &set = settled();
+    Private &set = onItsPlace();
     if (bof()) {
         fail(kNoRow);
     }
@@ -288,7 +298,7 @@ void Recordset::movePrevious()
 
 bool Recordset::find(const QString &column, const QString &value)
 {
-    Private &set = settled();
+    Private &set = onItsPlace();
     if (set.place == Private::Place::Behind) {
         criterionValue(value);
         set.drop();
@@ -360,7 +370,7 @@ const QStringList &Recordset::columns() const
 
 void Recordset::addNew()
 {
-    Private &set = settled();
+    Private &set = opened(); // nothing is read for it: the file may be in other hands just now
     set.drop();
     set.adding = true;
 }

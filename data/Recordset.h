@@ -134,5 +134,6 @@ private:
     struct Private;
     Private &opened() const;
     Private &settled() const;
+    Private &onItsPlace() const;
     std::unique_ptr<Private> d;
 };

@@ -150,11 +150,20 @@ TEST_F(RecordsetModelTest, EditsGatherInOneRowUntilTheyAreSaved)
 TEST_F(RecordsetModelTest, LockedFileLeavesCellsEmptyUntilItIsFree)
 {
     people(100);
+    model.setColumns({{}, {.isEditable = true}});
+    model.setAddsRows(true);
     show();
+    EXPECT_EQ(text(0), "1000001");
     database.look().setPatience(1ms);
     const auto other = database.open();
     other->run(u"BEGIN EXCLUSIVE"_qs);
     EXPECT_EQ(text(70), "");
+    EXPECT_FALSE(model.flags(model.index(70, 1)).testFlag(Qt::ItemIsEditable));
+    for (const int row : {100, 0}) {
+        EXPECT_TRUE(model.setData(model.index(row, 1), u"Ny"_qs, Qt::EditRole)) << row;
+        EXPECT_EQ(text(row, 1), "Ny");
+        model.cancelEdit();
+    }
     clock.run(4s);
     other->run(u"COMMIT"_qs);
     clock.run(1s);
