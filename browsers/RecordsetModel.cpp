@@ -36,13 +36,17 @@ void RecordsetModel::show(Recordset &rows, GivesWay when)
     const std::shared_ptr<RowList> fresh = rows.list();
     tries_.beginAnew();
     const bool read = fresh->isComplete() || tries_([&] { fresh->readSlice(kFirstRows); });
-    const bool sameSet = set_ == &rows && columns_ == rows.columns();
+    Query query = rows.query();
+    query.sort.clear();
+    query.search.clear();
+    const bool sameRows = set_ == &rows && query_ == query;
     if (reading_ != fresh) {
         endShown();
     }
     set_ = &rows;
+    query_ = std::move(query);
     reading_ = fresh;
-    givesWay_ = sameSet ? when : GivesWay::AtOnce;
+    givesWay_ = sameRows ? when : GivesWay::AtOnce;
     takeOverWhenKnown();
     takeRows();
     if (isReading()) {

@@ -39,7 +39,8 @@ public:
     /// so that whoever stands far down in the same table stays there meanwhile.
     enum class GivesWay { AtOnce, ToFirstRows, ToAllRows };
     /// Shows the set's rows from now on, in its order and by its search; the set must outlive the
-    /// model or be replaced by another show().
+    /// model or be replaced by another show(). Rows of another query, order and search apart, give
+    /// way at once.
     /// @throws RuntimeFailure when the set is not open; what was shown stays.
     void show(Recordset &rows, GivesWay when = GivesWay::ToFirstRows);
     /// Headings and rights from the left; columns behind these have none.
@@ -130,6 +131,7 @@ private:
     std::function<bool()> isTyping_;
     std::unique_ptr<Timer> slices_;
     Recordset *set_ = nullptr;
+    Query query_; ///< of the set, without order and search
     std::shared_ptr<RowList> list_;    ///< shown
     std::shared_ptr<RowList> reading_; ///< not complete: list_, or what will take its place
     GivesWay givesWay_ = GivesWay::ToFirstRows;

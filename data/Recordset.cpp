@@ -363,9 +363,9 @@ std::shared_ptr<RowList> Recordset::list() const
     return opened().reader.list();
 }
 
-const QStringList &Recordset::columns() const
+const Query &Recordset::query() const
 {
-    return opened().reader.query().columns;
+    return opened().reader.query();
 }
 
 void Recordset::addNew()

@@ -105,7 +105,8 @@ public:
     /// The set's rows by number, for a grid, which reads it on. The set walks along the same list
     /// when it is sorted; sort(), search() and requery() begin another one.
     std::shared_ptr<RowList> list() const;
-    const QStringList &columns() const;
+    const QStringList &columns() const { return query().columns; }
+    const Query &query() const;
 
     /// Starts a new row; setValue() fills it, update() writes it and stays on it.
     void addNew();

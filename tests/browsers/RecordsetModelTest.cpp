@@ -79,6 +79,16 @@ TEST_F(RecordsetModelTest, AnotherOrderTakesThePlaceOfTheOneBeforeWhenItHasRows)
     clock.run(1s);
     EXPECT_EQ(model.recordCount(), 11);
     EXPECT_EQ(text(0, 1), "Navn 1234");
+    Query others = set.query();
+    others.filter = u"Rad > ?"_qs;
+    others.values = {0};
+    others.sort.clear();
+    set.open(database.own(), others);
+    set.sort(u"Etternavn"_qs);
+    model.show(set);
+    EXPECT_EQ(model.rowCount(), 0) << "as of another door, which these are not";
+    clock.run(1s);
+    EXPECT_EQ(text(0, 1), "Navn 1234");
     set.search(u"finnes ikke"_qs);
     model.show(set);
     clock.run(1s);
