@@ -10,6 +10,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScopeGuard>
 
@@ -23,6 +24,12 @@ namespace {
 QString utf8(const char *text)
 {
     return QString::fromUtf8(text);
+}
+
+bool scrolls(int key)
+{
+    return key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_PageUp ||
+           key == Qt::Key_PageDown;
 }
 
 } // namespace
@@ -310,6 +317,10 @@ bool RecordBrowser::Form_KeyDown(int key, Qt::KeyboardModifiers modifiers, const
         return false;
     }
     const bool control = modifiers.testFlag(Qt::ControlModifier);
+    const auto *text = qobject_cast<const QPlainTextEdit *>(in);
+    if (text != nullptr && !control && scrolls(key)) {
+        return false; // the frame's keys move the rows, but a long text must be read to its end
+    }
     switch (key) {
     case Qt::Key_Escape:
         close();

@@ -8,6 +8,7 @@
 
 #include <QElapsedTimer>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 
 namespace {
 
@@ -92,11 +93,24 @@ TEST_F(ListsTest, MessageShowsItsLinesBelowUntilAnotherHasSome)
 {
     message(u"Dør\r\n91000001 er lagt til"_qs);
     message(u""_qs);
+    message(u"lang\n"_qs.repeated(40));
     open<frmSMSReceived>(tools());
     EXPECT_EQ(text(), u"Dør\n91000001 er lagt til"_qs);
     key(Qt::Key_Down);
     EXPECT_EQ(text(), u"Dør\n91000001 er lagt til"_qs);
     EXPECT_EQ(status(), u"Record: 2"_qs);
+    key(Qt::Key_Down);
+    QTest::keyClick(&grid(), Qt::Key_Tab);
+    ASSERT_EQ(QApplication::focusWidget(), &control<QPlainTextEdit>("SMSText"));
+    const QScrollBar &bar = *control<QPlainTextEdit>("SMSText").verticalScrollBar();
+    int before = 0;
+    for (const Qt::Key each : {Qt::Key_Down, Qt::Key_PageDown, Qt::Key_Down}) {
+        QTest::keyClick(QApplication::focusWidget(), each);
+        EXPECT_GT(bar.value(), std::exchange(before, bar.value()));
+    }
+    EXPECT_EQ(status(), u"Record: 3"_qs);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Home);
+    EXPECT_EQ(status(), u"Record: 1"_qs);
 }
 
 TEST_F(ListsTest, EditWaitsForItsButtonsAndTheKeysRest)
