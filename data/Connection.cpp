@@ -344,14 +344,14 @@ qint64 Connection::lastInsertRowId() const
     return sqlite3_last_insert_rowid(d->opened());
 }
 
-void Connection::transaction(const std::function<void()> &work)
+void Connection::transaction(const std::function<void()> &work, std::chrono::milliseconds patience)
 {
     struct Waits {
         Private &owner;
-        explicit Waits(Private &p) : owner(p) { owner.wait(kLongestWait); }
+        Waits(Private &p, std::chrono::milliseconds atMost) : owner(p) { owner.wait(atMost); }
         ~Waits() { owner.wait(owner.patience); }
     };
-    const Waits waits(*d);
+    const Waits waits(*d, patience);
     // Immediate: to read first and ask for the write lock later may fail without a wait.
     between(QStringLiteral("BEGIN IMMEDIATE"), work);
 }

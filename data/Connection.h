@@ -58,8 +58,9 @@ public:
     int changes() const;
     qint64 lastInsertRowId() const;
     /// Runs the work in one transaction, rolled back when it throws. Inside another one it is a
-    /// part of that.
-    void transaction(const std::function<void()> &work);
+    /// part of that. The patience counts until it has begun, and for its end.
+    void transaction(const std::function<void()> &work,
+                     std::chrono::milliseconds patience = kLongestWait);
     /// Runs reads that see one state of the file, and take its lock once for all of them. The work
     /// must not wait for anything: others cannot write meanwhile.
     void readTogether(const std::function<void()> &work);
