@@ -2,7 +2,8 @@
 
 #include <QStyledItemDelegate>
 
-/// A cell of a grid: what is cut off shows in a tool tip, and what is being typed is the operator's.
+/// A cell of a grid: what is cut off shows in a tool tip, and what is being typed is the
+/// operator's.
 class CellDelegate : public QStyledItemDelegate {
     Q_OBJECT
 public:

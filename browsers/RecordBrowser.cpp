@@ -51,6 +51,7 @@ RecordBrowser::RecordBrowser(const BrowserTable &table, const BrowserTools &tool
       lblEmpty_(new QLabel),
       Timer1_(tools.clock.timer([this] { timer1Tick(); })),
       work_(tools.clock.timer([this] { workOn(); })),
+      workTries_(tools.person),
       reload_(tools.person, kReloadsInSilence)
 {
     ui_->setupUi(this);

@@ -88,8 +88,10 @@ protected:
     /// @throws RuntimeFailure when it is in other hands all that time.
     void awaitFile();
     /// Work that takes long: a slice at a time, until one gives false or the operator presses Esc.
-    /// Each says how far the whole has come, in per cent. A failure is shown and ends it. Other
-    /// work that is going on is not given up for it: then there is a beep, and nothing else.
+    /// Each says how far the whole has come, in per cent. One that finds the file in other hands
+    /// must have done nothing: it is tried again for some 5 s. A failure is shown and ends the
+    /// work. Other work that is going on is not given up for it: then there is a beep, and nothing
+    /// else.
     void beginWork(std::function<bool(int &percent)> slice);
     void placeAboveGrid(QWidget *control);
     void placeBelowGrid(QWidget *control);
@@ -172,6 +174,7 @@ private:
     QLabel *lblEmpty_; ///< in the grid, why there is nothing else in it
     std::unique_ptr<Timer> Timer1_;
     std::unique_ptr<Timer> work_;
+    Tries workTries_;
     Tries reload_;
     bool reloadDue_ = false;           ///< Timer1 could not read what RefreshPending tells of
     std::function<bool(int &)> slice_; ///< of the long work that is going on

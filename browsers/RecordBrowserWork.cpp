@@ -10,9 +10,11 @@
 
 #include <QClipboard>
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QLocale>
 #include <QSaveFile>
+#include <QStorageInfo>
 
 #include <algorithm>
 
@@ -25,6 +27,28 @@ constexpr milliseconds kBetweenSlices = 1ms;
 QString ownText(const char *text)
 {
     return QCoreApplication::translate("RecordBrowser", text);
+}
+
+/// In the operator's words where there are some, else in the system's.
+QString whyNotWritten(QSaveFile &file)
+{
+    constexpr qint64 kNoRoom = 1'000'000; // bytes: what a file system keeps for itself
+    if (file.isOpen()) {
+        file.flush(); // a write that came to a half gives its reason at the next
+    }
+    const QFileInfo target(file.fileName());
+    const QFileInfo folder(target.absolutePath());
+    const QStorageInfo disk(folder.filePath());
+    if (!folder.isDir()) {
+        return ownText(QT_TRANSLATE_NOOP("RecordBrowser", "Mappen finnes ikke."));
+    }
+    if (!folder.isWritable() || (target.exists() && !target.isWritable())) {
+        return ownText(QT_TRANSLATE_NOOP("RecordBrowser", "Du har ikke adgang til å skrive der."));
+    }
+    if (disk.isValid() && disk.bytesAvailable() < kNoRoom) {
+        return ownText(QT_TRANSLATE_NOOP("RecordBrowser", "Det er ikke mer plass på disken."));
+    }
+    return file.errorString();
 }
 
 } // namespace
@@ -61,6 +85,7 @@ void RecordBrowser::beginWork(std::function<bool(int &percent)> slice)
         return;
     }
     slice_ = std::move(slice);
+    workTries_.beginAnew();
     ui_->barWork->setRange(0, 100);
     workOn();
 }
@@ -70,10 +95,11 @@ void RecordBrowser::workOn()
     work_->setEnabled(false);
     int percent = 0;
     bool more = false;
-    const bool fine = shown(person_, {}, [&] { more = slice_(percent); });
-    if (fine && more) {
-        ui_->barWork->setValue(percent);
-        work_->setInterval(kBetweenSlices);
+    const bool fine = workTries_([&] { more = slice_(percent); });
+    const bool goesOn = fine ? more : !workTries_.haveFailed();
+    if (goesOn && slice_ != nullptr) { // not stopped while a box stood open
+        ui_->barWork->setValue(fine ? percent : ui_->barWork->value());
+        work_->setInterval(fine ? kBetweenSlices : Tries::kPause);
         work_->setEnabled(true);
     } else {
         endWork();
@@ -158,7 +184,9 @@ void RecordBrowser::saveAsCsv()
         const auto file = std::make_shared<QSaveFile>(path);
         const auto check = [file](bool done) {
             if (!done) {
-                throw RuntimeFailure(file->errorString());
+                const char *const text =
+                    QT_TRANSLATE_NOOP("RecordBrowser", "Filen kunne ikke skrives. %1");
+                throw RuntimeFailure(ownText(text).arg(whyNotWritten(*file)));
             }
         };
         check(file->open(QIODevice::WriteOnly));
@@ -172,6 +200,9 @@ void RecordBrowser::saveAsCsv()
         beginExport(
             all, RowExport::Format::Csv,
             [file, check](const QString &line) { check(file->write(line.toUtf8()) >= 0); },
-            [file, check] { check(file->commit()); });
+            [file, check] {
+                check(file->flush()); // what fails in commit() alone has no reason
+                check(file->commit());
+            });
     });
 }

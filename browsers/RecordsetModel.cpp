@@ -25,7 +25,10 @@ constexpr milliseconds kForTheView = 40ms; ///< in which it can paint the first 
 } // namespace
 
 RecordsetModel::RecordsetModel(Clock &clock, Operator &person, QObject *parent)
-    : QAbstractTableModel(parent), person_(person), tries_(person), slices_(clock.timer([this] { tick(); }))
+    : QAbstractTableModel(parent),
+      person_(person),
+      tries_(person),
+      slices_(clock.timer([this] { tick(); }))
 {
 }
 

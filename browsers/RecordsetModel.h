@@ -131,7 +131,7 @@ private:
     std::function<bool()> isTyping_;
     std::unique_ptr<Timer> slices_;
     Recordset *set_ = nullptr;
-    Query query_; ///< of the set, without order and search
+    Query query_;                      ///< of the set, without order and search
     std::shared_ptr<RowList> list_;    ///< shown
     std::shared_ptr<RowList> reading_; ///< not complete: list_, or what will take its place
     GivesWay givesWay_ = GivesWay::ToFirstRows;

@@ -5,6 +5,9 @@
 #include <QFile>
 #include <QHeaderView>
 
+#include <csignal>
+#include <sys/resource.h>
+
 namespace {
 
 struct RecordBrowserTest : BrowserWorld {
@@ -153,12 +156,37 @@ TEST_F(RecordBrowserTest, CopiesAndSavesWhatIsShown)
     EXPECT_EQ(lines[0], u"\"Etternavn\";\"Bruker\";\"Fornavn\";\"PostNr.\";\"Sted\";"
                         "\"Tillatelser\";\"Kortnummer\""_qs);
     EXPECT_EQ(lines[1], u"\"Berg\";\"+4791000002\";\"Per\";\"\";\"'=X\ty\";\"\";\"\""_qs);
+}
 
-    FakeMachine::person.picksNewFile(u"Alle Brukere.csv"_qs, u"CSV (*.csv)"_qs,
-                                     database.filePath(u"borte/ut.csv"_qs));
-    FakeMachine::person.answers(u""_qs); // what the system says of the folder
-    click("cmdSaveCsv");
-    EXPECT_EQ(FakeMachine::person.texts.size(), 1);
+// What stood in the file before stays, and the reason is told.
+TEST_F(RecordBrowserTest, CsvThatCannotBeWrittenSaysWhy)
+{
+    openCatalogue();
+    const auto other = database.open();
+    const auto save = [&](const QString &name, const QString &failure) {
+        const QString path = database.filePath(name);
+        FakeMachine::person.picksNewFile(u"Alle Brukere.csv"_qs, u"CSV (*.csv)"_qs, path);
+        if (!failure.isEmpty()) {
+            FakeMachine::person.answers(failure);
+        }
+        click("cmdSaveCsv");
+        clock.run(3s);
+        EXPECT_EQ(FakeMachine::person.busy, failure == u"låst"_qs) << "it is tried again";
+        clock.run(3s);
+        EXPECT_EQ(QFile::exists(path), failure.isEmpty());
+    };
+    save(u"borte/ut.csv"_qs, u"Filen kunne ikke skrives. Mappen finnes ikke."_qs);
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    rlimit full{.rlim_cur = 100, .rlim_max = before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &full);
+    save(u"ut.csv"_qs, u"Filen kunne ikke skrives. File too large"_qs);
+    setrlimit(RLIMIT_FSIZE, &before);
+    other->run(u"BEGIN EXCLUSIVE"_qs);
+    save(u"ut.csv"_qs, u"låst"_qs);
+    clock.after(2s, [&] { other->run(u"COMMIT"_qs); });
+    save(u"ut.csv"_qs, {});
 }
 
 TEST_F(RecordBrowserTest, WidthsAndOrderAreTheOperatorsTheNextTime)
@@ -173,7 +201,8 @@ TEST_F(RecordBrowserTest, WidthsAndOrderAreTheOperatorsTheNextTime)
     run(u"DELETE FROM Katalog"_qs); // says nothing of what the columns need
     for (const QString &left :
          {u"tull"_qs, u"2:90"_qs, u"2:90;2:90;1:90;0:90;3:90;4:90;5:90;6:90"_qs,
-          u"2:90;0:90;1:90;3:90;4:90;5:90;6:90;8:90"_qs, u"2:9;0:90;1:90;3:90;4:90;5:90;6:90;7:90"_qs,
+          u"2:90;0:90;1:90;3:90;4:90;5:90;6:90;8:90"_qs,
+          u"2:9;0:90;1:90;3:90;4:90;5:90;6:90;7:90"_qs,
           u"2:99999;0:90;1:90;3:90;4:90;5:90;6:90;7:90"_qs}) {
         settings.values[u"frmbrukere.columns"_qs] = left;
         open<frmBrukere>(tools());

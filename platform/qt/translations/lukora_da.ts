@@ -941,5 +941,21 @@
         <source>Ingen rad har denne teksten.</source>
         <translation>Ingen række har denne tekst.</translation>
     </message>
+    <message>
+        <source>Filen kunne ikke skrives. %1</source>
+        <translation>Filen kunne ikke skrives. %1</translation>
+    </message>
+    <message>
+        <source>Mappen finnes ikke.</source>
+        <translation>Mappen findes ikke.</translation>
+    </message>
+    <message>
+        <source>Du har ikke adgang til å skrive der.</source>
+        <translation>Du har ikke adgang til at skrive der.</translation>
+    </message>
+    <message>
+        <source>Det er ikke mer plass på disken.</source>
+        <translation>Der er ikke mere plads på disken.</translation>
+    </message>
 </context>
 </TS>

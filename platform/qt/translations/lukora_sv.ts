@@ -941,5 +941,21 @@
         <source>Ingen rad har denne teksten.</source>
         <translation>Ingen rad har den texten.</translation>
     </message>
+    <message>
+        <source>Filen kunne ikke skrives. %1</source>
+        <translation>Filen kunde inte skrivas. %1</translation>
+    </message>
+    <message>
+        <source>Mappen finnes ikke.</source>
+        <translation>Mappen finns inte.</translation>
+    </message>
+    <message>
+        <source>Du har ikke adgang til å skrive der.</source>
+        <translation>Du har inte rätt att skriva där.</translation>
+    </message>
+    <message>
+        <source>Det er ikke mer plass på disken.</source>
+        <translation>Det finns inte mer plats på disken.</translation>
+    </message>
 </context>
 </TS>
