@@ -171,12 +171,9 @@ void RecordBrowser::load(milliseconds patience)
     if (!module_.DatabaseConnection) {
         throw RuntimeFailure(QCoreApplication::translate("Recordset", "Ingen database er åpen"));
     }
-    // When it fails, what is shown goes on with the connection that it came by.
-    auto stay = qScopeGuard([this, before = connection_] { connection_ = before; });
-    connection_ = module_.DatabaseConnection->another(patience);
-    translate();
-    openRows();
-    stay.dismiss();
+    const std::shared_ptr<Connection> connection = module_.DatabaseConnection->another(patience);
+    translate(*connection);
+    openRows(connection);
     if (table_.has(BrowserTable::Reloads) || table_.has(BrowserTable::ReloadsLater)) {
         module_.RefreshPending = false;
     }
@@ -200,10 +197,10 @@ Query RecordBrowser::query() const
     return query;
 }
 
-void RecordBrowser::openRows()
+void RecordBrowser::openRows(const std::shared_ptr<Connection> &connection)
 {
     Recordset rows; // when it cannot be opened, what is shown stays whole
-    rows.open(connection_, query());
+    rows.open(connection, query());
     rows.search(ui_->txtSearch->text());
     sortColumn_ = sortToOpenIn();
     if (!sortColumn_.isEmpty()) {
@@ -211,6 +208,7 @@ void RecordBrowser::openRows()
     }
     keepPlace();
     adoPrimaryRS = std::move(rows);
+    connection_ = connection;
     // Keys of another file mean nothing here.
     const bool sameFile = std::exchange(path_, module_.DatabasePath) == module_.DatabasePath;
     showRows(sameFile ? RecordsetModel::GivesWay::ToAllRows : RecordsetModel::GivesWay::AtOnce);
@@ -336,14 +334,14 @@ QString RecordBrowser::sourceText(const char *caption) const
     return *caption == 0 ? QString() : QCoreApplication::translate("BrowserTable", caption);
 }
 
-void RecordBrowser::translate()
+void RecordBrowser::translate(Connection &connection)
 {
     const QString title = windowTitle();
     ui_->retranslateUi(this);
     setWindowTitle(title); // whoever opened the screen may have given it another
     designCaptions();
     std::map<int, QString> replaced;
-    readLanguage(*connection_, module_.CountryCode, [&](quint8 position, const QString &text) {
+    readLanguage(connection, module_.CountryCode, [&](quint8 position, const QString &text) {
         replaced[position] = text;
         applyLanguage(position, text);
     });
@@ -391,8 +389,8 @@ void RecordBrowser::applyRights()
 void RecordBrowser::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange && connection_) {
-        kept([this] { translate(); });
+    if (event->type() == QEvent::LanguageChange && connection_ && module_.DatabaseConnection) {
+        kept([this] { translate(*module_.DatabaseConnection); });
     } else if (event->type() == QEvent::PaletteChange) {
         paintSearch();
     }

@@ -136,10 +136,10 @@ private:
     void buildButtons();
     void buildGrid();
     void wire();
-    void translate();
+    void translate(Connection &connection);
     void paintSearch();
     void load(milliseconds patience);
-    void openRows();
+    void openRows(const std::shared_ptr<Connection> &connection);
     void showRows(RecordsetModel::GivesWay when);
     void readOn();
     void keepPlace();

@@ -80,6 +80,7 @@ void RecordBrowser::searchChanged()
     if (!adoPrimaryRS.isOpen() || !saveEdit()) {
         return;
     }
+    wantsLast_ = false;
     shown(person_, {}, [this] {
         keepPlace();
         adoPrimaryRS.search(ui_->txtSearch->text());

@@ -465,7 +465,7 @@ TEST_F(KeyProperties, TellsWhyItCannotSaveAndWritesNothing)
     sendsNothing(13, u"Mottakeren er ikke et telefonnummer"_qs);
     type(0, kDoor);
     press(13, Answer::Cancel);
-    elsewhere(u"KeyNummer = '+4790000007'"_qs);
+    elsewhere(u"KeyNummer = '+4790000007' WHERE KeyNavn = 'Port 1'"_qs);
     sendsNothing(1, kConflict);
     database.look().run(u"DELETE FROM KEYTable"_qs);
     sendsNothing(1, kConflict);
