@@ -119,10 +119,8 @@ void SmsNetwork::settle(const SmsMessage &message, quint8 status)
         return;
     }
     const SmsReport report{*message.reportReference, message.to, message.sentAt, clock_.now(),
-                           reportHabits_.status.value_or(status)};
-    for (int copy = 0; copy < reportHabits_.copies; ++copy) {
-        post({0ms, international(message.from), std::nullopt, report}, kDelay);
-    }
+                           status};
+    post({0ms, international(message.from), std::nullopt, report}, kDelay);
 }
 
 void SmsNetwork::memoryAvailable(const QString &number)

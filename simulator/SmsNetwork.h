@@ -34,14 +34,6 @@ struct SmsReport {
     quint8 status = 0;
 };
 
-/// How a network goes about its reports.
-struct ReportHabits {
-    /// The status of every report, whatever became of the message.
-    std::optional<quint8> status{};
-    /// How often each is sent; 0 keeps them to itself.
-    int copies = 1;
-};
-
 /// A telephone on the network. Both functions answer false when there is no room: the network
 /// then keeps what it has for the phone until memoryAvailable().
 struct SmsPhone {
@@ -76,8 +68,6 @@ public:
     void sendWithReport(const QString &from, const QString &to, const QByteArray &text,
                         quint8 reference);
 
-    void setReportHabits(const ReportHabits &habits) { reportHabits_ = habits; }
-
     /// The phone has room again: what was kept for it is offered once more, oldest first.
     void memoryAvailable(const QString &number);
 
@@ -106,5 +96,4 @@ private:
     std::vector<Parcel> underway_; ///< by due time, those of one time in the order of sending
     std::map<QString, std::deque<Parcel>> kept_;
     std::function<void(const SmsMessage &, bool)> observer_;
-    ReportHabits reportHabits_;
 };

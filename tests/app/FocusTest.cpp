@@ -3,8 +3,6 @@
 #include <QDialog>
 #include <QTest>
 
-#include <gtest/gtest.h>
-
 namespace {
 
 const QString kTyped = QStringLiteral("+4791234567");

@@ -56,15 +56,6 @@ TEST_F(Language, CountsRowsAndNotTheirIdsAndStopsTheLoadAtRow256)
     EXPECT_EQ(module.GridFilter, QString());
 }
 
-TEST_F(Language, WithoutALanguageStopsTheLoad)
-{
-    settings.values[u"countrycode"_qs] = u"44"_qs;
-    person.answers(u"44"_qs);
-    load();
-    EXPECT_EQ(menu("mnuFile"), u"&File");
-    EXPECT_EQ(module.dialPrefix(), u"+44");
-}
-
 TEST_F(Language, MenuChangesTextsDialPrefixAndLogo)
 {
     load();

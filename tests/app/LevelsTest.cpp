@@ -2,8 +2,6 @@
 #include "app/SecurityLevels.h"
 #include "app/Shell.h"
 
-#include <gtest/gtest.h>
-
 namespace {
 
 bool isShown(Shell &shell, const QString &name)

@@ -32,15 +32,15 @@ TEST_F(Load, WithEmptySettingsGivesNorwegianDoorOneAndNoLine)
 TEST_F(Load, OpensPortSevenAndLeavesTheTickOff)
 {
     language({});
-    modemOn(u"7"_qs);
+    settings.values[u"lastcomport"_qs] = u"7"_qs;
     load();
     EXPECT_EQ(port.device, u"COM7");
-    EXPECT_EQ(modem(u"ModemOwner"_qs), host.computer);
+    EXPECT_EQ(modemRow(u"ModemOwner"_qs), host.computer);
     EXPECT_EQ(module.OtherComPort, 7);
     EXPECT_EQ(entry("mnuComPortComOther").text(), u"com7");
     EXPECT_FALSE(entry("mnuComPortComOther").isChecked());
     EXPECT_TRUE(screen->modemLink().TimerCom->isEnabled());
-    EXPECT_EQ(find<QLabel>("sbStatusBar_1").text(), u"Eksempel Eksempel på COM7");
+    EXPECT_EQ(find<QLabel>("sbStatusBar_1").text(), u"Lukora Simulated Modem på COM7");
 }
 
 TEST_F(Load, AsksForTheNetworkModemBeforeTheScreenShows)

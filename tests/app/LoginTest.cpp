@@ -3,8 +3,6 @@
 
 #include <QTest>
 
-#include <gtest/gtest.h>
-
 namespace {
 
 struct Login : testing::Test, Desk {

@@ -3,7 +3,7 @@
 #include "app/frmMain.h"
 #include "data/Connection.h"
 #include "data/Module1.h"
-#include "support/FakeMachine.h"
+#include "support/FarModem.h"
 #include "support/TestDatabase.h"
 
 #include <QAction>
@@ -13,21 +13,11 @@
 
 #include <gtest/gtest.h>
 
-/// A machine of doubles, whose settings name a fresh database.
-struct Desk : FakeMachine {
-    Desk() { settings.values[u"dbpath"_qs] = database.path(); }
-    /// The port of the settings, with a modem on it that says "OK" to everything.
-    void modemOn(const QString &number)
+/// A machine of doubles with a modem, whose settings name a fresh database.
+struct Desk : FakeMachine, FarModem {
+    Desk() : FarModem(static_cast<FakeMachine &>(*this))
     {
-        settings.values[u"lastcomport"_qs] = number;
-        port.onWrite = [this](const QByteArray &bytes) {
-            if (bytes.startsWith("AT+CPMS")) {
-                port.feed("+CPMS: 0,20,0,20,0,20\r\n");
-            } else if (bytes.startsWith("AT+CGM") || bytes.startsWith("AT+GSN")) {
-                port.feed("Eksempel\r\n");
-            }
-            port.feed("OK\r\n");
-        };
+        settings.values[u"dbpath"_qs] = database.path();
     }
 
     TestDatabase database;
@@ -67,7 +57,7 @@ struct Shell : Desk {
         });
     }
     /// What stands in the Modem row.
-    QString modem(const QString &column)
+    QString modemRow(const QString &column)
     {
         return database.single(u"SELECT %1 FROM Modem"_qs.arg(column));
     }

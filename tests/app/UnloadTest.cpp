@@ -9,7 +9,7 @@ using DatabaseMaintenance = ShellTest;
 
 TEST_F(Unload, SavesAllTwelveInOrderAndComesUpWhereItWasLeft)
 {
-    modemOn(u"3"_qs);
+    settings.values[u"lastcomport"_qs] = u"3"_qs;
     loadAndShow();
     ASSERT_TRUE(module.ModemReady);
     EXPECT_TRUE(entry("mnuComPortCom3").isChecked());
@@ -22,13 +22,12 @@ TEST_F(Unload, SavesAllTwelveInOrderAndComesUpWhereItWasLeft)
               "SMSREPORT CountryCode LogoCountryCode HostName Port");
     EXPECT_EQ(settings.get(u"MainLeft"_qs, {}), u"600");
     EXPECT_EQ(settings.get(u"SMSREPORT"_qs, {}), u"False");
-    EXPECT_EQ(modem(u"ModemOwner"_qs), u"?");
-    EXPECT_EQ(modem(u"ModemStatus"_qs), u"0");
+    EXPECT_EQ(modemRow(u"ModemOwner"_qs), u"?");
+    EXPECT_EQ(modemRow(u"ModemStatus"_qs), u"0");
     EXPECT_FALSE(port.isOpen());
     EXPECT_TRUE(clock.hasEnded());
 
     Shell next;
-    next.modemOn({});
     next.settings.values = settings.values;
     next.loadAndShow();
     EXPECT_EQ(next.screen->pos(), QPoint(40, 20));
@@ -90,7 +89,7 @@ TEST_F(DatabaseMaintenance, CompactsWhenConfirmedAndConnectsAgainWhenItFailed)
     entry("mnuSMSReceived").trigger();
     compact(Answer::Ok, {u"komprimert"_qs});
     EXPECT_TRUE(QFile::exists(module.BackupDatabasePath));
-    EXPECT_FALSE(modem(u"ModemOwner"_qs).isEmpty());
+    EXPECT_FALSE(modemRow(u"ModemOwner"_qs).isEmpty());
     // A copy that an earlier failure left behind stops the next, and is for a person to remove.
     ASSERT_TRUE(QFile(module.TempDatabasePath).open(QIODevice::WriteOnly));
     compact(Answer::Ok, {{}, u"Feil med komprimering"_qs});

@@ -21,17 +21,6 @@ struct RecordsetTest : DataTest {
     }
 };
 
-TEST_F(RecordsetTest, UnopenedFailsInEveryUse)
-{
-    Recordset set = catalogue();
-    EXPECT_THROW(set.open(nullptr, {.source = u"Katalog"_qs}), RuntimeFailure);
-    EXPECT_THROW(set.open(database.own(), {.source = u"Katalog"_qs, .columns = {u"Adresse"_qs}}),
-                 RuntimeFailure);
-    EXPECT_THROW(set.eof(), RuntimeFailure);
-    EXPECT_THROW(set.rows(), RuntimeFailure);
-    EXPECT_THROW(set.text(u"Bruker"_qs), RuntimeFailure);
-}
-
 class RecordsetOrders : public RecordsetTest, public testing::WithParamInterface<const char *> {
 protected:
     Recordset set = catalogue(QString::fromUtf8(GetParam()));

@@ -45,47 +45,23 @@ struct InboundWorld : ReaderBench {
         fillCorpusTable(database.look(), u"KEYTable"_qs,
                         {u"+4790000001|Hovedport|4"_qs, u"+4790000002||4"_qs});
     }
-    /// Puts a message into the modem's store, as raw bytes of the line.
-    void receives(int index, const QByteArray &sender, const QByteArray &body)
-    {
-        store[index] = "+CMGL: " + QByteArray::number(index) + ",\"REC UNREAD\",\"" + sender +
-                       "\",,\"26/12/01,12:34:56+04\"\r\n" + body + "\r\n";
-    }
     /// The modem lists its store once, as asked or not, and what it brings is dealt with.
     void lists()
     {
         answer("AT+CMGL=ALL");
         clock.run(1500ms);
     }
+    /// A message comes into the modem's store, as raw bytes of the line.
     void doorSays(const QByteArray &body, const QByteArray &door = kDoor)
     {
-        receives(7, door, body);
+        store[7] = listed(door, body);
         lists();
     }
 
-    /// The rows of a query, columns joined by "|", for comparing and printing.
-    std::vector<std::string> rows(const QString &sql)
+    /// The rows of a table, as a corpus tells them.
+    std::vector<std::string> rows(const char *table)
     {
-        std::vector<std::string> result;
-        for (const QString &row : database.rows(sql)) {
-            result.push_back(row.toStdString());
-        }
-        return result;
-    }
-    std::vector<std::string> users()
-    {
-        return rows(u"SELECT KeyBruker, KeyNummer, Status, [Gyldig fra], FraTid, [Gyldig til], "
-                    "TilTid, Konto, Saldo FROM TBLbrukere ORDER BY rowid"_qs);
-    }
-    std::vector<std::string> persons()
-    {
-        return rows(u"SELECT Bruker, BrukerKort, Etternavn, Fornavn FROM Katalog "
-                    "ORDER BY rowid"_qs);
-    }
-    std::vector<std::string> filed()
-    {
-        return rows(u"SELECT FraNummer, FraNummerKort, Etternavn, Fornavn, Dato, SMS_Text "
-                    "FROM SMS_Received ORDER BY rowid"_qs);
+        return corpusTables(database.look())[table];
     }
 
     void answer(const QByteArray &command)

@@ -77,10 +77,10 @@ TEST_F(MessageReading, BodiesOf64KibibytesEnd)
         empty();
         doorSays(piece.repeated(0x10000 / piece.size()));
         EXPECT_THAT(commands, ElementsAre("AT+CMGD=7"));
-        EXPECT_EQ(filed().size(), 1U);
+        EXPECT_EQ(rows("SMS_Received").size(), 1U);
         // Of so long a text no family reads more than 200 characters.
-        EXPECT_LE(persons().size(), 1U);
-        EXPECT_LE(rows(u"SELECT * FROM LOGGData"_qs).size(), 20U);
+        EXPECT_LE(rows("Katalog").size(), 1U);
+        EXPECT_LE(rows("LOGGData").size(), 20U);
     }
 }
 
@@ -101,7 +101,7 @@ TEST_F(MessageReading, PortThatGoesInTheMiddleLeavesTheLinkReady)
     shown = [&] { port.unplug(); };
     doorSays("Hovedport\n91234567 er lagt til");
     clock.run(5s);
-    EXPECT_EQ(users().size(), 1U);
+    EXPECT_EQ(rows("TBLbrukere").size(), 1U);
     EXPECT_EQ(store.size(), 1U);
     EXPECT_TRUE(link.TimerCom->isEnabled());
     EXPECT_FALSE(link.flags.ReadingMessages);
@@ -112,10 +112,10 @@ TEST_F(MessageReading, RefusedRowDoesNotRideAlongWithTheNext)
     database.look().run(u"CREATE TRIGGER full BEFORE INSERT ON Katalog BEGIN "
                         "SELECT RAISE(ABORT, 'disk full'); END"_qs);
     doorSays("Hovedport\n91111111 er lagt til");
-    EXPECT_EQ(users().size(), 1U) << "the user is written without his person";
+    EXPECT_EQ(rows("TBLbrukere").size(), 1U) << "the user is written without his person";
     database.look().run(u"DROP TRIGGER full"_qs);
     doorSays("Hovedport\n92222222 er lagt til");
-    EXPECT_THAT(persons(), ElementsAre("+4792222222 |92222222 |?|?"));
+    EXPECT_THAT(rows("Katalog"), ElementsAre("+4792222222 |92222222 |?|?"));
 }
 
 TEST_F(MessageReading, MessageWaitsInTheModemForTheDatabase)
@@ -127,8 +127,8 @@ TEST_F(MessageReading, MessageWaitsInTheModemForTheDatabase)
     module.DatabaseConnection = connection;
     lists();
     EXPECT_THAT(commands, ElementsAre("AT+CMGD=7"));
-    EXPECT_EQ(filed().size(), 1U);
-    EXPECT_EQ(users().size(), 1U);
+    EXPECT_EQ(rows("SMS_Received").size(), 1U);
+    EXPECT_EQ(rows("TBLbrukere").size(), 1U);
 }
 
 TEST_F(MessageReading, EndOfTheProgramIsNoFailingStep)
@@ -137,7 +137,7 @@ TEST_F(MessageReading, EndOfTheProgramIsNoFailingStep)
     link.response.setText(u"+CMGL: 7,\"REC UNREAD\",\"+4790000001\",,\"26/12/01,12:34:56+04\""_qs);
     clock.after(100ms, [&] { clock.end(); });
     EXPECT_THROW(reader.Read_SMS_MessageTEXT(), ProgramEnds);
-    EXPECT_THAT(filed(), IsEmpty());
+    EXPECT_THAT(rows("SMS_Received"), IsEmpty());
 }
 
 TEST_F(MessageReading, HeadersWithoutEndDoNotEatTheStack)

@@ -52,7 +52,7 @@ TEST_F(Selection, ShowsAPortThatCannotBeOpenedAndStartsNothing)
     port.unplug();
     person.answers(u"No such port: COM2"_qs);
     link.selection.mnuComPortCom(2);
-    EXPECT_EQ(comModem.commands.size(), 0);
+    EXPECT_EQ(port.written, QByteArray());
     person.answers(u"The port is not open"_qs);
     link.selection.Command2();
     // At the start of the program the failure is the caller's.
@@ -149,26 +149,6 @@ TEST_F(Selection, TakesTwoChoicesToLeaveAConnectedNetworkModem)
     link.selection.mnuComPortCom(1);
     EXPECT_TRUE(port.isOpen());
     EXPECT_TRUE(module.ModemReady);
-}
-
-TEST_F(Selection, KeepsTheModemReadyWhenTheFarSideClosesAndNotWhenItRefuses)
-{
-    connect();
-    socket.closeByFarSide();
-    clock.run(1ms);
-    EXPECT_TRUE(view.statusBox.endsWith(u"Frakoblet fra modem\n"_qs));
-    EXPECT_EQ(seen(), "connect:ve disconnect:-- address");
-    // The socket is no longer connected then, so nobody releases the modem.
-    EXPECT_TRUE(module.ModemReady);
-    socket.answers = false;
-    connect();
-    EXPECT_TRUE(view.statusBox.endsWith(
-        u"En Winsock feil er oppstått.  Feil No. 10061 Connection refused\n"_qs));
-    EXPECT_EQ(socket.state(), TcpSocket::State::Closed);
-    EXPECT_EQ(module.ActiveComPort, 255);
-    EXPECT_FALSE(module.ModemReady);
-    EXPECT_FALSE(link.flags.ModemInitRunning);
-    EXPECT_EQ(seen(), "connect:ve disconnect:-- address");
 }
 
 TEST_F(Selection, EndsEveryHandlerInSilenceWithTheProgram)

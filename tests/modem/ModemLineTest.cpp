@@ -51,23 +51,6 @@ protected:
 INSTANTIATE_TEST_SUITE_P(Lines, OnBothLines, testing::Bool(),
                          [](const auto &each) { return each.param ? "Network" : "Com"; });
 
-TEST_P(OnBothLines, GivesUpOnAMuteModem)
-{
-    const milliseconds limit = network ? 1010ms : 2050ms;
-    EXPECT_EQ(timed([&] { EXPECT_EQ(link.line.ReadModemLine(), QString()); }), limit);
-    EXPECT_EQ(timed([&] { EXPECT_EQ(link.line.ReadModemPrompt(), QString()); }), limit);
-    EXPECT_EQ(view.terminal, u"<\r<**\r"_qs);
-    EXPECT_EQ(timed([&] { EXPECT_FALSE(link.line.WaitForModemOK()); }), 4 * limit);
-}
-
-TEST_P(OnBothLines, GoesOnAsSoonAsTheLineIsThere)
-{
-    clock.after(733ms, [&] { say(network, "\r\nOK\r\n"); });
-    EXPECT_EQ(timed([&] { EXPECT_EQ(link.line.ReadModemLine(), u"OK"_qs); }), 733ms);
-    clock.after(733ms, [&] { say(network, "\r\n> "); });
-    EXPECT_EQ(timed([&] { EXPECT_EQ(link.line.ReadModemPrompt(), u">"_qs); }), 733ms);
-}
-
 TEST_P(OnBothLines, HoldsOnlySoMuchOfALineWithoutAnEnd)
 {
     const QByteArray garbage(60'000, 'x');
@@ -141,18 +124,6 @@ TEST_F(Line, SwallowsOnAConnectingSocketAndFailsOnAClosedComPort)
     link.line.SendData(u"AT\r"_qs);
     EXPECT_EQ(socket.written, QByteArray());
     EXPECT_EQ(view.terminal, u"==>AT\r\n"_qs);
-}
-
-TEST_F(Line, AnswersATerminalServerWithoutTellingTheModemSide)
-{
-    open(true);
-    const QByteArray willEcho = QByteArray::fromHex("FFFB01");
-    socket.feed("\r\nO" + willEcho + "K\r\n");
-    EXPECT_EQ(link.line.ReadModemLine(), u"OK"_qs);
-    EXPECT_EQ(socket.written, QByteArray::fromHex("FFFE01"));
-    EXPECT_EQ(view.terminal, u"<OK\r"_qs);
-    link.line.SendData(QString(QChar(255)));
-    EXPECT_TRUE(socket.written.endsWith(QByteArray::fromHex("FFFF")));
 }
 
 } // namespace

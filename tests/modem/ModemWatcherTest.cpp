@@ -12,7 +12,7 @@ struct Watcher : testing::Test, ModemWorld {
     Watcher()
     {
         open(false);
-        comModem.isMute = true;
+        becomes(u"mute"_qs);
         module.ModemReady = true;
         link.pace.restart(kBefore);
     }

@@ -104,13 +104,6 @@ TEST(TextNumber, IsReadOrRefused)
     }
 }
 
-TEST(Text, ByteRefusesWhatOverflows)
-{
-    EXPECT_EQ(outcome([] { return byteOf(255); }), quint8(255));
-    EXPECT_EQ(outcome([] { return byteOf(256); }), std::nullopt);
-    EXPECT_EQ(outcome([] { return byteOf(-1); }), std::nullopt);
-}
-
 TEST(Text, EveryCodeOfWindows1252ComesBack)
 {
     for (int code = 0; code < 256; ++code) {
@@ -124,16 +117,6 @@ TEST(Text, ForeignCharactersBecomeOneQuestionMarkEach)
 {
     EXPECT_EQ(toWindows1252(u"Øst € Ж 😀!"_qs), u"Øst € ? ?!"_qs);
     EXPECT_EQ(toWindows1252(QString(QChar(0xD83D))), u"?"_qs) << "half a pair";
-}
-
-TEST(Text, LineBytesGoBothWaysUnchanged)
-{
-    QByteArray all;
-    for (int code = 0; code < 256; ++code) {
-        all.append(static_cast<char>(code));
-    }
-    EXPECT_EQ(toLineBytes(fromLineBytes(all)), all);
-    EXPECT_EQ(toLineBytes(u"a€"_qs), QByteArray("a?"));
 }
 
 } // namespace

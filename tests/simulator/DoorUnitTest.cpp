@@ -6,7 +6,6 @@ namespace {
 constexpr auto kNorwegian = DoorLanguage::Norwegian;
 const QString kDoor = u"+4790000001"_qs;
 const DoorPeriod kOther{QDate(2027, 1, 5), 8, QDate(2027, 2, 5), 16};
-const QByteArray kDates = "\nFRA : 01/12-2026 00:00\nTIL : 03/12-2026 24:00";
 
 /// One unit, which holds 91234567 for another period and 92345678 with a balance of 3.
 struct DoorWorld : ModemWorld {
@@ -28,38 +27,6 @@ struct DoorWorld : ModemWorld {
 };
 
 struct Door : testing::Test, DoorWorld {};
-
-// The words, the order of the lines and the marks that the program reads.
-TEST_F(Door, SpeaksTheSentencesThatItsReadersKnow)
-{
-    const struct {
-        DoorLanguage language;
-        QByteArray added, exists, deleted, unknown, end;
-    } tongues[] = {
-        {kNorwegian, "er lagt til", "finnes allerede", "er slettet", "finnes ikke", "Slutt"},
-        {DoorLanguage::Danish, "er opprettet i", "findes allerede", "er slettet", "findes ikke",
-         "Slut"},
-        {DoorLanguage::Swedish, "\x7br upplagt i", "finns redan", "\x7br borttagen", "finns inte",
-         "Slut"},
-    };
-    const QByteArray start = "Hovedport\n93456789 ";
-    for (const auto &words : tongues) {
-        DoorWorld world(words.language);
-        const QByteArray answers[][2] = {
-            {"I 93456789>26120100<26120324", start + words.added + kDates},
-            {"I 93456789>26120100<26120324", start + words.exists + kDates},
-            {"I 93456789*25", start + words.exists + "\nSALDO: 25\n" + words.end},
-            {"U 93456789", start + words.deleted},
-            {"U 93456789", start + words.unknown},
-            {"i 701234567*-5", "Hovedport\n701234567 " + words.added + "\nSALDO: -5\n" + words.end},
-            {"I 1>26120100<26120324", "Hovedport \n1 " + words.added + kDates},
-            {"K", "*1\n*701234567\n*91234567\n*92345678\n"},
-        };
-        for (const auto &[command, answer] : answers) {
-            EXPECT_EQ(world.ask(command), answer) << command.constData();
-        }
-    }
-}
 
 TEST_F(Door, ChangesItsModeInTheFormsOfItsType)
 {

@@ -40,11 +40,6 @@ QString text(const QJsonValue &value)
     return value.toString();
 }
 
-QString optional(const QJsonObject &line, const QString &key, const QString &otherwise)
-{
-    return line.contains(key) ? text(line[key]) : otherwise;
-}
-
 /// One text or a list of them.
 QStringList texts(const QJsonValue &value)
 {
@@ -92,27 +87,25 @@ CorpusSentence sentence(const QJsonObject &line)
 {
     expectKeys(line.keys(), {u"name"_qs, u"from"_qs, u"country"_qs, u"dates"_qs, u"before"_qs,
                              u"refuses"_qs, u"says"_qs, u"record"_qs, u"after"_qs});
-    CorpusSentence result;
-    result.name = text(line[u"name"_qs]).toStdString();
-    result.from = lineBytes(optional(line, u"from"_qs, u"+4790000001"_qs));
-    result.country = optional(line, u"country"_qs, u"47"_qs);
-    result.dates = optional(line, u"dates"_qs, u"dd/MM/yyyy"_qs);
     if (line.contains(u"says"_qs) == line.contains(u"record"_qs) || !line[u"after"_qs].isObject()) {
         fail(u"says or record is expected, and after"_qs);
     }
-    result.refuses = optional(line, u"refuses"_qs, {});
-    result.before = tables(line[u"before"_qs]);
-    result.after = tables(line[u"after"_qs]);
-    if (line.contains(u"record"_qs)) {
-        for (const QString &record : texts(line[u"record"_qs])) {
-            result.records += lineBytes(record);
-        }
-        return result;
-    }
-    for (const QString &body : texts(line[u"says"_qs])) {
-        result.records += "+CMGL: 7,\"REC UNREAD\",\"" + result.from +
-                          "\",,\"26/12/01,12:34:56+04\"\r\n" + lineBytes(body) + "\r\n";
-        ++result.messages;
+    const auto optional = [&](const QString &key, const QString &otherwise) {
+        return line.contains(key) ? text(line[key]) : otherwise;
+    };
+    CorpusSentence result{.name = text(line[u"name"_qs]).toStdString(),
+                          .from = lineBytes(optional(u"from"_qs, u"+4790000001"_qs)),
+                          .messages = 0,
+                          .records = {},
+                          .country = optional(u"country"_qs, u"47"_qs),
+                          .dates = optional(u"dates"_qs, u"dd/MM/yyyy"_qs),
+                          .refuses = optional(u"refuses"_qs, {}),
+                          .before = tables(line[u"before"_qs]),
+                          .after = tables(line[u"after"_qs])};
+    const bool says = line.contains(u"says"_qs);
+    for (const QString &body : texts(line[says ? u"says"_qs : u"record"_qs])) {
+        result.records += says ? listed(result.from, lineBytes(body)) : lineBytes(body);
+        result.messages += says;
     }
     return result;
 }
@@ -219,6 +212,12 @@ QByteArrayList corpusRecords()
         }
     }
     return result;
+}
+
+QByteArray listed(const QByteArray &sender, const QByteArray &body)
+{
+    return "+CMGL: 7,\"REC UNREAD\",\"" + sender + "\",,\"26/12/01,12:34:56+04\"\r\n" + body +
+           "\r\n";
 }
 
 int corpusIndex(const QByteArray &record)

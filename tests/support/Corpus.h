@@ -51,5 +51,7 @@ QStringList corpusSentenceFiles();
 /// The records of all sentences of all files, for whoever needs many different messages.
 QByteArrayList corpusRecords();
 
+/// A message as a modem lists it, at place 7.
+QByteArray listed(const QByteArray &sender, const QByteArray &body);
 /// The storage number in a record's header.
 int corpusIndex(const QByteArray &record);

@@ -11,7 +11,7 @@
 
 #include <gtest/gtest.h>
 
-World::World(Setup setup) : line_(setup.line)
+World::World(Setup setup) : FarModem(static_cast<FakeMachine &>(*this)), line_(setup.line)
 {
     for (const Door &door : setup.doors) {
         database_.add(
@@ -25,7 +25,6 @@ World::World(Setup setup) : line_(setup.line)
             receivedBy_[message.to].append(QString::fromLatin1(message.text));
         }
     });
-    connectLine(setup.line);
     settings.values = {{QStringLiteral("dbpath"), database_.path()},
                        {QStringLiteral("countrycode"), setup.CountryCode},
                        {QStringLiteral("keyselect"), setup.doors.front().number},
@@ -47,19 +46,6 @@ World::World(Setup setup) : line_(setup.line)
 }
 
 World::~World() = default;
-
-void World::connectLine(Line line)
-{
-    modem.setSubmissionTime(500ms);
-    port.onWrite = socket.onWrite = [this](const QByteArray &bytes) { modem.receive(bytes); };
-    modem.setOutput([this, line](const QByteArray &bytes) {
-        line == Line::Com ? port.feed(bytes) : socket.feed(bytes);
-    });
-    modem.setLineDrop([this, line] {
-        line == Line::Com ? port.unplug() : socket.closeByFarSide();
-        modem.lineClosed();
-    });
-}
 
 void World::login()
 {

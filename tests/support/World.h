@@ -4,15 +4,14 @@
 #include "app/frmMain.h"
 #include "data/Connection.h"
 #include "simulator/DoorUnit.h"
-#include "simulator/SimulatedModem.h"
-#include "support/FakeMachine.h"
+#include "support/FarModem.h"
 #include "support/TestDatabase.h"
 
 #include <vector>
 
 /// The whole program in one process: the real main screen offscreen, a real database file, the
 /// simulated modem, network and doors, and the virtual clock. The same each time.
-class World : public FakeMachine {
+class World : public FakeMachine, public FarModem {
 public:
     enum class Line { Com, Tcp };
     struct Door {
@@ -78,11 +77,7 @@ public:
     /// Texts that reached this door, in order.
     QStringList received(const QString &number) const { return receivedBy_.value(number); }
 
-    SmsNetwork network{clock};
-    SimulatedModem modem{clock, network, QStringLiteral("+4799000000")};
-
 private:
-    void connectLine(Line line);
     void login();
 
     TestDatabase database_;

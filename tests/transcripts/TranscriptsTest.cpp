@@ -2,8 +2,6 @@
 #include "support/ReaderBench.h"
 #include "transcripts/Transcript.h"
 
-#include <QDir>
-
 #include <gmock/gmock.h>
 
 namespace {
@@ -188,46 +186,6 @@ TEST(Transcripts, LeaveTheTablesAsTheySay)
         }
     }
     EXPECT_GT(played, 0) << "no name holds " << wanted;
-}
-
-struct BrokenFile {
-    const char *text;
-    const char *complaint;
-};
-
-constexpr BrokenFile kBroken[] = {
-    {"", "no transcript"},
-    {"# a comment\n", "no transcript"},
-    {"< a\n", "1: a name is expected"},
-    {"== a\nshow a\n", "2: unknown directive"},
-    {"== a\n < a\n", "2: unknown directive"},
-    {"== a\n< \\q\n", "2: unknown escape"},
-    {"== a\n< \\x1\n", "2: unknown escape"},
-    {"== a\n< \xC3\xB8\n", "2: bytes from 127 on"},
-    {"== a\n@ 5\n", "2: a time is"},
-    {"== a\n...\n< a\n", "3: behind ..."},
-    {"== a\non COM2\n", "2: a line is"},
-    {"== a\n< a\nthen Doors\n", "3: no such table"},
-    {"== a\n< a\nthen Modem\nthen Modem\n", "4: no such table"},
-    {"== a\nthen Modem\n", "1: a: nothing happens"},
-    {"== a\n< a\n", "1: a: nothing comes of it"},
-    {"== a\n< a\nready yes\n== a\n< a\nready yes\n", "4: the name is used before"}};
-
-TEST(TranscriptFile, ThatIsWrongNamesItsLine)
-{
-    for (const BrokenFile &broken : kBroken) {
-        SCOPED_TRACE(broken.text);
-        const QTemporaryDir folder;
-        QFile file(folder.filePath(u"a.txt"_qs));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(broken.text) >= 0);
-        file.close();
-        try {
-            transcripts(folder.path());
-            ADD_FAILURE() << "no complaint";
-        } catch (const std::runtime_error &failure) {
-            EXPECT_THAT(failure.what(), testing::HasSubstr(broken.complaint));
-        }
-    }
 }
 
 } // namespace

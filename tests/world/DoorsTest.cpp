@@ -48,6 +48,8 @@ TEST(Doors, AnswerEveryCommandSoThatTheTablesFollow)
         "Eget_Nummer FROM KEYTable ORDER BY KeyNummer";
     const char *const kUsers = "SELECT group_concat(KeyBruker || ' ' || Status || ' ' || Konto, "
                                "'; ') FROM TBLbrukere GROUP BY KeyNummer ORDER BY KeyNummer";
+    const char *const kNewUser = "SELECT Saldo FROM TBLbrukere "
+                                 "WHERE trim(KeyBruker) = '+4793456789' ORDER BY KeyNummer";
     const char *const kSecurity = "SELECT KeySikkerhet FROM KEYTable ORDER BY KeyNummer";
     const char *const kLog = "SELECT group_concat(keyuser || ' ' || dato, '; ') FROM LOGGData "
                              "GROUP BY keynummer ORDER BY keynummer";
@@ -62,6 +64,10 @@ TEST(Doors, AnswerEveryCommandSoThatTheTablesFollow)
         {"?", kAdmin, each(u"1"_qs)},
         // The second user's mark is behind the first too: the first mark of a message counts.
         {"K", kUsers, each(u"+4791234567 AKTIV A2 Hentet; +4792345678 AKTIV A2 Hentet"_qs)},
+        // A new user, one who is there already, and one who goes.
+        {"I 93456789>26120100<26120324", kNewUser, each(u"0"_qs)},
+        {"I 93456789*25", kNewUser, each(u" 25"_qs)},
+        {"U 93456789", kNewUser, {}},
         // The last entry's minute has no line feed behind it, and is that of the entry before.
         {"r5", kLog, each(u"92345678 30/11,08:05; 92345678 01/12,17:05"_qs)},
         {"V0", kSecurity, each(u"6"_qs)},

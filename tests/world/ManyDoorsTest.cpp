@@ -1,13 +1,10 @@
 #include "support/World.h"
 
-#include "data/Dates.h"
-
 #include <gtest/gtest.h>
 
 namespace {
 
 constexpr int kDoors = 20;
-constexpr int kUsers = 10; ///< on each door
 
 QString doorNumber(int door)
 {
@@ -24,23 +21,20 @@ std::vector<World::Door> doors()
     return result;
 }
 
+// Each user of each door is a number that nobody else has; every third has a balance.
 void enterWaitingPeriods(World &world)
 {
-    for (int door = 0; door < kDoors; ++door) {
-        for (int user = 0; user < kUsers; ++user) {
-            const QString number = QStringLiteral("+479%1").arg(1'000'000 + door * 100 + user);
-            world.execute(QStringLiteral("INSERT INTO Katalog (Bruker, BrukerKort, Etternavn, "
-                                         "Fornavn) VALUES ('%1', '%2', '?', '?')")
-                              .arg(number, number.mid(3)));
-            world.execute(
-                QStringLiteral("INSERT INTO NYEbrukere (Bruker, KeyNummer, [Gyldig fra], FraTid, "
-                               "[Gyldig til], TilTid, Konto, Saldo, Status) VALUES ('%1', '%2', "
-                               "'%3/12/2026', '08', '31/12/2099', '16', 'Beboer', '%4', 'NY')")
-                    .arg(number, doorNumber(door))
-                    .arg(1 + user)
-                    .arg(user % 3 == 0 ? 10 + user : 0));
-        }
-    }
+    const QString eachUser = QStringLiteral(
+        "WITH RECURSIVE u(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM u WHERE i < 9) INSERT INTO ");
+    world.execute(
+        eachUser +
+        u"Katalog (Bruker, BrukerKort, Etternavn, Fornavn) SELECT '+47' || n, "
+        "n, '?', '?' FROM (SELECT 91000000 + 100 * k.Rad + i AS n FROM KEYTable k, u)"_qs);
+    world.execute(eachUser +
+                  u"NYEbrukere (Bruker, KeyNummer, [Gyldig fra], FraTid, [Gyldig til], "
+                  "TilTid, Konto, Saldo, Status) SELECT '+47' || (91000000 + 100 * Rad + i), "
+                  "KeyNummer, (1 + i) || '/12/2026', '08', '31/12/2099', '16', 'Beboer', "
+                  "CASE i % 3 WHEN 0 THEN 10 + i ELSE 0 END, 'NY' FROM KEYTable, u"_qs);
 }
 
 // What a door holds, in the words of the table.

@@ -1,8 +1,5 @@
 #include "support/World.h"
 
-#include <QLabel>
-#include <QPushButton>
-
 #include <gtest/gtest.h>
 
 namespace {
