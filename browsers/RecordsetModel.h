@@ -96,6 +96,13 @@ public:
     bool setData(const QModelIndex &index, const QVariant &value, int role) override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
+    /// Nothing: a letter typed in a grid would walk through every row of the file. The search line
+    /// is there for that.
+    QModelIndexList match(const QModelIndex &, int, const QVariant &, int,
+                          Qt::MatchFlags) const override
+    {
+        return {};
+    }
 
 signals:
     /// More rows are known, or all are; or some are gone.

@@ -58,6 +58,8 @@ TEST_F(RecordsetModelTest, FirstRowsAreThereAtOnceAndTheOthersFollow)
     EXPECT_EQ(model.recordCount(), kPeople);
     EXPECT_EQ(text(kPeople - 1), "1045000");
     EXPECT_EQ(model.rowOf(model.bookmark(30'000)), 30'000);
+    const QAbstractItemModel &asSeenByQt = model; // which looks for a letter typed in a grid
+    EXPECT_TRUE(asSeenByQt.match(model.index(0, 0), Qt::DisplayRole, u"1000002"_qs).isEmpty());
 }
 
 // What was shown stays until the first rows in the new order are known.
