@@ -44,6 +44,9 @@ void RecordBrowser::headingClicked(int column)
             setSort(utf8(key));
         } else if (!sortColumn_.isEmpty()) {
             setSort(sortColumn_); // the one in force once more
+        } else if (const auto first = std::ranges::find_if(table_.columns, &BrowserColumn::sortKey);
+                   first != table_.columns.end()) {
+            setSort(utf8(first->sortKey)); // what the screen would have begun with
         }
     });
 }

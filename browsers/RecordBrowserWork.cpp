@@ -153,6 +153,13 @@ void RecordBrowser::beginExport(const std::function<std::vector<qint64>()> &book
 
 void RecordBrowser::copySelection()
 {
+    if (EditFlag || AddNewFlag) {
+        person_.beep(); // the file has not what the grid shows before cmdUpdate
+        return;
+    }
+    if (!saveEdit()) {
+        return;
+    }
     QItemSelection ranges = ui_->grdDataGrid->selectionModel()->selection();
     std::ranges::sort(ranges, {}, &QItemSelectionRange::top);
     std::vector<qint64> bookmarks;

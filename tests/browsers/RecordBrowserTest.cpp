@@ -115,6 +115,8 @@ TEST_F(RecordBrowserTest, HeadingSortsAscendingAndTheLastOneOnceMore)
 {
     openCatalogue();
     EXPECT_EQ(column(1), "Ås|Berg|Zorn") << "as the table has them, until the first click";
+    clickHeading(7); // has no key of its own, and none is in force
+    EXPECT_EQ(grid().horizontalHeader()->sortIndicatorSection(), 0);
     key(Qt::Key_End);
     clickHeading(1);
     EXPECT_EQ(column(1), "Berg|Zorn|Ås");
@@ -326,16 +328,7 @@ TEST_F(RecordBrowserTest, LongTableStandsOnItsRowWhileItIsReadAnew)
     EXPECT_EQ(column(0, 1), "1030000");
     grid().setCurrentIndex(grid().model()->index(20'000, 0));
     click("cmdRefresh");
-    clock.run(2ms); // the doors are counted
-    grid().setCurrentIndex(grid().model()->index(20'000, 1));
-    QTest::keyClicks(&grid(), u"Ny"_qs);
-    clock.run(60s);
-    auto *cell = qobject_cast<QLineEdit *>(grid().indexWidget(grid().currentIndex()));
-    ASSERT_NE(cell, nullptr) << "what is being typed is not taken away";
-    QTest::keyClicks(cell, u"mann"_qs);
-    QTest::keyClick(cell, Qt::Key_Return);
     clock.run(5s);
-    EXPECT_EQ(rows(u"SELECT Bruker FROM Katalog WHERE Etternavn = 'Nymann'"_qs), "1010000");
     EXPECT_EQ(status(), u"Record: 20001"_qs);
     EXPECT_EQ(grid().currentIndex().row(), 20'000);
 
