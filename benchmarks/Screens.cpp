@@ -221,7 +221,7 @@ std::unique_ptr<RecordBrowser> makeSMSSent(Desk &desk)
 }
 std::unique_ptr<RecordBrowser> makeLOGG(Desk &desk)
 {
-    return std::make_unique<frmLOGG>(desk.tools, desk.recordsets, desk.link.pace);
+    return std::make_unique<frmLOGG>(desk.tools, desk.link.pace);
 }
 std::unique_ptr<RecordBrowser> makeKEY(Desk &desk)
 {
