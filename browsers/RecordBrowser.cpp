@@ -56,6 +56,11 @@ RecordBrowser::RecordBrowser(const BrowserTable &table, const BrowserTools &tool
       reload_(tools.person, kReloadsInSilence)
 {
     ui_->setupUi(this);
+    for (QWidget *shownAtTimes : std::initializer_list<QWidget *>{ui_->barWork, ui_->lblWork}) {
+        QSizePolicy room = shownAtTimes->sizePolicy();
+        room.setRetainSizeWhenHidden(true); // the search line stays where it is
+        shownAtTimes->setSizePolicy(room);
+    }
     // On a small screen, or a magnified one, the bar at the bottom must not be lost.
     const QSize titleBar(0, fontMetrics().height() * 2);
     resize(size().boundedTo(screen()->availableSize() - titleBar));
@@ -152,6 +157,8 @@ void RecordBrowser::wire()
     connect(&grid, &QTableView::pressed, this, &RecordBrowser::stayHere);
     connect(&grid, &QTableView::doubleClicked, this, [this] { cellDoubleClicked(); });
     connect(&model_, &RecordsetModel::readOn, this, &RecordBrowser::readOn);
+    connect(&model_, &RecordsetModel::editEnded, this, &RecordBrowser::searchChanged,
+            Qt::QueuedConnection); // whoever ended it still counts on the rows as they are
     connect(&model_, &RecordsetModel::newRowBegun, this,
             [this](int column) { shown(person_, {}, [&] { newRowBegun(column); }); });
 }
@@ -193,6 +200,9 @@ Query RecordBrowser::query() const
     Query query{.source = utf8(table_.source)};
     for (const BrowserColumn &column : table_.columns) {
         query.columns += utf8(column.field);
+        if (column.use != BrowserColumn::Hidden) {
+            query.searched += utf8(column.field);
+        }
     }
     return query;
 }
@@ -202,10 +212,7 @@ void RecordBrowser::openRows(const std::shared_ptr<Connection> &connection)
     Recordset rows; // when it cannot be opened, what is shown stays whole
     rows.open(connection, query());
     rows.search(ui_->txtSearch->text());
-    sortColumn_ = sortToOpenIn();
-    if (!sortColumn_.isEmpty()) {
-        rows.sort(sortColumn_);
-    }
+    rows.sort(sortToOpenIn());
     keepPlace();
     adoPrimaryRS = std::move(rows);
     connection_ = connection;
@@ -264,10 +271,12 @@ void RecordBrowser::keepPlace()
     const QItemSelection selection = ui_->grdDataGrid->selectionModel()->selection();
     for (const QItemSelectionRange &range : selection) {
         for (int row = range.top(); row <= range.bottom(); ++row) {
-            kept.selected.insert(model_.bookmark(row));
+            if (const qint64 bookmark = model_.bookmark(row); bookmark != 0) { // the empty row
+                kept.selected.push_back(bookmark);
+            }
         }
     }
-    kept.selected.erase(0); // the empty row
+    std::ranges::sort(kept.selected);
     place_ = std::move(kept);
 }
 
@@ -292,11 +301,18 @@ void RecordBrowser::backToPlace()
     const QScopedValueRollback wish(wantsLast_); // this is no move of the operator's
     QTableView &grid = *ui_->grdDataGrid;
     grid.setCurrentIndex(model_.index(row, kept.column));
-    if (kept.selected.size() > 1) { // one pass, however many there are
+    if (kept.selected.size() > 1) {        // one pass, however many there are
+        auto next = kept.selected.begin(); // nearly always in the order of the rows
+        const auto wasSelected = [&](qint64 bookmark) {
+            if (next == kept.selected.end() || *next != bookmark) {
+                next = std::ranges::lower_bound(kept.selected, bookmark);
+            }
+            return next != kept.selected.end() && *next == bookmark && (++next, true);
+        };
         QItemSelection selection;
         for (int first = 0, last = 0; first < model_.recordCount(); first = last + 1) {
             last = first;
-            while (kept.selected.contains(model_.bookmark(last))) {
+            while (wasSelected(model_.bookmark(last))) {
                 ++last;
             }
             if (last > first) {
@@ -413,12 +429,10 @@ void RecordBrowser::closeEvent(QCloseEvent *event)
         event->ignore(); // it has been told why; Esc drops what was typed
         return;
     }
-    stopWork();
+    endWork();
+    model_.stopReading();
     Timer1_->setEnabled(false);
     saveColumns();
-    if (std::exchange(busy_, false)) {
-        person_.setBusy(false);
-    }
     if (connection_) { // the file may be wanted alone, as by a compaction
         connection_->close();
     }

@@ -9,7 +9,7 @@
 
 #include <chrono>
 #include <optional>
-#include <unordered_set>
+#include <vector>
 
 class Operator;
 class QAbstractButton;
@@ -128,7 +128,7 @@ private:
     struct PlaceKept {
         qint64 current = 0;
         qint64 top = 0;
-        std::unordered_set<qint64> selected = {};
+        std::vector<qint64> selected = {}; ///< in ascending order
         int column = 0;
         int across = 0; ///< the bar below the grid
     };
@@ -146,6 +146,7 @@ private:
     void backToPlace();
     void stayHere();
     void setSort(const QString &column);
+    void sortBy(const QString &column);
     void showSort();
     void headingClicked(int column);
     void searchChanged();
@@ -170,6 +171,7 @@ private:
     void workOn();
     void endWork();
     bool stopWork();
+    void askForWhatIsShown();
     void copySelection();
     void saveAsCsv();
     void timer1Tick();
@@ -184,10 +186,8 @@ private:
     std::function<bool(int &)> slice_; ///< of the long work that is going on
     QStringList headings_;
     QString path_;           ///< of the file that the rows come from
-    QString sortColumn_;     ///< in force; empty for the order of the query
     bool wantsLast_ = false; ///< the last row is moved to once it is known, unless another is first
     bool settled_ = false;   ///< columns stand as their operator left them
-    bool busy_ = false;
     std::chrono::milliseconds readingSince_{0};
     std::optional<PlaceKept> place_; ///< on the way back there
 };

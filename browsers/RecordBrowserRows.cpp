@@ -42,8 +42,8 @@ void RecordBrowser::headingClicked(int column)
     shown(person_, {}, [&] {
         if (const char *key = table_.columns[static_cast<std::size_t>(column)].sortKey) {
             setSort(utf8(key));
-        } else if (!sortColumn_.isEmpty()) {
-            setSort(sortColumn_); // the one in force once more
+        } else if (const QString inForce = adoPrimaryRS.query().sort; !inForce.isEmpty()) {
+            setSort(inForce); // once more
         } else if (const auto first = std::ranges::find_if(table_.columns, &BrowserColumn::sortKey);
                    first != table_.columns.end()) {
             setSort(utf8(first->sortKey)); // what the screen would have begun with
@@ -54,23 +54,28 @@ void RecordBrowser::headingClicked(int column)
 /// Sorts ascending, as always, and begins at the first row.
 void RecordBrowser::setSort(const QString &column)
 {
-    adoPrimaryRS.sort(column);
-    sortColumn_ = column;
-    if (table_.has(BrowserTable::KeepsSort)) {
-        settings_.save(settingsKey("Sort"), column);
-    }
+    sortBy(column);
     place_ = PlaceKept{};
     wantsLast_ = false;
     ui_->grdDataGrid->clearSelection();
     showRows(RecordsetModel::GivesWay::ToFirstRows);
 }
 
+void RecordBrowser::sortBy(const QString &column)
+{
+    adoPrimaryRS.sort(column);
+    if (table_.has(BrowserTable::KeepsSort)) {
+        settings_.save(settingsKey("Sort"), column);
+    }
+}
+
 void RecordBrowser::showSort()
 {
+    const QString inForce = adoPrimaryRS.query().sort;
     QHeaderView &headings = *ui_->grdDataGrid->horizontalHeader();
     int sorted = -1;
     for (std::size_t i = 0; i < table_.columns.size(); ++i) {
-        if (sortColumn_.compare(utf8(table_.columns[i].field), Qt::CaseInsensitive) == 0) {
+        if (inForce.compare(utf8(table_.columns[i].field), Qt::CaseInsensitive) == 0) {
             sorted = static_cast<int>(i);
         }
     }
@@ -80,8 +85,10 @@ void RecordBrowser::showSort()
 
 void RecordBrowser::searchChanged()
 {
-    if (!adoPrimaryRS.isOpen() || !saveEdit()) {
-        return;
+    if (!isVisible() || !adoPrimaryRS.isOpen() ||
+        adoPrimaryRS.query().search == ui_->txtSearch->text() || EditFlag || AddNewFlag ||
+        !saveEdit()) {
+        return; // an edit that ends asks once more
     }
     wantsLast_ = false;
     shown(person_, {}, [this] {

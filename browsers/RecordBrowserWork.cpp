@@ -61,16 +61,15 @@ void RecordBrowser::showProgress()
         slice_ != nullptr || (reading && clock_.elapsed() - readingSince_ > kWorthShowing);
     ui_->barWork->setVisible(shows);
     ui_->lblWork->setVisible(shows);
-    if (std::exchange(busy_, shows) != shows) {
-        person_.setBusy(shows);
-    }
-    const bool searches = !ui_->txtSearch->text().isEmpty();
+    person_.setBusy(this, shows);
+    const bool searches = !model_.shownQuery().search.isEmpty();
     const int rows = model_.recordCount();
     const char *const found = searches    ? QT_TRANSLATE_NOOP("RecordBrowser", "%1 treff")
                               : rows == 1 ? QT_TRANSLATE_NOOP("RecordBrowser", "%1 rad")
                                           : QT_TRANSLATE_NOOP("RecordBrowser", "%1 rader");
-    ui_->lblHits->setText(
-        ownText(found).arg(QLocale().toString(rows) + (reading ? QStringLiteral("…") : QString())));
+    const QString more = reading ? QStringLiteral("…") : QString();
+    ui_->lblHits->setText(model_.showsLatest() ? ownText(found).arg(QLocale().toString(rows) + more)
+                                               : more); // how many there were is no news
     lblEmpty_->setVisible(rows == 0 && !reading);
     lblEmpty_->setText(
         ownText(searches ? QT_TRANSLATE_NOOP("RecordBrowser", "Ingen rad har denne teksten.")
@@ -117,15 +116,31 @@ void RecordBrowser::endWork()
 /// Whatever takes long ends here, with what it has; a file that is not whole is not written.
 bool RecordBrowser::stopWork()
 {
-    const bool worked = slice_ != nullptr || model_.isReading();
+    // Until changes to a row are settled the rows to come rest anyway, and wait.
+    const bool rests = !model_.showsLatest() && model_.editedRow() >= 0;
+    const bool reads = model_.isReading() && !rests;
+    const bool worked = slice_ != nullptr || reads;
     endWork();
-    wantsLast_ = false;
-    place_.reset();
-    if (model_.isReading()) {
+    if (reads) {
+        wantsLast_ = false;
+        place_.reset();
+        if (!model_.showsLatest()) {
+            shown(person_, {}, [this] { askForWhatIsShown(); });
+        }
         model_.stopReading();
     }
     showProgress();
     return worked;
+}
+
+/// A search or a sort that has come to nothing is taken back.
+void RecordBrowser::askForWhatIsShown()
+{
+    const Query before = model_.shownQuery();
+    adoPrimaryRS.search(before.search);
+    ui_->txtSearch->setText(before.search);
+    sortBy(before.sort);
+    showSort();
 }
 
 /// The rows are asked for once all are listed.

@@ -39,15 +39,14 @@ void RecordsetModel::show(Recordset &rows, GivesWay when)
     const std::shared_ptr<RowList> fresh = rows.list();
     tries_.beginAnew();
     const bool read = fresh->isComplete() || tries_([&] { fresh->readSlice(kFirstRows); });
-    Query query = rows.query();
-    query.sort.clear();
-    query.search.clear();
-    const bool sameRows = set_ == &rows && query_ == query;
+    Query otherwise = shownQuery();
+    otherwise.sort = rows.query().sort;
+    otherwise.search = rows.query().search;
+    const bool sameRows = set_ == &rows && otherwise == rows.query();
     if (reading_ != fresh) {
         endShown();
     }
     set_ = &rows;
-    query_ = std::move(query);
     reading_ = fresh;
     givesWay_ = sameRows ? when : GivesWay::AtOnce;
     takeOverWhenKnown();
@@ -55,6 +54,11 @@ void RecordsetModel::show(Recordset &rows, GivesWay when)
     if (isReading()) {
         lookAgain(!read ? Tries::kPause : list_ == reading_ ? kForTheView : kBetweenSlices);
     }
+}
+
+Query RecordsetModel::shownQuery() const
+{
+    return list_ ? list_->query() : Query();
 }
 
 void RecordsetModel::takeOverWhenKnown()
@@ -309,6 +313,7 @@ void RecordsetModel::endEdit()
     forgetWindows(row);
     emit dataChanged(index(row, 0), index(row, columnCount() - 1));
     emit headerDataChanged(Qt::Vertical, row, row);
+    emit editEnded();
 }
 
 void RecordsetModel::standOn(int row)

@@ -59,6 +59,10 @@ public:
     /// What the last show() asked for is what is shown.
     bool showsLatest() const { return !reading_ || list_ == reading_; }
 
+    /// What the rows shown were asked for by: order and search may be others than the set's until
+    /// its own rows are shown.
+    Query shownQuery() const;
+
     /// Rows of the set, the empty one left out.
     int recordCount() const { return rows_; }
     /// Names the row for good; 0 for the empty row and for none.
@@ -109,6 +113,8 @@ signals:
     void readOn();
     /// The first cell of a new row has been changed: its other columns can be given now.
     void newRowBegun(int column);
+    /// The changes of a row have been saved, or dropped.
+    void editEnded();
 
 private:
     static constexpr int kWindow = 64;       ///< rows read at once
@@ -138,7 +144,6 @@ private:
     std::function<bool()> isTyping_;
     std::unique_ptr<Timer> slices_;
     Recordset *set_ = nullptr;
-    Query query_;                      ///< of the set, without order and search
     std::shared_ptr<RowList> list_;    ///< shown
     std::shared_ptr<RowList> reading_; ///< not complete: list_, or what will take its place
     GivesWay givesWay_ = GivesWay::ToFirstRows;

@@ -17,12 +17,13 @@ class RowList;
 /// A filter is SQL over the source's columns with a "?" for each of its values; values are bound,
 /// never joined in. Compare texts by Criteria.h, so that case and trailing blanks don't count.
 struct Query {
-    QString source = {};      ///< table or saved query
-    QStringList columns = {}; ///< names as the program spells them; case doesn't count
-    QString filter = {};      ///< empty for all rows
-    QVariantList values = {}; ///< for the "?" of the filter, in order
-    QString sort = {};        ///< column to sort by; empty for the table's own order
-    QString search = {};      ///< text that some column holds, case ignored; empty for all
+    QString source = {};       ///< table or saved query
+    QStringList columns = {};  ///< names as the program spells them; case doesn't count
+    QString filter = {};       ///< empty for all rows
+    QVariantList values = {};  ///< for the "?" of the filter, in order
+    QString sort = {};         ///< column to sort by; empty for the table's own order
+    QString search = {};       ///< text that some column holds, case ignored; empty for all
+    QStringList searched = {}; ///< the columns that the search looks in; empty for all of them
     QString key = QStringLiteral("rowid"); ///< whole number that names a row of the source for good
 
     bool operator==(const Query &) const = default;
@@ -62,7 +63,7 @@ public:
     void requery();
     /// Sorts by a column ("[Gyldig fra]" or "Gyldig fra", case ignored) and goes to the first row.
     /// "Gyldig fra" and "Gyldig til" sort as dates, what is no date behind them as text; all other
-    /// texts as text. Rows of like value keep the table's order.
+    /// texts as text. Rows of like value keep the table's order; so do all when column is empty.
     void sort(const QString &column);
     /// From now on the set has only rows where one of the columns holds the text, case ignored.
     void search(const QString &text);

@@ -27,6 +27,7 @@ public:
     /// more of them. A set that walks along this one still comes to the last.
     std::shared_ptr<RowList> soFar() const;
 
+    const Query &query() const { return select_.query(); }
     bool isComplete() const { return phase_ == Phase::Complete; }
     /// Reads on by one slice; nothing once the list is complete.
     /// @throws RuntimeFailure with the engine's words; the slice can be tried again.

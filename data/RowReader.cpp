@@ -35,8 +35,8 @@ RowReader::RowReader(std::shared_ptr<Connection> connection, Query query)
 
 void RowReader::sort(const QString &column)
 {
-    const QString name = query().columns[columnIndex(column)];
-    select_.sortBy(name, isRowNumber(name));
+    const QString name = column.isEmpty() ? QString() : query().columns[columnIndex(column)];
+    select_.sortBy(name, !name.isEmpty() && isRowNumber(name));
     refresh();
 }
 

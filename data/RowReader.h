@@ -33,7 +33,7 @@ public:
     /// Place of the key's row, from 1.
     int position(qint64 key);
 
-    /// Sorts from now on by a column of the query.
+    /// Sorts from now on by a column of the query; by none when it is empty.
     void sort(const QString &column);
     /// Looks from now on for a text; for none when it is empty.
     void search(const QString &text);

@@ -46,7 +46,7 @@ QString RowSelect::order() const
 QString RowSelect::searchTest() const
 {
     QString test = QStringLiteral("contains_text(?");
-    for (const QString &column : query_.columns) {
+    for (const QString &column : query_.searched.isEmpty() ? query_.columns : query_.searched) {
         test += QStringLiteral(", ") + sqlName(column);
     }
     return test + u')';

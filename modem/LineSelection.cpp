@@ -188,7 +188,7 @@ void LineSelection::connectLine()
                              Buttons::Ok);
         return;
     }
-    operator_.setBusy(true);
+    operator_.setBusy(&module_, true);
     controls_.connectEnabled = false;
     controls_.addressEnabled = false;
     controls_.commandsEnabled = true;

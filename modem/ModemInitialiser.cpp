@@ -211,5 +211,5 @@ void ModemInitialiser::finish()
 {
     recordsets_.OpenRecordsets();
     flags_.ModemInitRunning = false;
-    operator_.setBusy(false);
+    operator_.setBusy(&module_, false);
 }

@@ -24,8 +24,8 @@ public:
     /// picks a file that exists has agreed to lose it.
     virtual QString chooseNewFile(const QString &startFrom, const QString &filter) = 0;
     virtual void beep() = 0;
-    /// Busy pointer on or off; repeated calls don't add up.
-    virtual void setBusy(bool busy) = 0;
+    /// Busy pointer for as long as anybody is busy; repeated calls of the same one don't add up.
+    virtual void setBusy(const void *who, bool busy) = 0;
 
     /// The description of a failure, with OK alone. The same text while its box is still open is
     /// dropped, so that a failing line cannot pile up boxes.

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLibraryInfo>
 #include <QLineEdit>
+#include <QLocale>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPointer>
@@ -30,12 +31,13 @@ struct Language {
     QStringView countryCode;
     QStringView cancel;
     QStringView catalogue; ///< suffixes of Qt's own translations, the best first
+    QStringView locale;    ///< for the digits of numbers and the names of days
 };
 
 constexpr Language kLanguages[] = {
-    {u"47", u"Avbryt", u"nb nn"},
-    {u"46", u"Avbryt", u"sv"},
-    {u"45", u"Annuller", u"da"},
+    {u"47", u"Avbryt", u"nb nn", u"nb_NO"},
+    {u"46", u"Avbryt", u"sv", u"sv_SE"},
+    {u"45", u"Annuller", u"da", u"da_DK"},
 };
 
 // Line breaks as labels know them, and places to break a number of 300 digits.
@@ -111,7 +113,9 @@ QtOperator::QtOperator(Clock &clock) : clock_(clock)
 
 QtOperator::~QtOperator()
 {
-    setBusy(false);
+    if (!busy_.isEmpty()) {
+        QGuiApplication::restoreOverrideCursor();
+    }
 }
 
 Answer QtOperator::messageBox(const QString &text, const QString &title, Buttons buttons)
@@ -201,14 +205,18 @@ void QtOperator::beep()
     QApplication::beep();
 }
 
-void QtOperator::setBusy(bool busy)
+void QtOperator::setBusy(const void *who, bool busy)
 {
-    if (busy == busy_) {
-        return;
+    const bool wasBusy = !busy_.isEmpty();
+    if (busy) {
+        busy_.insert(who);
+    } else {
+        busy_.remove(who);
     }
-    busy_ = busy;
-    busy ? QGuiApplication::setOverrideCursor(Qt::BusyCursor)
-         : QGuiApplication::restoreOverrideCursor();
+    if (const bool isBusy = !busy_.isEmpty(); isBusy != wasBusy) {
+        isBusy ? QGuiApplication::setOverrideCursor(Qt::BusyCursor)
+               : QGuiApplication::restoreOverrideCursor();
+    }
 }
 
 void QtOperator::setLanguage(const QString &countryCode)
@@ -221,6 +229,7 @@ void QtOperator::setLanguage(const QString &countryCode)
         language = kLanguages;
     }
     cancelCaption_ = language->cancel.toString();
+    QLocale::setDefault(QLocale(language->locale.toString()));
     QCoreApplication::removeTranslator(&qtTexts_);
     QCoreApplication::removeTranslator(&ownTexts_);
     // Our own texts are Norwegian as they stand.

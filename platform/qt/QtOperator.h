@@ -3,6 +3,7 @@
 #include "platform/Operator.h"
 
 #include <QList>
+#include <QSet>
 #include <QTranslator>
 
 class Clock;
@@ -21,11 +22,11 @@ public:
     QString chooseFile(const QString &startFrom, const QString &filter) override;
     QString chooseNewFile(const QString &startFrom, const QString &filter) override;
     void beep() override;
-    void setBusy(bool busy) override;
+    void setBusy(const void *who, bool busy) override;
 
-    /// Language of the buttons and of Qt's own dialogues: 47 Norsk, 46 Svensk, 45 Dansk; Norsk for
-    /// any other code. Dialogues other than ours stay English where Qt's translations are not
-    /// installed.
+    /// Language of the buttons and of Qt's own dialogues, and form of numbers: 47 Norsk, 46 Svensk,
+    /// 45 Dansk; Norsk for any other code. Dialogues other than ours stay English where Qt's
+    /// translations are not installed.
     void setLanguage(const QString &countryCode);
 
 private:
@@ -39,5 +40,5 @@ private:
     QTranslator ownTexts_; ///< words of our failures
     QString cancelCaption_;
     QList<QDialog *> open_;
-    bool busy_ = false;
+    QSet<const void *> busy_;
 };

@@ -52,6 +52,20 @@ TEST_F(Questions, FitTheScreenWithAnEndlessWordAndCountAsCancelledWhenClosed)
     EXPECT_EQ(ask(QString(100'000, u'9')), Answer::Cancel);
 }
 
+TEST_F(Questions, ShowABusyPointerAsLongAsAnybodyIsBusy)
+{
+    int modem = 0;
+    int list = 0;
+    for (const auto &[who, busy, isShown] : {std::tuple{&modem, true, true},
+                                             {&list, true, true},
+                                             {&list, true, true},
+                                             {&list, false, true},
+                                             {&modem, false, false}}) {
+        person.setBusy(who, busy);
+        EXPECT_EQ(QGuiApplication::overrideCursor() != nullptr, isShown);
+    }
+}
+
 TEST_F(Questions, StandOneOverTheOther)
 {
     QStringList order;
@@ -120,12 +134,12 @@ TEST_F(Questions, AskBeforeAFileIsOverwritten)
 
 TEST_F(Questions, SpeakTheLanguageOfTheCountry)
 {
-
-    for (const auto &[code, cancel, failure] :
-         {std::tuple{u"45"_qs, u"Annuller"_qs, u"Teksten er ikke et tal"_qs},
-          {u"46"_qs, u"Avbryt"_qs, u"Texten är inget tal"_qs},
-          {u"99"_qs, u"Avbryt"_qs, u"Teksten er ikke et tall"_qs}}) {
+    for (const auto &[code, cancel, failure, locale] :
+         {std::tuple{u"45"_qs, u"Annuller"_qs, u"Teksten er ikke et tal"_qs, u"da_DK"_qs},
+          {u"46"_qs, u"Avbryt"_qs, u"Texten är inget tal"_qs, u"sv_SE"_qs},
+          {u"99"_qs, u"Avbryt"_qs, u"Teksten er ikke et tall"_qs, u"nb_NO"_qs}}) {
         person.setLanguage(code);
+        EXPECT_EQ(QLocale().name(), locale);
         EXPECT_EQ(QCoreApplication::translate("Text", "Teksten er ikke et tall"), failure);
         QString seen;
         clock.after(100ms, [&] {

@@ -58,12 +58,12 @@ struct BrowserWorld : testing::Test, FakeMachine {
         QTest::keyClick(cell, Qt::Key_Return);
         QCoreApplication::processEvents(); // the cell closes behind the key
     }
-    void clickHeading(int column)
+    void clickHeading(int column, milliseconds wait = 1s)
     {
         QHeaderView &heads = *grid().horizontalHeader();
         QTest::mouseClick(heads.viewport(), Qt::LeftButton, {},
                           {heads.sectionViewportPosition(column) + 5, heads.height() / 2});
-        clock.run(1s);
+        clock.run(wait);
     }
     void search(const QString &text)
     {

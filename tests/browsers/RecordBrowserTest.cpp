@@ -173,7 +173,7 @@ TEST_F(RecordBrowserTest, CsvThatCannotBeWrittenSaysWhy)
         }
         click("cmdSaveCsv");
         clock.run(3s);
-        EXPECT_EQ(FakeMachine::person.busy, failure == u"låst"_qs) << "it is tried again";
+        EXPECT_EQ(FakeMachine::person.isBusy(), failure == u"låst"_qs) << "it is tried again";
         clock.run(3s);
         EXPECT_EQ(QFile::exists(path), failure.isEmpty());
     };
@@ -252,6 +252,9 @@ TEST_F(RecordBrowserTest, ConflictsAreToldAndSettledByTheOperator)
     }
     key(Qt::Key_Escape);
     EXPECT_EQ(column(1, 1), "din");
+    clock.run(1s);
+    EXPECT_EQ(column(0), "Hovedoperatør|") << "what the edit kept from being looked for";
+    search(u""_qs);
     type(0, 1, u"så min"_qs);
     key(Qt::Key_Down);
     EXPECT_EQ(rows(u"SELECT Password FROM Passwords WHERE USER_ID = 'Anna'"_qs), "så min");
@@ -303,6 +306,29 @@ TEST_F(RecordBrowserTest, LongReadingStopsAtEscape)
     EXPECT_EQ(grid().currentIndex().row(), 29999) << "until the first hit is there";
     clock.run(5s);
     EXPECT_EQ(status(), u"Record: 1"_qs);
+}
+
+TEST_F(RecordBrowserTest, SearchOrSortStoppedBeforeItHasRowsIsTakenBack)
+{
+    run(u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 30000)"
+        " INSERT INTO SMS_Sent (Fornavn) SELECT 99999 - i FROM n"_qs);
+    open<RecordBrowser>(kSMSSentTable, tools());
+    clock.run(1s);
+    const QString all = control<QLabel>("lblHits").text();
+    control<QLineEdit>("txtSearch").setText(u"finnes ikke"_qs);
+    EXPECT_EQ(control<QLabel>("lblHits").text(), u"…"_qs);
+    QTest::keyClick(&control<QLineEdit>("txtSearch"), Qt::Key_Escape);
+    EXPECT_EQ(control<QLineEdit>("txtSearch").text(), u""_qs);
+    EXPECT_EQ(control<QLabel>("lblHits").text(), all);
+    clickHeading(3, 0ms);
+    EXPECT_EQ(grid().horizontalHeader()->sortIndicatorSection(), 3);
+    key(Qt::Key_Escape);
+    EXPECT_EQ(grid().horizontalHeader()->sortIndicatorSection(), 0);
+    EXPECT_EQ(settings.values[u"frmsmssent.sort"_qs], u"ID"_qs);
+    click("cmdRefresh");
+    clock.run(1s);
+    EXPECT_EQ(column(3, 1) + ' ' + control<QLabel>("lblHits").text().toStdString(),
+              "99998 " + all.toStdString());
 }
 
 // The rows shown until the new ones are known are those that count, and none is lost on the way.

@@ -49,6 +49,10 @@ TEST_F(DoorListTest, OpensOnTheCurrentDoorAndTheRowIsTheCurrentDoorFromThereOn)
     EXPECT_EQ(headings(), "Dør Nummer|Dør Navn|Bygning|Sikkerhetsnivå");
     EXPECT_EQ(module.KeySelect, u"+4790000002"_qs);
     EXPECT_EQ(status(), u"Record: 2"_qs);
+    run(u"UPDATE KEYTable SET Tekst6 = 'garasje' WHERE KeyNavn = 'Bod'"_qs);
+    search(u"garasje"_qs);
+    EXPECT_EQ(column(1), "Garasje|") << "columns that nobody sees are not searched";
+    search({});
     key(Qt::Key_Down);
     EXPECT_EQ(module.KeySelect, u"+4790000003"_qs);
     key(Qt::Key_Escape);

@@ -91,7 +91,7 @@ TEST_F(Selection, ConnectsToTheNetworkModemThatIsTyped)
     EXPECT_EQ(view.statusBox, u"Frakoblet fra modem\nKobler til: 10.0.0.7 Port 2001\n"
                               "Tilkobling til modem er vellykket\n"_qs);
     EXPECT_TRUE(module.ModemReady);
-    EXPECT_FALSE(person.busy);
+    EXPECT_FALSE(person.isBusy());
 }
 
 TEST_F(Selection, GoesBackWhenTheAddressOrTheConnectionIsNotWanted)
@@ -109,7 +109,7 @@ TEST_F(Selection, GoesBackWhenTheAddressOrTheConnectionIsNotWanted)
     EXPECT_EQ(module.ActiveComPort, 255);
     // On purpose: the address and the busy pointer stay as the question left them.
     EXPECT_EQ(seen(), "group terminal connect:ve disconnect:-- commands");
-    EXPECT_TRUE(person.busy);
+    EXPECT_TRUE(person.isBusy());
     link.selection.ComShowCom();
     EXPECT_FALSE(view.controls.terminalVisible);
 }
@@ -125,7 +125,7 @@ TEST_F(Selection, RefusesWhatIsNoTcpPort)
         person.answers(message);
         link.selection.cmdConnect();
         EXPECT_EQ(view.statusBox, QString());
-        EXPECT_FALSE(person.busy);
+        EXPECT_FALSE(person.isBusy());
     }
 }
 

@@ -9,7 +9,7 @@ const QString kNotFound =
     u"and SIM card ready with PIN-code disabled"_qs;
 
 struct Initialiser : testing::Test, ModemWorld {
-    Initialiser() { person.busy = true; }
+    Initialiser() { person.setBusy(&module, true); }
 
     void setRow(const QString &owner)
     {
@@ -31,7 +31,7 @@ TEST_F(Initialiser, WaitsBetweenTheStepsAsModemsNeedItAndLongerForAStorageThatIs
     for (const bool onNetwork : {false, true}) {
         open(onNetwork);
         becomes();
-        person.busy = true;
+        person.setBusy(&module, true);
         int refreshes = 0;
         recordsets.display = [&] { ++refreshes; };
         const milliseconds usual = timed([&] { link.initialiser.InitModem(); });
@@ -42,7 +42,7 @@ TEST_F(Initialiser, WaitsBetweenTheStepsAsModemsNeedItAndLongerForAStorageThatIs
         EXPECT_EQ(link.TimerCom->interval(), 1000ms);
         EXPECT_TRUE(link.pace.isRunning());
         EXPECT_EQ(link.pace.interval(), 10000ms);
-        EXPECT_FALSE(person.busy);
+        EXPECT_FALSE(person.isBusy());
         EXPECT_EQ(refreshes, 1);
 
         // Their ticks would cut the waits of the reads short.
@@ -72,7 +72,7 @@ TEST_F(Initialiser, GivesUpOnAMuteModemBehindFiveAttemptsAndReleasesTheOneThatWa
     EXPECT_EQ(row(), u"0| | |0|None"_qs);
     // On purpose: nothing reads the line until another initialisation gets through.
     EXPECT_TRUE(link.flags.ModemInitRunning);
-    EXPECT_TRUE(person.busy);
+    EXPECT_TRUE(person.isBusy());
 }
 
 TEST_F(Initialiser, StopsTheTimersWithoutALine)
@@ -87,13 +87,13 @@ TEST_F(Initialiser, StopsTheTimersWithoutALine)
         module.ModemReady = wasReady;
         link.TimerCom->setEnabled(true);
         link.flags.ModemInitRunning = true; // as a failed search leaves it
-        person.busy = true;
+        person.setBusy(&module, true);
         link.initialiser.InitModem();
         EXPECT_EQ(row(), expected) << int(active);
         EXPECT_FALSE(module.ModemReady);
         EXPECT_FALSE(link.TimerCom->isEnabled());
         EXPECT_FALSE(link.flags.ModemInitRunning);
-        EXPECT_FALSE(person.busy);
+        EXPECT_FALSE(person.isBusy());
     }
 }
 

@@ -7,6 +7,7 @@
 #include "support/VirtualClock.h"
 
 #include <QMap>
+#include <QSet>
 
 #include <deque>
 
@@ -31,7 +32,11 @@ public:
     QString chooseFile(const QString &startFrom, const QString &filter) override;
     QString chooseNewFile(const QString &startFrom, const QString &filter) override;
     void beep() override { ++beeps; }
-    void setBusy(bool isBusy) override { busy = isBusy; }
+    void setBusy(const void *who, bool busy) override
+    {
+        busy ? (void)busy_.insert(who) : (void)busy_.remove(who);
+    }
+    bool isBusy() const { return !busy_.isEmpty(); }
 
     bool isPatient = false; ///< closes every box, script or not
     QStringList texts;      ///< of all boxes, in order
@@ -39,7 +44,6 @@ public:
     QString lastPrompt;
     QString lastPreset;
     int beeps = 0;
-    bool busy = false;
 
 private:
     enum class Kind { Box, Input, NewFile };
@@ -53,6 +57,7 @@ private:
     std::optional<Line> next(Kind kind, const QString &shownText);
 
     VirtualClock &clock_;
+    QSet<const void *> busy_;
     std::deque<Line> script_;
     QString file_;
 };
