@@ -77,6 +77,7 @@ void RecordBrowser::restoreColumns()
     // An empty table does not say what its columns need.
     settled_ = !left.empty() || model_.recordCount() > 0;
     if (left.empty()) {
+        headings.setSortIndicatorShown(table_.has(BrowserTable::HeadingSort)); // takes room
         grid.resizeColumnsToContents();
     }
     int place = 0;

@@ -48,14 +48,14 @@ struct BrowserWorld : testing::Test, FakeMachine {
         QTest::keyClick(&grid(), static_cast<Qt::Key>(key), modifiers);
     }
     /// Types into the cell that the grid stands on, as an operator does.
-    void type(int row, int column, const QString &text)
+    void type(int row, int column, const QString &text, Qt::Key end = Qt::Key_Return)
     {
         grid().setCurrentIndex(grid().model()->index(row, column));
         QTest::keyClick(&grid(), Qt::Key_F2);
         auto *cell = qobject_cast<QLineEdit *>(grid().indexWidget(grid().currentIndex()));
         ASSERT_NE(cell, nullptr) << "not to be typed in";
         cell->setText(text);
-        QTest::keyClick(cell, Qt::Key_Return);
+        QTest::keyClick(cell, end);
         QCoreApplication::processEvents(); // the cell closes behind the key
     }
     void clickHeading(int column, milliseconds wait = 1s)

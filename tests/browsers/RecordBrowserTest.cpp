@@ -222,9 +222,10 @@ TEST_F(RecordBrowserTest, RowIsSavedWhenItIsLeftAndWhenTheScreenCloses)
     openPasswords();
     EXPECT_EQ(headings(), "BRUKER|PASSORD|SIKKERHETSNIVÅ");
     EXPECT_EQ(column(0), "Anna|Hovedoperatør|");
-    type(2, 0, u"Ola"_qs);
+    type(2, 0, u"Ola"_qs, Qt::Key_Down);
+    EXPECT_EQ(grid().currentIndex().row(), 3) << "on to the next";
     type(2, 2, u"høy"_qs);
-    EXPECT_EQ(rows(u"SELECT count(*) FROM Passwords"_qs), "2");
+    EXPECT_EQ(rows(u"SELECT SecurityLevel FROM Passwords WHERE USER_ID = 'Ola'"_qs), "");
     key(Qt::Key_Home);
     EXPECT_EQ(rows(u"SELECT USER_ID, SecurityLevel FROM Passwords ORDER BY Rad DESC LIMIT 1"_qs),
               "Ola|høy");
