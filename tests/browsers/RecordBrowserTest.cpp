@@ -221,6 +221,7 @@ TEST_F(RecordBrowserTest, RowIsSavedWhenItIsLeftAndWhenTheScreenCloses)
 {
     openPasswords();
     EXPECT_EQ(headings(), "BRUKER|PASSORD|SIKKERHETSNIVÅ");
+    EXPECT_TRUE(grid().verticalHeader()->isVisible()) << "marks the row that is edited";
     EXPECT_EQ(column(0), "Anna|Hovedoperatør|");
     type(2, 0, u"Ola"_qs, Qt::Key_Down);
     EXPECT_EQ(grid().currentIndex().row(), 3) << "on to the next";

@@ -80,7 +80,10 @@ struct Hands {
             }
         }
         const bool label = screen.findChild<QWidget *>(u"Label1_14"_qs)->isVisibleTo(&screen);
-        return shown.join(u' ').toStdString() + (label && list(5).isVisibleTo(&screen) ? " +" : "");
+        for (int i = 0; i < 6; ++i) {
+            EXPECT_EQ(list(i).isVisibleTo(&screen), label) << "with its label";
+        }
+        return shown.join(u' ').toStdString() + (label ? " +" : "");
     }
 
     frmKeyProperties screen;

@@ -59,6 +59,7 @@ TEST_F(ListsTest, ShowTheirColumnsInEveryLanguage)
     open<frmSMSSent>(tools());
     EXPECT_EQ(headings(), "ID|Till|Datum|Förnamn|Efternamn|Text|Medd.nr|Tid Skickat|Tid Mottaget|"
                           "Status");
+    EXPECT_FALSE(grid().verticalHeader()->isVisible()) << "no row is edited here";
     EXPECT_EQ(control<QPushButton>("cmdClose").text(), u"&Avsluta"_qs);
     module.CountryCode = u"49"_qs; // has no language
     frmSMSSent other(tools());
