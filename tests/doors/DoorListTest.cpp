@@ -73,6 +73,9 @@ TEST_F(DoorListTest, BuildingsHaveTabsAndTheFirstIsActiveWhateverIsShown)
 {
     openList();
     EXPECT_EQ(tabs(), "ALLE|Blokk A && C|Blokk B");
+    control<QPushButton>("cmdSaveCsv").setFocus();
+    QTest::keyClick(&control<QPushButton>("cmdSaveCsv"), Qt::Key_Tab);
+    EXPECT_TRUE(strip().hasFocus());
     clickTab(2);
     EXPECT_EQ(column(1), "Hovedport|Kontor|");
     EXPECT_EQ(strip().currentIndex(), 0);

@@ -118,6 +118,7 @@ TEST_F(ListsTest, EditWaitsForItsButtonsAndTheKeysRest)
     EXPECT_FALSE(control<QPushButton>("cmdUpdate").isVisible());
     click("cmdEdit");
     EXPECT_EQ(status(), u"Edit record"_qs);
+    EXPECT_NE(grid().indexWidget(grid().currentIndex()), nullptr) << "typing may begin";
     EXPECT_FALSE(control<QPushButton>("cmdEdit").isVisible());
     type(0, 2, u"Ås"_qs);
     key(Qt::Key_Escape);
