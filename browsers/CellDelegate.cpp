@@ -25,6 +25,16 @@ bool CellDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
     return cut;
 }
 
+/// A grid that may not leave its row stays there at a double click on another, too.
+QWidget *CellDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &option,
+                                    const QModelIndex &index) const
+{
+    const auto *view = qobject_cast<const QAbstractItemView *>(option.widget);
+    return view != nullptr && view->currentIndex() != index
+               ? nullptr
+               : QStyledItemDelegate::createEditor(parent, option, index);
+}
+
 /// A view asks for this again whenever values were read anew.
 void CellDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
 {

@@ -156,6 +156,7 @@ void RecordBrowser::wire()
     connect(this, &QWidget::windowTitleChanged, &grid, &QWidget::setAccessibleName);
     connect(&grid, &QTableView::pressed, this, &RecordBrowser::stayHere);
     connect(&grid, &QTableView::doubleClicked, this, [this] { cellDoubleClicked(); });
+    connect(&model_, &RecordsetModel::modelAboutToBeReset, this, &RecordBrowser::keepPlace);
     connect(&model_, &RecordsetModel::readOn, this, &RecordBrowser::readOn);
     connect(&model_, &RecordsetModel::editEnded, this, &RecordBrowser::searchChanged,
             Qt::QueuedConnection); // whoever ended it still counts on the rows as they are
@@ -254,6 +255,9 @@ void RecordBrowser::readOn()
     }
     if (wantsLast_ && !model_.isReading()) {
         cmdLast_Click();
+    }
+    if (!EditFlag && !AddNewFlag && model_.bookmark(currentRow()) != 0) {
+        showPosition(); // rows above may be gone
     }
     showProgress();
 }
@@ -430,7 +434,7 @@ void RecordBrowser::closeEvent(QCloseEvent *event)
         return;
     }
     endWork();
-    model_.stopReading();
+    model_.rest();
     Timer1_->setEnabled(false);
     saveColumns();
     if (connection_) { // the file may be wanted alone, as by a compaction

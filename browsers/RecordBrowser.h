@@ -151,6 +151,7 @@ private:
     void headingClicked(int column);
     void searchChanged();
     void currentRowChanged();
+    void showPosition();
     void showProgress();
     QString settingsKey(const char *what) const;
     QString sortToOpenIn() const;

@@ -155,8 +155,13 @@ void RecordBrowser::showCurrentRow()
     if (model_.editedRow() != currentRow()) { // a move would drop what was typed
         model_.readAgain(currentRow());
     }
-    showStatus(QStringLiteral("Record: %1").arg(currentRow() + 1));
+    showPosition();
     rowChanged();
+}
+
+void RecordBrowser::showPosition()
+{
+    showStatus(QStringLiteral("Record: %1").arg(currentRow() + 1));
 }
 
 void RecordBrowser::showStatus(const QString &text)

@@ -123,8 +123,8 @@ bool RecordBrowser::stopWork()
     endWork();
     if (reads) {
         wantsLast_ = false;
-        place_.reset();
         if (!model_.showsLatest()) {
+            place_.reset(); // it was never left
             shown(person_, {}, [this] { askForWhatIsShown(); });
         }
         model_.stopReading();

@@ -153,6 +153,13 @@ void RecordsetModel::stopReading()
     emit readOn();
 }
 
+void RecordsetModel::rest()
+{
+    stopReading();
+    slices_->setEnabled(false);
+    unreadable_ = true;
+}
+
 qint64 RecordsetModel::bookmark(int row) const
 {
     return row >= 0 && row < rows_ ? list_->key(row) : 0;
@@ -301,7 +308,7 @@ void RecordsetModel::beginEdit(int row)
     if (isNewRow(row)) {
         set_->addNew();
     } else {
-        set_->standOn(rowAsShown(row));
+        standOn(row);
     }
     edited_ = row;
     emit headerDataChanged(Qt::Vertical, row, row);
@@ -318,8 +325,12 @@ void RecordsetModel::endEdit()
 
 void RecordsetModel::standOn(int row)
 {
-    if (edited_ < 0 || edited_ == row) { // it would drop what is typed elsewhere
-        set_->standOn(rowAsShown(row));
+    if (edited_ >= 0) {
+        return; // it would drop what is typed
+    }
+    set_->standOn(rowAsShown(row));
+    if (set_->bookmark() == 0) {
+        failOnChangedRow();
     }
 }
 
@@ -369,7 +380,7 @@ void RecordsetModel::readAgain(int row)
 
 void RecordsetModel::deleteRow(int row)
 {
-    set_->standOn(rowAsShown(row));
+    standOn(row);
     set_->remove();
     removeShown(row, row);
 }

@@ -55,6 +55,8 @@ public:
     bool isReading() const { return reading_ != nullptr; }
     /// What was found so far is all there is; of a set that was not shown yet nothing is.
     void stopReading();
+    /// Nothing is read any more, since the file is to be left alone.
+    void rest();
 
     /// What the last show() asked for is what is shown.
     bool showsLatest() const { return !reading_ || list_ == reading_; }
@@ -83,7 +85,7 @@ public:
     void cancelEdit();
     /// The set stands on the row, as the grid shows it. So whoever changes or deletes the row has
     /// seen what he does it to, and a file in other hands does not keep him from typing.
-    /// @throws RuntimeFailure when it is not shown yet and cannot be read.
+    /// @throws RuntimeFailure when it is not shown yet and cannot be read, or is gone.
     void standOn(int row);
     /// Changes a column without a cell's editor, as a new row's defaults are.
     void setValue(int column, const QVariant &value);

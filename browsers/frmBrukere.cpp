@@ -19,6 +19,9 @@ int frmBrukere::doorsOf(const QString &Bruker)
 
 void frmBrukere::cmdDelete_Click()
 {
+    if (model_.bookmark(currentRow()) == 0) {
+        return;
+    }
     model_.standOn(currentRow()); // a number that cannot be read now is none without doors
     if (doorsOf(value("Bruker")) == 0) {
         RecordBrowser::cmdDelete_Click();

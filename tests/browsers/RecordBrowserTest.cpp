@@ -369,6 +369,13 @@ TEST_F(RecordBrowserTest, LongTableStandsOnItsRowWhileItIsReadAnew)
     QTest::keyClicks(cell, u"ymann"_qs);
     search(u""_qs);
     EXPECT_EQ(rows(u"SELECT Bruker FROM Katalog WHERE Etternavn = 'nymann'"_qs), "1010000");
+
+    run(u"DELETE FROM Katalog WHERE Bruker BETWEEN 1010001 AND 1010200"_qs); // above this row
+    grid().scrollTo(grid().model()->index(19'900, 0));
+    (void)grid().model()->index(19'900, 0).data();
+    clock.run(5s);
+    EXPECT_EQ(status(), u"Record: 19801"_qs);
+    EXPECT_EQ(grid().currentIndex().row(), 19'800);
 }
 
 TEST_F(RecordBrowserTest, CatalogueKeepsWhoStandsOnADoorAndCountsDoorsAnew)

@@ -138,6 +138,14 @@ TEST_F(ListsTest, EditWaitsForItsButtonsAndTheKeysRest)
     click("cmdUpdate");
     EXPECT_EQ(column(5), "hei|notat");
     EXPECT_EQ(status(), u"Record: 2"_qs);
+    click("cmdEdit");
+    type(1, 2, u"Berg"_qs);
+    const QModelIndex elsewhere = grid().model()->index(0, 2);
+    const QPoint there = grid().visualRect(elsewhere).center();
+    QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, there);
+    QTest::mouseDClick(grid().viewport(), Qt::LeftButton, {}, there);
+    EXPECT_EQ(grid().indexWidget(elsewhere), nullptr) << "what is typed there would be lost";
+    click("cmdCancel");
     click("cmdDelete");
     EXPECT_EQ(rows(u"SELECT SMS_Text FROM SMS_Received"_qs), "hei");
 }
