@@ -306,8 +306,10 @@ void frmKEY::cellDoubleClicked()
     const double level = module_.SecurityLevel.toDouble(&isNumber);
     if (isNumber && level > 4 && saveEdit()) {
         shown(person_, {}, [this] {
-            model_.standOn(currentRow());
-            rowChanged();
+            if (model_.bookmark(currentRow()) != 0) { // not the empty row
+                model_.standOn(currentRow());
+                rowChanged();
+            }
             openProperties_();
         });
     }

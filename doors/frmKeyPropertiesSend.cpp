@@ -102,6 +102,9 @@ void frmKeyProperties::SendDoorCommand(int index)
         // until the field is edited and sent again.
         saveRow(times);
         Timer1_->setEnabled(true);
+        if (text(0) != entered.KeyTXT[0]) {
+            failOnChangedRow(); // the number that was read again is not the one that was meant
+        }
         // The unit would take an hour for another one than was meant.
         if (std::any_of(times.begin(), times.end(),
                         [](const auto &time) { return time.second.size() != 2; })) {

@@ -473,6 +473,10 @@ TEST_F(KeyProperties, TellsWhyItCannotSaveAndWritesNothing)
     press(13, Answer::Cancel);
     elsewhere(u"KeyNummer = '+4790000007' WHERE KeyNavn = 'Port 1'"_qs);
     sendsNothing(1, kConflict);
+    type(4, u"1"_qs); // saving reads the new number
+    person.answers(kConflict);
+    button(4).click();
+    EXPECT_EQ(queue(), queued);
     database.look().run(u"DELETE FROM KEYTable"_qs);
     sendsNothing(1, kConflict);
 
