@@ -14,6 +14,7 @@
 #include <QCoreApplication>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScopeGuard>
 
 #include <algorithm>
 
@@ -251,7 +252,10 @@ void frmKeyProperties::saveRow(const Values &further)
     for (const auto &[column, value] : changes) {
         rsDoor_.setValue(column, value);
     }
+    // Else the next try would take what failed for what the file had.
+    auto dropWhatFailed = qScopeGuard([this] { kept([this] { rsDoor_.cancelUpdate(); }); });
     rsDoor_.update();
+    dropWhatFailed.dismiss();
     showRow();
     if (isSelected) { // under a new number, maybe, it is still the current door
         module_.KeySelect = text(0);

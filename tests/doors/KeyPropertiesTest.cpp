@@ -456,6 +456,9 @@ TEST_F(KeyProperties, TellsWhyItCannotSaveAndWritesNothing)
     person.answers(u"En dør må ha et nummer."_qs);
     button(13).click();
     EXPECT_EQ(stored(u"KeyNavn"_qs), "Port 1");
+    type(0, u"+4790000002"_qs); // another door's
+    person.answers(u"Det finnes allerede en rad med dette nummeret"_qs);
+    button(13).click();
     type(0, kDoor + u'1');
     press(13);
     EXPECT_EQ(module.KeySelect, kDoor + u'1');
