@@ -30,6 +30,8 @@ QString translated(const char *text)
     switch (sqlite3_errcode(database)) {
     case SQLITE_BUSY:
         throw InOtherHands(translated("Databasen er låst av et annet program"));
+    case SQLITE_FULL:
+        throw RuntimeFailure(translated("Disken er full. Ingenting ble lagret."));
     case SQLITE_NOTADB:
         throw RuntimeFailure(
             translated("Filen er ikke en database, eller den har et annet passord"));

@@ -82,6 +82,10 @@
         <translation>Databasen er låst af et andet program</translation>
     </message>
     <message>
+        <source>Disken er full. Ingenting ble lagret.</source>
+        <translation>Disken er fuld. Intet blev gemt.</translation>
+    </message>
+    <message>
         <source>Filen er ikke en database, eller den har et annet passord</source>
         <translation>Filen er ikke en database, eller den har en anden adgangskode</translation>
     </message>

@@ -82,6 +82,10 @@
         <translation>Databasen är låst av ett annat program</translation>
     </message>
     <message>
+        <source>Disken er full. Ingenting ble lagret.</source>
+        <translation>Disken är full. Inget sparades.</translation>
+    </message>
+    <message>
         <source>Filen er ikke en database, eller den har et annet passord</source>
         <translation>Filen är ingen databas, eller så har den ett annat lösenord</translation>
     </message>
