@@ -231,8 +231,19 @@ struct Connection::Private {
         }
     }
 
+    /// @throws RuntimeFailure when the engine has given the transaction up by itself, as on a full
+    /// disk: whatever is still to follow must not be written piece by piece.
+    void failIfGivenUp() const
+    {
+        if (inTransaction && sqlite3_get_autocommit(opened()) != 0) {
+            throw RuntimeFailure(givenUpBecause);
+        }
+    }
+
     std::chrono::milliseconds patience = kLongestWait;
     sqlite3 *database = nullptr;
+    bool inTransaction = false;
+    QString givenUpBecause; ///< in the engine's words
     /// Prepared statements by their text. One at work is not here, so that its reader may run the
     /// same text again.
     QCache<QString, Statement> idle{kPreparedStatements};
@@ -309,10 +320,19 @@ void Connection::run(const QString &sql, const QVariantList &values,
         std::unique_ptr<Statement> statement;
         ~Loan() { owner.putBack(sql, std::move(statement)); }
     };
+    d->failIfGivenUp();
     const Loan loan{*d, sql, d->take(sql)};
     loan.statement->bind(values);
     QVariantList row;
-    while (loan.statement->step()) {
+    const auto step = [&] {
+        try {
+            return loan.statement->step();
+        } catch (const RuntimeFailure &failure) {
+            d->givenUpBecause = failure.description();
+            throw;
+        }
+    };
+    while (step()) {
         if (reader) {
             loan.statement->readRow(row);
             reader(row);
@@ -365,7 +385,7 @@ void Connection::readTogether(const std::function<void()> &work)
 
 void Connection::between(const QString &begin, const std::function<void()> &work)
 {
-    if (sqlite3_get_autocommit(d->opened()) == 0) {
+    if (d->inTransaction || sqlite3_get_autocommit(d->opened()) == 0) {
         work();
         return;
     }
@@ -373,6 +393,7 @@ void Connection::between(const QString &begin, const std::function<void()> &work
         Private &owner;
         ~Rollback()
         {
+            owner.inTransaction = false;
             if (owner.database != nullptr && sqlite3_get_autocommit(owner.database) == 0) {
                 sqlite3_exec(owner.database, "ROLLBACK", nullptr, nullptr, nullptr);
             }
@@ -380,6 +401,7 @@ void Connection::between(const QString &begin, const std::function<void()> &work
     };
     run(begin);
     const Rollback unlessCommitted{*d};
+    d->inTransaction = true;
     work();
     run(QStringLiteral("COMMIT"));
 }

@@ -58,7 +58,9 @@ public:
     int changes() const;
     qint64 lastInsertRowId() const;
     /// Runs the work in one transaction, rolled back when it throws. Inside another one it is a
-    /// part of that. The patience counts until it has begun, and for its end.
+    /// part of that. Where the engine gives it up by itself (a full disk, an unreadable one), every
+    /// further statement of the work fails, and so does the whole, whatever the work has caught.
+    /// The patience counts until it has begun, and for its end.
     void transaction(const std::function<void()> &work,
                      std::chrono::milliseconds patience = kLongestWait);
     /// Runs reads that see one state of the file, and take its lock once for all of them. The work

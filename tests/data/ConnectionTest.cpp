@@ -68,6 +68,24 @@ TEST_F(ConnectionTest, FailedWorkLeavesNothingBehind)
     EXPECT_NE(database.single(u"SELECT count(*) FROM TBLLanguage"_qs), u"0");
 }
 
+// The engine ends the transaction by itself then, and what follows would be written at once.
+TEST_F(ConnectionTest, FullDiskFailsTheWholeWorkThoughItsStepIsCaught)
+{
+    run(u"PRAGMA max_page_count = 1"_qs); // no more than there are
+    EXPECT_THROW(database.look().transaction([&] {
+        run(u"DELETE FROM Passwords"_qs);
+        EXPECT_THROW(run(u"INSERT INTO Katalog (Gate) VALUES (hex(zeroblob(100000)))"_qs),
+                     RuntimeFailure);
+        EXPECT_THROW(database.look().transaction([&] { run(u"DELETE FROM TBLLanguage"_qs); }),
+                     RuntimeFailure);
+    }),
+                 RuntimeFailure);
+    EXPECT_EQ(database.single(u"SELECT count(*) FROM Passwords"_qs), u"1");
+    EXPECT_NE(database.single(u"SELECT count(*) FROM TBLLanguage"_qs), u"0");
+    run(u"DELETE FROM TBLLanguage"_qs); // outside it each statement stands for itself
+    EXPECT_EQ(database.single(u"SELECT count(*) FROM TBLLanguage"_qs), u"0");
+}
+
 TEST_F(ConnectionTest, ReaderMayRunTheSameStatementAgain)
 {
     const QString sql = u"SELECT ID FROM TBLLanguage WHERE ID <= 3"_qs;
