@@ -66,7 +66,8 @@ void frmLogin::cmdOK_Click()
         module_.LoginUser = name;
         module_.LoginComputer = ui_->txtComputerName->text();
         // A name with a quote cannot be looked up and is nobody's: the words stay the same.
-        if (name.contains(u'\'') || !rsPasswords.findFirst(QStringLiteral("USER_ID"), name)) {
+        if (name.contains(u'\'') ||
+            !rsPasswords.findFirstAsItStands(QStringLiteral("USER_ID"), name)) {
             refuse();
             openPasswords();
             return;

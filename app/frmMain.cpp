@@ -20,6 +20,7 @@
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QFrame>
+#include <QPointer>
 #include <QScreen>
 
 namespace {
@@ -304,12 +305,16 @@ void frmMain::releaseModem()
     }
 }
 
+/// From the last that was opened to the first.
 void frmMain::unloadOtherScreens()
 {
-    const QWidgetList screens = QApplication::topLevelWidgets();
-    for (auto screen = screens.crbegin(); screen != screens.crend(); ++screen) {
-        if (*screen != this && (*screen)->isVisible() && (*screen)->windowType() == Qt::Window) {
-            (*screen)->close();
+    std::map<int, QPointer<QWidget>, std::greater<>> screens;
+    for (const auto &[name, screen] : screens_) {
+        screens[screen.opened] = screen.window.get();
+    }
+    for (const auto &[opened, window] : screens) {
+        if (window) { // closing one may ask, and anything may happen meanwhile
+            window->close();
         }
     }
 }

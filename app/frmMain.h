@@ -90,6 +90,7 @@ private:
     struct OpenScreen {
         std::unique_ptr<QWidget> window;
         QAction *entry = nullptr;
+        int opened = 0; ///< counts up
     };
     template <class Make> void openScreen(const Make &make, QAction *entry);
     static void entitle(const OpenScreen &screen);
@@ -135,6 +136,7 @@ private:
     /// The open screens, by object name; closed ones go when this screen has the focus again.
     std::map<QString, OpenScreen> screens_;
     std::vector<std::unique_ptr<QWidget>> closedScreens_;
+    int screensOpened_ = 0;
     QSet<QString> opening_; ///< being loaded, by object name
 
     bool hasFocus_ = false; ///< the screen, or a question that it asks, has the focus

@@ -82,6 +82,7 @@ template <class Make> void frmMain::openScreen(const Make &make, QAction *entry)
         OpenScreen &kept = screens_[name];
         if (!isOpen) {
             kept.window = std::move(made);
+            kept.opened = ++screensOpened_;
         }
         kept.entry = entry;
         entitle(kept);

@@ -73,5 +73,8 @@ QString filterValue(const QString &value)
 
 QString criterionValue(const QString &value)
 {
-    return filterValue(value).trimmed();
+    const auto isNoBlank = [](QChar each) { return each != u' '; }; // as the engine trims
+    const auto first = std::find_if(value.begin(), value.end(), isNoBlank);
+    const auto last = std::find_if(value.rbegin(), value.rend(), isNoBlank).base();
+    return first < last ? filterValue(value).mid(first - value.begin(), last - first) : QString();
 }

@@ -5,6 +5,12 @@
 
 #include <utility>
 
+#ifndef Q_OS_WIN
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
+#endif
+
 namespace {
 
 constexpr qint64 kReadBuffer = 64 * 1024;
@@ -47,7 +53,7 @@ QtTcpSocket::QtTcpSocket()
     socket_.setProxy(QNetworkProxy::NoProxy);
     socket_.setReadBufferSize(kReadBuffer);
     QObject::connect(&socket_, &QTcpSocket::connected, &socket_, [this] {
-        socket_.setSocketOption(QAbstractSocket::KeepAliveOption, 1);
+        keepAlive();
         later([this] { events_.connected ? events_.connected() : void(); });
     });
     QObject::connect(&socket_, &QTcpSocket::readyRead, &socket_,
@@ -60,6 +66,21 @@ QtTcpSocket::~QtTcpSocket()
 {
     events_ = {};
     close();
+}
+
+/// A far side that went without a word is found gone within half a minute, not within hours, though
+/// nothing is sent.
+void QtTcpSocket::keepAlive()
+{
+    socket_.setSocketOption(QAbstractSocket::KeepAliveOption, 1);
+#ifdef TCP_KEEPIDLE
+    const auto descriptor = static_cast<int>(socket_.socketDescriptor());
+    constexpr std::pair<int, int> kOptions[] = {
+        {TCP_KEEPIDLE, 15}, {TCP_KEEPINTVL, 5}, {TCP_KEEPCNT, 3}, {TCP_USER_TIMEOUT, 30'000}};
+    for (const auto &[option, value] : kOptions) { // seconds, times, milliseconds
+        setsockopt(descriptor, IPPROTO_TCP, option, &value, sizeof value);
+    }
+#endif
 }
 
 void QtTcpSocket::setEvents(Events events)

@@ -17,6 +17,7 @@ public:
     void close() override;
 
 private:
+    void keepAlive();
     void later(std::function<void()> event);
     void deliverData();
     void fail(QAbstractSocket::SocketError error);

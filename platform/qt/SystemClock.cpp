@@ -37,7 +37,7 @@ private:
             killTimer(std::exchange(id_, 0));
         }
         if (running) {
-            id_ = startTimer(interval());
+            id_ = startTimer(interval(), Qt::PreciseTimer); // 30 s are 30 s
         }
     }
 
