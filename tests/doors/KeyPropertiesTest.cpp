@@ -1,17 +1,7 @@
-#include "doors/frmKeyProperties.h"
+#include "ConfigurationHands.h"
 
-#include "support/World.h"
-
-#include <QApplication>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QScreen>
-#include <QTest>
 #include <QTranslator>
-
-#include <gtest/gtest.h>
 
 namespace {
 
@@ -21,76 +11,6 @@ const QString kNoRow = u"Det er ingen gjeldende rad"_qs;
 const QString kOrNoKey = u"\r Er det opprettet noen nøkkel under Key Data??"_qs;
 const QString kWillBeSent = u"blir sendt til nøkkelenhet"_qs;
 const QString kConflict = u"Raden er endret eller slettet"_qs;
-
-/// An operator's hands on the configuration of a door.
-struct Hands {
-    Hands(Module1 &module, ScriptedOperator &operating, Clock &clock)
-        : screen(module, operating, clock), operating_(operating)
-    {
-    }
-    void open()
-    {
-        screen.load();
-        screen.show();
-        QApplication::setActiveWindow(&screen);
-    }
-    template <class Control> Control &control(const char *name, int index)
-    {
-        return *screen.findChild<Control *>(u"%1_%2"_qs.arg(QLatin1String(name)).arg(index));
-    }
-    QLineEdit &field(int index) { return control<QLineEdit>("KeyTXT", index); }
-    QPushButton &button(int index) { return control<QPushButton>("Command1", index); }
-    QComboBox &list(int index) { return control<QComboBox>("Combo1", index); }
-    void type(int index, const QString &text)
-    {
-        field(index).setFocus();
-        field(index).selectAll();
-        field(index).insert(text);
-    }
-    void choose(int index, int entry)
-    {
-        list(index).setCurrentIndex(entry);
-        emit list(index).activated(entry);
-    }
-    void chooseModel(int index) { control<QRadioButton>("KeyType", index).click(); }
-    /// The command is that of a function mode, which alone is shown.
-    void press(int index, Answer answer = Answer::Ok, const QString &command = {})
-    {
-        operating_.answers(
-            u"Ny instilling (%1) blir sendt til nøkkelenhet"_qs.arg(button(index).text() + command),
-            answer);
-        button(index).click();
-    }
-    /// Of UpDown1: 0 for the one that points up, 1 for the other.
-    void clickArrow(int arrow)
-    {
-        screen.findChild<QWidget *>(u"UpDown1"_qs)
-            ->findChildren<QAbstractButton *>()[arrow]
-            ->click();
-    }
-    void step(Qt::Key key) { QTest::keyClick(&screen, key, Qt::ControlModifier); }
-    /// Indices of the buttons that can be seen, and "+" with the lists.
-    std::string shownButtons()
-    {
-        QStringList shown;
-        for (int i = 0; i < 22; ++i) {
-            const auto *found = screen.findChild<QPushButton *>(u"Command1_%1"_qs.arg(i));
-            if (found != nullptr && found->isVisibleTo(&screen)) {
-                shown += QString::number(i);
-            }
-        }
-        const bool label = screen.findChild<QWidget *>(u"Label1_14"_qs)->isVisibleTo(&screen);
-        for (int i = 0; i < 6; ++i) {
-            EXPECT_EQ(list(i).isVisibleTo(&screen), label) << "with its label";
-        }
-        return shown.join(u' ').toStdString() + (label ? " +" : "");
-    }
-
-    frmKeyProperties screen;
-
-private:
-    ScriptedOperator &operating_;
-};
 
 struct OwnModule {
     Module1 module;
@@ -128,35 +48,6 @@ struct KeyProperties : testing::Test, FakeMachine, OwnModule, Hands {
     }
 
     TestDatabase database;
-};
-
-/// The configuration screen beside the running program, and a unit that answers.
-struct SettingsWorld : World, Hands {
-    using Hands::type;
-
-    SettingsWorld() : Hands(application().module(), person, clock)
-    {
-        execute(u"UPDATE KEYTable SET Admin = '0', Eget_Nummer = '99999999'"_qs);
-        door().seedUser(u"91234567"_qs, {DoorPeriod{{2026, 1, 1}, 0, {2027, 1, 1}, 24}});
-        open();
-    }
-    /// Sends, and waits until the unit's answer has been read and shown, with a box if it brings
-    /// one.
-    void send(int index, const QString &typed = {}, const QString &box = {})
-    {
-        if (!typed.isEmpty()) {
-            type(index, typed);
-        }
-        ASSERT_TRUE(button(index).isVisible()) << index;
-        button(index).setFocus();
-        press(index, Answer::Ok, index == 12 ? u" :O 07-16*7"_qs : QString());
-        if (!box.isEmpty()) {
-            person.answers(box);
-        }
-        clock.run(1min);
-        EXPECT_TRUE(runUntilIdle()) << index;
-        clock.run(10s);
-    }
 };
 
 } // namespace
@@ -549,55 +440,4 @@ TEST_F(KeyProperties, IsReadByTabInThisOrder)
               "T0   T1 T3 T2 KeyType_0 C14 T14 C1 T4 C4 T5 C5 T6 C6 T7 C7 T8 C8 T9 C9 T10 C10 T13 "
               "C13 T15 C15 T16 C16 T17 C17 T18 C18 T19 C19 T20 C20 L0 L1 L2 L3 C21 L4 C11 L5 C12 ")
         << "the arrows behind T0 have no names of their own";
-}
-
-TEST(DoorSettings, ReachTheUnitAndItsReportsComeBackToTheScreen)
-{
-    SettingsWorld world;
-    DoorSettings expected = world.door().settings();
-
-    world.send(1, {}, u"Eget nummer er ikke angitt."_qs);
-    EXPECT_EQ(world.button(1).text(), u"Reset ADMIN"_qs);
-    expected.administrator = world.modem.ownNumber();
-    world.send(9);
-    expected.ownNumber = u"90000001"_qs;
-    for (int i = 4; i <= 8; ++i) {
-        world.send(i, expected.assistants.at(i - 4) = u"9200000%1"_qs.arg(i));
-    }
-    world.send(10, expected.name = u"Sideport"_qs);
-    world.send(13, u"12"_qs);
-    expected.pulse = 12;
-    for (int i = 15; i <= 20; ++i) {
-        world.send(i, expected.texts.at(i - 15) = u"Tekst %1"_qs.arg(i));
-    }
-    world.chooseModel(0);
-    world.person.answers(u"ALARMFUNKSJONEN"_qs);
-    world.choose(4, 8);
-    world.send(11);
-    expected.alarmFunction = 8;
-    world.chooseModel(0);
-    world.person.answers(u"Åpne eller Lukke port"_qs);
-    world.choose(5, 4);
-    world.person.types(u"ÅPNE"_qs, u"7-16"_qs);
-    world.send(12);
-    EXPECT_EQ(world.person.lastPrompt, u"Tast inn ÅPNINGSTID hverdager\n\n           07-16"_qs);
-    expected.mode = u"O 07-16*7"_qs;
-    for (const auto &[list, hour] : {std::pair(0, 6), {1, 8}, {2, 14}, {3, 24}}) {
-        world.choose(list, hour);
-    }
-    world.send(21);
-    expected.hours = u"06081424"_qs;
-    world.chooseModel(0);
-    world.send(14);
-    EXPECT_EQ(world.status(u"+4791234567"_qs), u"AKTIV"_qs);
-    EXPECT_EQ(world.door().settings(), expected);
-
-    EXPECT_EQ(
-        world.rows(u"SELECT Beskrivelse, Admin, Admin1, Admin5, Eget_Nummer FROM KEYTable"_qs),
-        QStringList{u"Sideport|99000000|92000004|92000008|90000001"_qs});
-    EXPECT_EQ(world.field(14).text(), u"99000000"_qs);
-    world.send(1); // hands it on
-    EXPECT_EQ(world.button(1).text(), u"Registrer ADMIN"_qs);
-    EXPECT_TRUE(world.door().settings().handedOn);
-    EXPECT_EQ(world.value(u"SELECT count(*) FROM SMS_Sent"_qs), u"20"_qs);
 }
