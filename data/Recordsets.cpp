@@ -133,9 +133,9 @@ Connection &Recordsets::opened() const
     return *module_.DatabaseConnection;
 }
 
-void Recordsets::OpenRecordsets()
+bool Recordsets::OpenRecordsets()
 {
-    shown(operator_, {}, [this] {
+    return shown(operator_, {}, [this] {
         opened().readTogether([this] {
             openDoors();
             openUsersAndMessages();

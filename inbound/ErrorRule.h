@@ -19,14 +19,17 @@ public:
     {
     }
 
-    /// Runs one step. Gives false when it failed.
-    template <typename Step> bool step(const Step &step)
+    /// Runs one step. Gives false when it failed, and says why to whom it concerns.
+    template <typename Step> bool step(const Step &step, QString *why = nullptr)
     {
         try {
             step();
             return true;
-        } catch (const RuntimeFailure &) {
+        } catch (const RuntimeFailure &failure) {
             rearm();
+            if (why != nullptr) {
+                *why = failure.description();
+            }
             return false;
         }
     }
@@ -39,14 +42,18 @@ public:
         return taken;
     }
 
-    /// The outcome of a lookup. One that fails has found nothing: the set still stands on some row
-    /// then, and a stranger's text must not reach a row that it doesn't name.
-    template <typename Lookup> bool found(const Lookup &lookup)
+    /// The outcome of a lookup. Behind one that failed no row is changed, since the set still
+    /// stands on some row that a stranger's text does not name, and none is added, since there may
+    /// be one.
+    enum class Lookup { Hit, None, Failed };
+    template <typename Find> Lookup lookup(const Find &find)
     {
-        bool hit = false;
-        step([&] { hit = lookup(); });
-        return hit;
+        Lookup outcome = Lookup::Failed;
+        step([&] { outcome = find() ? Lookup::Hit : Lookup::None; });
+        return outcome;
     }
+    /// For what only a hit means something to.
+    template <typename Find> bool found(const Find &find) { return lookup(find) == Lookup::Hit; }
 
 private:
     void rearm()

@@ -23,7 +23,7 @@ bool saysAdministratorHandedOn(const Interpretation &record)
 
 void readAdministratorHandedOn(Interpretation &record)
 {
-    if (record.findDoor()) {
+    if (record.findDoor() == Interpretation::Lookup::Hit) {
         record.change(record.recordsets.rsKeyAll, {{u"Admin", u"0"_qs}});
     }
 }

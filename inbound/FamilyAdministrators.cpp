@@ -87,8 +87,11 @@ void readAdministrators(Interpretation &record)
         record.rule.step([&] { value = number(); });
         return value;
     };
+    bool isMissing = false; // a label: nothing behind it can be told apart
     const auto between = [&](const QString &label, const QString &next, int atEnd) {
-        return cut([&] { return assistant(text, label, next, atEnd); });
+        isMissing = isMissing || !holds(text, label);
+        const QString number = cut([&] { return assistant(text, label, next, atEnd); });
+        return isMissing ? QString() : number;
     };
     const QString Beskrivelse = description(record, word);
     const QString Admin = cut([&] { return administrator(text, word); });
@@ -98,7 +101,7 @@ void readAdministrators(Interpretation &record)
     const QString Admin4 = between(u"A4"_qs, u"A5"_qs, 1);
     const QString Admin5 = between(u"A5"_qs, u"Eget Nummer"_qs, 2);
     const QString Eget_Nummer = cut([&] { return ownNumber(text); });
-    if (record.findDoor()) {
+    if (record.findDoor() == Interpretation::Lookup::Hit) {
         record.change(record.recordsets.rsKeyAll, {{u"Beskrivelse", Beskrivelse},
                                                    {u"Admin", Admin},
                                                    {u"Admin1", Admin1},

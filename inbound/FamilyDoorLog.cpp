@@ -50,11 +50,11 @@ void readStamp(Interpretation &record, Entry &entry)
 }
 
 /// The same day and minute a year later counts as the same entry: the stamp has no year.
-bool isLogged(Interpretation &record, const Entry &entry)
+Interpretation::Lookup findEntry(Interpretation &record, const Entry &entry)
 {
     Recordset &log = record.recordsets.rsLoggData;
     record.rule.step([&] { log.requery(); });
-    return record.rule.found([&] {
+    return record.rule.lookup([&] {
         return log.findFirst(
             u"Dato"_qs, entry.stamp(),
             {{u"KeyNummer"_qs, record.module.SenderNumber}, {u"KeyUser"_qs, entry.LogCandidate}});
@@ -65,11 +65,11 @@ void writeEntry(Interpretation &record, const Entry &entry)
 {
     QString Etternavn = u"?"_qs;
     QString Fornavn = u"?"_qs;
-    if (record.findPerson(entry.LogCandidate)) {
+    if (record.findPerson(entry.LogCandidate) == Interpretation::Lookup::Hit) {
         record.takeName(Etternavn, record.recordsets.rsKatalog, u"Etternavn"_qs);
         record.takeName(Fornavn, record.recordsets.rsKatalog, u"Fornavn"_qs);
     }
-    if (!isLogged(record, entry)) {
+    if (findEntry(record, entry) == Interpretation::Lookup::None) {
         record.add(record.recordsets.rsLoggData, {{u"KeyNummer", record.module.SenderNumber},
                                                   {u"KeyUser", entry.LogCandidate},
                                                   {u"Dato", entry.stamp()},

@@ -118,7 +118,11 @@ void writeUser(Interpretation &record, const Report &report, const QString &Cata
 {
     Recordset &users = record.recordsets.rsBrukereAll;
     const QString status = u"Aktiv"_qs + record.StatusSuffix;
-    if (!record.findUserOnDoor(CatalogKey)) {
+    const Interpretation::Lookup user = record.findUserOnDoor(CatalogKey);
+    if (user == Interpretation::Lookup::Failed) {
+        return;
+    }
+    if (user == Interpretation::Lookup::None) {
         record.add(users, {{u"KeyBruker", CatalogKey},
                            {u"Status", status},
                            {u"KeyNummer", record.module.SenderNumber},

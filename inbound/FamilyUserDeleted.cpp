@@ -30,10 +30,10 @@ void readUserDeleted(Interpretation &record)
         number = numberBefore(text, phrasePosition(text, kPhrases));
     });
     QString key = record.module.dialPrefix() + number;
-    if (record.findPerson(number)) {
+    if (record.findPerson(number) == Interpretation::Lookup::Hit) {
         record.rule.step([&] { key = record.recordsets.rsKatalog.text(u"Bruker"_qs); });
     }
-    if (record.findUserOnDoor(key)) {
+    if (record.findUserOnDoor(key) == Interpretation::Lookup::Hit) {
         Recordset &users = record.recordsets.rsBrukereAll;
         // The word is set and the row is gone in the same breath: another PC may see it, no one
         // keeps it.

@@ -31,8 +31,11 @@ void writeUser(Interpretation &record, const QString &CatalogKey)
     Recordset &users = record.recordsets.rsBrukereAll;
     // Other families write the word in small letters; existing files hold both.
     const QString status = u"AKTIV"_qs + record.StatusSuffix;
-    if (record.findUserOnDoor(CatalogKey)) {
+    const Interpretation::Lookup user = record.findUserOnDoor(CatalogKey);
+    if (user == Interpretation::Lookup::Hit) {
         record.change(users, {{u"Status", status}});
+    }
+    if (user != Interpretation::Lookup::None) {
         return;
     }
     const QString format = u"d/M/yyyy"_qs;

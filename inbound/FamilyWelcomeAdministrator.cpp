@@ -13,7 +13,7 @@ bool saysWelcomeAdministrator(const Interpretation &record)
 void readWelcomeAdministrator(Interpretation &record)
 {
     // The column holds the administrator's number too, when the door reports it.
-    if (record.findDoor()) {
+    if (record.findDoor() == Interpretation::Lookup::Hit) {
         record.change(record.recordsets.rsKeyAll, {{u"Admin", u"1"_qs}});
     }
 }

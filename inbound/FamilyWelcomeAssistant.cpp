@@ -16,9 +16,10 @@ void readWelcomeAssistant(Interpretation &record)
 {
     const QString level = u"4"_qs;
     Recordset &doors = record.recordsets.rsKeyAll;
-    if (record.findDoor()) {
+    const Interpretation::Lookup door = record.findDoor();
+    if (door == Interpretation::Lookup::Hit) {
         record.change(doors, {{u"KeySikkerhet", level}});
-    } else {
+    } else if (door == Interpretation::Lookup::None) {
         record.add(doors, {{u"KeyNummer", record.module.SenderNumber},
                            {u"KeyNavn", u"?"_qs},
                            {u"KeySikkerhet", level}});

@@ -72,21 +72,21 @@ void Interpretation::takeName(QString &target, const Recordset &rows, const QStr
     });
 }
 
-bool Interpretation::findPerson(const QString &shortForm)
+ErrorRule::Lookup Interpretation::findPerson(const QString &shortForm)
 {
     Recordset &persons = recordsets.rsKatalog;
     rule.step([&] { persons.requery(); });
-    return rule.found([&] { return persons.findFirst(u"BrukerKort"_qs, shortForm); });
+    return rule.lookup([&] { return persons.findFirst(u"BrukerKort"_qs, shortForm); });
 }
 
 QString Interpretation::catalogKey(const QString &shortForm)
 {
     Recordset &persons = recordsets.rsKatalog;
-    QString CatalogKey;
-    if (findPerson(shortForm)) {
+    QString CatalogKey = module.dialPrefix() + shortForm;
+    const Lookup person = findPerson(shortForm);
+    if (person == Lookup::Hit) {
         rule.step([&] { CatalogKey = persons.text(u"Bruker"_qs); });
-    } else {
-        CatalogKey = module.dialPrefix() + shortForm;
+    } else if (person == Lookup::None) {
         add(persons, {{u"Bruker", CatalogKey},
                       {u"BrukerKort", shortForm},
                       {u"Etternavn", u"?"_qs},
@@ -95,21 +95,21 @@ QString Interpretation::catalogKey(const QString &shortForm)
     return CatalogKey;
 }
 
-bool Interpretation::findUserOnDoor(const QString &fullNumber)
+ErrorRule::Lookup Interpretation::findUserOnDoor(const QString &fullNumber)
 {
     Recordset &users = recordsets.rsBrukereAll;
     rule.step([&] { users.requery(); });
-    return rule.found([&] {
+    return rule.lookup([&] {
         return users.findFirst(u"KeyBruker"_qs, fullNumber,
                                {{u"KeyNummer"_qs, module.SenderNumber}});
     });
 }
 
-bool Interpretation::findDoor()
+ErrorRule::Lookup Interpretation::findDoor()
 {
     Recordset &doors = recordsets.rsKeyAll;
     rule.step([&] { doors.requery(); });
-    return rule.found([&] { return doors.findFirst(u"KeyNummer"_qs, module.SenderNumber); });
+    return rule.lookup([&] { return doors.findFirst(u"KeyNummer"_qs, module.SenderNumber); });
 }
 
 int phrasePosition(const QString &text, std::span<const QStringView> phrases)

@@ -43,15 +43,16 @@ public:
 
     /// A column of the current row takes the place of this value, unless it is empty.
     void takeName(QString &target, const Recordset &rows, const QString &column);
+    using Lookup = ErrorRule::Lookup;
     /// Puts rsKatalog, read anew, on the person with this short number.
-    bool findPerson(const QString &shortForm);
+    Lookup findPerson(const QString &shortForm);
     /// The full number of the person with this short one, as the catalogue has it; a new person is
     /// added without a name.
     QString catalogKey(const QString &shortForm);
     /// Puts rsBrukereAll, read anew, on the sending door's row of this full number.
-    bool findUserOnDoor(const QString &fullNumber);
+    Lookup findUserOnDoor(const QString &fullNumber);
     /// Puts rsKeyAll, read anew, on the sending door.
-    bool findDoor();
+    Lookup findDoor();
 
     Module1 &module;
     Recordsets &recordsets;

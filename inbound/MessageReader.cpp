@@ -4,11 +4,14 @@
 #include "data/Recordsets.h"
 #include "inbound/Families.h"
 #include "inbound/Interpretation.h"
+#include "inbound/Listing.h"
 #include "inbound/MessageRecord.h"
 #include "modem/ModemLink.h"
 #include "modem/ModemView.h"
+#include "modem/ModemWords.h"
 #include "platform/Clock.h"
 #include "platform/Host.h"
+#include "platform/RuntimeFailure.h"
 #include "platform/Text.h"
 
 #include <utility>
@@ -16,7 +19,6 @@
 namespace {
 
 constexpr int kDeleteAttempts = 3;
-constexpr int kBodyReads = 4;
 
 Interpretation interpretation(ModemLink &link, Module1 &module, Recordsets &recordsets,
                               ErrorRule &rule, const Clock &clock, const Host &host)
@@ -46,45 +48,100 @@ void MessageReader::Read_SMS_MessageTEXT()
     link_.TimerCom->setEnabled(false);
     link_.pace.stop();
     link_.flags.ReadingMessages = true;
-    listingEnded_ = false;
 
+    const quint8 place = module_.MessageIndex;
+    const QString listed = link_.response.text();
+    const QString header = closedUp(listed);
     // An index of 0 is no place in the modem's store.
-    const bool received = module_.MessageIndex != 0 && isReceivedMessage(link_.response.text());
+    const bool received = place != 0 && isReceivedMessage(header);
     auto record = interpretation(link_, module_, recordsets_, rule_, clock_, host_);
-    QString stamp;
-    if (received) {
-        stamp = readReceivedMessage(record);
+    Listing listing(link_.line);
+    if (!isHeader(header) && !isOfThisModem(header)) {
+        listing.breakOff();
     }
-    // All that a message changes, or nothing: a file that cannot be had leaves it in the modem,
-    // and a power cut doesn't leave half of it. One that refuses a single row loses that row.
-    const bool stored = rule_.step([&] {
-        recordsets_.atOnce([&] {
+    QString stamp;
+    QString text;
+    if (received && !listing.isBroken()) {
+        stamp = readStamp(header);
+        rule_.step([&] { text = ownCharacters(listing.readText()); });
+    }
+    const bool comesAgain = isKnown(place, header, text);
+    bool stored = comesAgain;
+    QString why;
+    if (!comesAgain && !listing.isBroken()) {
+        if (received) {
+            rule_.step([&] { record.setText(text); });
+        }
+        // All that a message changes, or nothing: a file that cannot be had leaves it in the modem,
+        // and a power cut doesn't leave half of it. One that refuses a single row loses that row.
+        const auto store = [&] {
             if (received) {
                 file(record, stamp);
             }
             runFamilies(record, received);
-        });
-    });
+        };
+        stored = rule_.step([&] { recordsets_.atOnce(store); }, &why);
+    }
 
     view_.setPanel(2, u"Klar for innkommende SMS"_qs); // in every language
-    rule_.step([&] { recordsets_.OpenRecordsets(); });
+    bool isReadable = false;                           // else that has been told
+    rule_.step([&] { isReadable = recordsets_.OpenRecordsets(); });
     rule_.step([&] { VisBrukerTabell_(); });
-    deleteFromModem(stored);
+    rule_.step([&] { listing.readToEnd(); });
+    if (stored) {
+        stored_[place] = {header, text};
+    }
+    if (stored && listing.isWhole() && deleteFromModem(place)) {
+        stored_.erase(place);
+    }
 
+    if (link_.response.text() == listed) {
+        link_.response.setText({}); // or the same one would go unnoticed in the next listing
+    }
+    listing.isSilent() ? link_.watcher.listingRests() : link_.watcher.listingEnded();
     link_.TimerCom->setEnabled(true);
     link_.flags.ReadingMessages = false;
     link_.pace.restart(3000ms);
+    tellOnce(isReadable ? why : QString());
 }
 
-QString MessageReader::readReceivedMessage(Interpretation &record)
+/// A file that cannot be written keeps every message in the modem, which fills up: somebody must
+/// know. Each listing meets the same failure.
+void MessageReader::tellOnce(const QString &failure)
 {
-    const QString header = ownCharacters(record.text());
+    if (std::exchange(told_, failure) != failure && !failure.isEmpty()) {
+        throw RuntimeFailure(failure);
+    }
+}
+
+/// A header that looks cut, and is listed so once more: no accident, it must be read as it stands.
+/// In PDU mode none can be read.
+bool MessageReader::isOfThisModem(const QString &header)
+{
+    return std::exchange(oddHeader_, header) == header && !isPduHeader(header);
+}
+
+/// Whether it was filed before and the modem has not confirmed that it is gone. Listing it has made
+/// a message that was unread a read one.
+bool MessageReader::isKnown(quint8 place, const QString &header, const QString &text) const
+{
+    const auto found = stored_.find(place);
+    if (found == stored_.end() || found->second.text != text) {
+        return false;
+    }
+    QString listedAgain = found->second.header;
+    listedAgain.replace(u"\"REC UNREAD\""_qs, u"\"REC READ\""_qs);
+    return header == found->second.header || header == listedAgain;
+}
+
+/// A sender that cannot be cut leaves that of the message before; a stamp none.
+QString MessageReader::readStamp(const QString &header)
+{
+    const QString ownHeader = ownCharacters(header);
     QString stamp;
-    // A sender that cannot be cut leaves that of the message before.
-    rule_.step([&] { module_.SenderNumber = senderOf(header); });
+    rule_.step([&] { module_.SenderNumber = senderOf(ownHeader); });
     module_.RefreshPending = true;
-    rule_.step([&] { stamp = stampOf(header); });
-    rule_.step([&] { record.setText(ownCharacters(readBody())); });
+    rule_.step([&] { stamp = stampOf(ownHeader); });
     return stamp;
 }
 
@@ -102,32 +159,6 @@ void MessageReader::file(Interpretation &record, const QString &stamp)
                           {u"Fornavn", Fornavn}});
     rule_.step([&] { messages.requery(); });
     rule_.step([&] { messages.moveLast(); });
-}
-
-QString MessageReader::readBody()
-{
-    // A modem may need longer for a line than a read waits, and an empty line never gets here.
-    QString line;
-    for (int reads = 0; reads < kBodyReads && line.isEmpty(); ++reads) {
-        line = link_.line.ReadModemLine();
-    }
-    const bool saysOk = same(line, u"OK"_qs);
-    if (!saysOk && !isHeader(line) && !isNotice(line)) {
-        return line;
-    }
-    // Somebody's text, or none of it: a message without text has no line, so that the next header
-    // follows or the "OK" of the listing, and a notice comes at any time. The next line tells.
-    const QString next = link_.line.ReadModemLine();
-    const bool atEnd = same(next, u"OK"_qs);
-    listingEnded_ = atEnd || (saysOk && next.isEmpty());
-    const bool nothingFollows = next.isEmpty() || atEnd || isHeader(next);
-    if (saysOk) {
-        return next.isEmpty() ? QString() : line;
-    }
-    if (isNotice(line)) {
-        return nothingFollows ? line : next;
-    }
-    return nothingFollows ? line : QString();
 }
 
 QString MessageReader::filedBody(Interpretation &record)
@@ -176,17 +207,21 @@ void MessageReader::runFamilies(Interpretation &record, bool received)
     }
 }
 
-void MessageReader::deleteFromModem(bool stored)
+/// A command that was refused is repeated. One that nobody answered may have been heard, and by now
+/// another message may have come to the place: the next listing shows.
+bool MessageReader::deleteFromModem(quint8 place)
 {
-    const auto answersOk = [&] { return rule_.test([&] { return link_.line.WaitForModemOK(); }); };
-    const bool listed = listingEnded_ || answersOk();
-    if (!listed || !stored) {
-        return; // the record stays in the modem, to be read again
-    }
     for (int attempt = 0; attempt < kDeleteAttempts; ++attempt) {
-        rule_.step([&] { link_.line.SendData(u"AT+CMGD=%1\r"_qs.arg(module_.MessageIndex)); });
-        if (answersOk()) {
-            return;
+        bool isGone = false;
+        bool isRefused = false;
+        rule_.step([&] {
+            link_.line.SendData(u"AT+CMGD=%1\r"_qs.arg(place));
+            isGone = link_.line.WaitForModemOK(
+                [&](const QString &line) { isRefused |= isFinalError(line); });
+        });
+        if (isGone || !isRefused) {
+            return isGone;
         }
     }
+    return false;
 }

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <functional>
+#include <map>
 #include <utility>
 
 class Clock;
@@ -26,23 +27,31 @@ public:
 
     /// The watcher calls it with the header line in ModemResponse and its index in MessageIndex.
     /// From then on the line is read here: the body, and the rest of the listing, whose other
-    /// records stay in the modem and come with the next one.
+    /// records stay in the modem and come with the next one. The record is deleted once it has been
+    /// stored and the listing has been seen whole; one that the modem keeps all the same is not
+    /// stored again as long as the program runs.
     ///
-    /// It never fails (see ErrorRule); it throws ProgramEnds when the program ends under it.
+    /// No text makes it fail (see ErrorRule).
+    /// @throws RuntimeFailure at its end when the file could not be written, the first time.
+    /// @throws ProgramEnds when the program ends under it.
     void Read_SMS_MessageTEXT();
 
 private:
-    /// Its stamp; the text stands in the record behind it.
-    QString readReceivedMessage(Interpretation &record);
+    bool isOfThisModem(const QString &header);
+    bool isKnown(quint8 place, const QString &header, const QString &text) const;
+    QString readStamp(const QString &header);
+    void tellOnce(const QString &failure);
     void file(Interpretation &record, const QString &stamp);
-    /// Empty for a message without text.
-    QString readBody();
     QString filedBody(Interpretation &record);
     /// Etternavn and Fornavn: of the catalogue, else the door's name and a blank, else "?" twice.
     std::pair<QString, QString> senderName(Interpretation &record);
     void runFamilies(Interpretation &record, bool received);
-    /// Reads over the rest of the listing first.
-    void deleteFromModem(bool stored);
+    bool deleteFromModem(quint8 place);
+
+    struct Record {
+        QString header;
+        QString text;
+    };
 
     ModemLink &link_;
     Module1 &module_;
@@ -52,5 +61,7 @@ private:
     const Host &host_;
     std::function<void()> VisBrukerTabell_;
     ErrorRule rule_;
-    bool listingEnded_ = false; ///< the "OK" behind the listing has been read
+    QString told_;                    ///< the failure to store that the operator knows of
+    QString oddHeader_;               ///< the last one that looked cut
+    std::map<quint8, Record> stored_; ///< by place: the modem has them still, for all that is known
 };

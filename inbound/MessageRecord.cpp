@@ -11,17 +11,10 @@ constexpr int kStampLength = 17;
 
 } // namespace
 
-bool isHeader(const QString &line)
+QString closedUp(QString header)
 {
-    static const QRegularExpression kHeader(QStringLiteral("^\\+CMGL: ?[0-9]+,"));
-    return kHeader.match(line).hasMatch();
-}
-
-bool isNotice(const QString &line)
-{
-    static const QRegularExpression kNotice(
-        QStringLiteral("^(\\+(CMTI|CDSI): ?\"[A-Z]+\",[0-9]+|RING|\\+CLIP: .*)$"));
-    return kNotice.match(line).hasMatch();
+    static const QRegularExpression kBlanks(QStringLiteral(", +(?=[\",])"));
+    return header.replace(kBlanks, QStringLiteral(","));
 }
 
 bool isReceivedMessage(const QString &header)

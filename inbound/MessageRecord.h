@@ -7,12 +7,8 @@
 //
 //   +CMGL: 7,"REC UNREAD","+4791234567",,"26/12/01,12:34:56+04"
 
-/// Whether the line begins like the header of any record.
-bool isHeader(const QString &line);
-/// Whether the line is one that a modem says of its own accord, as far as this program asks for
-/// any:
-/// "+CMTI", "+CDSI", and "RING" with the caller's number.
-bool isNotice(const QString &line);
+/// The header without the blanks that some modems put behind its commas.
+QString closedUp(QString header);
 /// Whether the header is that of a received message: a status word that ends in D, and a sender in
 /// quotes behind it. Messages that were stored to be sent have none of the two, reports no quote.
 bool isReceivedMessage(const QString &header);

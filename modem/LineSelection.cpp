@@ -233,7 +233,9 @@ void LineSelection::disconnectLine()
 void LineSelection::ComShowCom()
 {
     handle([&] {
-        controls_.terminalVisible = !controls_.terminalVisible;
+        // By the caption: the group brings the box without changing it.
+        controls_.offersToHide = !controls_.offersToHide;
+        controls_.terminalVisible = controls_.offersToHide;
         showControls();
     });
 }

@@ -1,7 +1,9 @@
 #pragma once
 
-/// Who owns the modem at the moment. The timers test these before they act; everything runs on
-/// one thread, so plain values do.
+#include "modem/LineOwner.h"
+
+/// What the modem side is at. The timers test these before they act; everything runs on one thread,
+/// so plain values do.
 struct ModemFlags {
     bool QueueRunning = false;     ///< the queue owns the modem
     bool ModemInitRunning = false; ///< the initialisation owns it; lingers after a failed search
@@ -9,4 +11,6 @@ struct ModemFlags {
     bool QueuePending = false;     ///< a row was sent: the 30 seconds between sends stand
     bool ReadingMessages = false;  ///< a listing is being read
     bool ComposingSms = false;     ///< a free-text message is being composed
+    bool EchoIsUsual = false;      ///< the modem echoes though it was told not to
+    LineOwner owner;
 };

@@ -68,6 +68,7 @@ void ModemInitialiser::InitModem()
 {
     // A failure inside leaves ModemInitRunning set, as a failed search does: the timers keep off
     // a line that does not work until another initialisation gets through.
+    const LineOwner::Turn turn(flags_.owner, LineOwner::Who::Initialiser);
     shown(operator_, {}, [&] { dialogue(); });
     passOnTheEnd(clock_);
 }
@@ -127,6 +128,7 @@ bool ModemInitialiser::attempt(Identity &identity)
 bool ModemInitialiser::run(const Step &step, Identity &identity, QString &storageLine)
 {
     const bool withReports = module_.SmsReportOn && !step.commandWithReports.isEmpty();
+    line_.takeEcho(); // only that of the last step counts
     line_.SendData((withReports ? step.commandWithReports : step.command).toString() + u'\r');
     clock_.sleep(step.pauseBefore);
     switch (step.reading) {
@@ -163,6 +165,7 @@ void ModemInitialiser::waitForStorage(QString &storageLine)
 
 void ModemInitialiser::found(const Identity &identity)
 {
+    flags_.EchoIsUsual = line_.takeEcho();
     module_.ModemReady = true;
     timerCom_.setEnabled(true);
     pace_.restart(kFirstListing);
@@ -190,6 +193,9 @@ void ModemInitialiser::notFound()
     Recordset &rsModem = recordsets_.rsModem;
     if (module_.ModemReady || same(rsModem.text(u"ModemOwner"_qs), module_.LoginComputer)) {
         writeModemRow(rsModem, {.ModemOwner = u"None"_qs});
+        if (recordsets_.display) {
+            recordsets_.display(); // the sets stay as they are, but the screen must not lie
+        }
     }
     module_.ModemReady = false;
     // ModemInitRunning stays set on this path: it keeps TimerCom off a line that has no modem

@@ -2,9 +2,12 @@
 
 #include "data/Module1.h"
 #include "modem/ModemView.h"
+#include "modem/ModemWords.h"
 #include "platform/SerialPort.h"
 #include "platform/TcpSocket.h"
 #include "platform/Text.h"
+
+#include <utility>
 
 namespace {
 
@@ -54,6 +57,8 @@ bool ModemLine::onNetwork() const
 void ModemLine::SendData(const QString &OutString)
 {
     const QByteArray bytes = toLineBytes(OutString);
+    begun_.clear();
+    lastSent_ = withoutEnds(OutString, u'\r');
     if (!onNetwork()) {
         MSComm1_.write(bytes);
     } else if (Winsock1_.state() == TcpSocket::State::Connected) {
@@ -67,14 +72,21 @@ void ModemLine::ReceiveData(const QString & /*InputString*/) {}
 
 QString ModemLine::ReadModemLine()
 {
-    QString line = onNetwork() ? networkLine() : comLine();
+    // A line of one character ends no read, so the bare ends between answers don't.
+    return readLine([](const QString &line) { return line.size() >= 2; });
+}
+
+QString ModemLine::readLine(Test isLine)
+{
+    QString line = onNetwork() ? networkLine(isLine) : comLine(isLine);
     line = withoutEnds(withoutEnds(line, u'\n'), u'\r');
+    hasEchoed_ |= !line.isEmpty() && line == lastSent_;
     // An empty line too: a long time-out shows as a row of empty marks.
     writeTerminal(u'<' + line + u'\r');
     return line;
 }
 
-QString ModemLine::comLine()
+QString ModemLine::comLine(Test isLine)
 {
     const milliseconds start = clock_.elapsed();
     QString line;
@@ -89,15 +101,15 @@ QString ModemLine::comLine()
                 line += character;
             }
         }
-        // A line of one character never ends a read, so the bare ends between answers don't.
-    } while (!(atEnd && line.size() >= 2) && clock_.elapsed() - start <= kComTimeOut);
+    } while (!(atEnd && isLine(line)) && clock_.elapsed() - start <= kComTimeOut);
     if (atEnd && MSComm1_.bytesAvailable() > 0) {
         MSComm1_.takeCharacter(); // the line feed
     }
+    lineEnded_ = atEnd && isLine(line);
     return line;
 }
 
-QString ModemLine::networkLine()
+QString ModemLine::networkLine(Test isLine)
 {
     const milliseconds start = clock_.elapsed();
     QString line;
@@ -109,7 +121,8 @@ QString ModemLine::networkLine()
             ModemRxBuffer = ModemRxBuffer.mid(end + 1, kKeptBehindRead);
             bringWhatIsKept();
         }
-    } while (line.size() < 2 && clock_.elapsed() - start <= kNetworkTimeOut);
+    } while (!isLine(line) && clock_.elapsed() - start <= kNetworkTimeOut);
+    lineEnded_ = isLine(line);
     return line;
 }
 
@@ -154,12 +167,22 @@ QString ModemLine::networkPrompt()
     return prompt;
 }
 
-bool ModemLine::WaitForModemOK()
+QString ModemLine::ReadWholeLine()
+{
+    begun_ += readLine([](const QString &line) { return !withoutEnds(line, u'\n').isEmpty(); });
+    begun_ = begun_.right(kLongestInput);
+    return lineEnded_ ? std::exchange(begun_, {}) : QString();
+}
+
+bool ModemLine::WaitForModemOK(const std::function<void(const QString &)> &use)
 {
     for (int lines = 1;; ++lines) {
-        const QString line = ReadModemLine();
-        if (same(line, u"OK"_qs)) {
+        const QString line = use ? ReadWholeLine() : ReadModemLine();
+        if (isFinalOk(line)) {
             return true;
+        }
+        if (use) {
+            use(line);
         }
         if (lines > kMostLines || (line.isEmpty() && lines > kLinesOfSilence)) {
             return false;
@@ -182,6 +205,8 @@ void ModemLine::socketConnecting()
 {
     telnet_ = TelnetFilter();
     arrived_.clear();
+    ModemRxBuffer.clear();
+    begun_.clear();
 }
 
 void ModemLine::socketData(const QByteArray &bytes)
@@ -191,7 +216,10 @@ void ModemLine::socketData(const QByteArray &bytes)
         Winsock1_.write(result.answer);
     }
     // The newest are kept, so that the first line end makes the line readable again.
-    arrived_ = (arrived_ + fromLineBytes(result.data)).right(kLongestInput);
+    arrived_ += fromLineBytes(result.data);
+    const qsizetype tooMuch = ModemRxBuffer.size() + arrived_.size() - kLongestInput;
+    arrived_.remove(0, tooMuch - ModemRxBuffer.size());
+    ModemRxBuffer.remove(0, tooMuch);
     bringWhatIsKept();
 }
 

@@ -5,6 +5,9 @@
 
 #include <QString>
 
+#include <functional>
+#include <utility>
+
 class ModemView;
 class SerialPort;
 class TcpSocket;
@@ -29,8 +32,14 @@ public:
     QString ReadModemLine();
     /// ">" or an empty string behind the time-out.
     QString ReadModemPrompt();
+    /// The same for lines of any length, as texts have them. A line whose end does not come in time
+    /// is no line yet: the next call has the whole. What is sent meanwhile gives it up.
+    QString ReadWholeLine();
     /// Reads lines until "OK" (true), over 100 lines, or an empty line behind the third (false).
-    bool WaitForModemOK();
+    /// Each that is no "OK" is handed over, whole.
+    bool WaitForModemOK(const std::function<void(const QString &)> &use = {});
+    /// Whether a line was the command sent last, since the last call: the modem echoes.
+    bool takeEcho() { return std::exchange(hasEchoed_, false); }
     /// Whether a tick may take a line: a character on the COM port, a carriage return from TCP.
     bool hasLine() const;
     /// Whether commands have somewhere to go: an open port, or a socket that is not closed.
@@ -51,8 +60,10 @@ public:
 
 private:
     bool onNetwork() const;
-    QString comLine();
-    QString networkLine();
+    using Test = bool (*)(const QString &);
+    QString readLine(Test isLine);
+    QString comLine(Test isLine);
+    QString networkLine(Test isLine);
     QString comPrompt();
     QString networkPrompt();
     void writeTerminal(const QString &text);
@@ -66,5 +77,9 @@ private:
     ModemView &view_;
     QString terminal_;
     TelnetFilter telnet_;
-    QString arrived_; ///< by TCP, behind what is in ModemRxBuffer
+    QString lastSent_;
+    bool hasEchoed_ = false;
+    bool lineEnded_ = false; ///< the last line that was read had an end
+    QString begun_;          ///< of a line whose end has not come
+    QString arrived_;        ///< by TCP, behind what is in ModemRxBuffer
 };

@@ -14,10 +14,12 @@ ModemLink::ModemLink(Clock &clock, const Host &host, Operator &person, SerialPor
       initialiser(clock, module, flags, recordsets, line, pace, *TimerCom, person),
       submitter(clock, module, flags, line, *TimerCom, view, tables),
       queue(clock, module, flags, recordsets, submitter, pace, *TimerCom),
-      watcher(module, flags, recordsets, line, response, queue, pace, *TimerCom, view, person),
+      watcher(clock, module, flags, recordsets, line, response, queue, pace, *TimerCom, view,
+              person),
       selection(clock, host, person, MSComm1, Winsock1, view, module, line, initialiser)
 {
     TimerCom->setInterval(kLineInterval);
+    watcher.InitModem = [this] { initialiser.InitModem(); };
 }
 
 ModemLink::~ModemLink()

@@ -11,9 +11,10 @@ struct NetworkControls {
     bool disconnectEnabled = false;
     bool addressEnabled = true;   ///< txtHostName, txtPort
     bool commandsEnabled = false; ///< Command2, Command3
-    /// rtfTerminalScreen: shown and hidden with the group, then by ComShowCom, whose caption
-    /// follows it. The images show it without the group too.
+    /// rtfTerminalScreen: shown and hidden with the group, and by ComShowCom as its caption says.
+    /// The images show it without the group too.
     bool terminalVisible = false;
+    bool offersToHide = false; ///< the caption of ComShowCom
 };
 
 /// The tick in the port menu.

@@ -5,6 +5,7 @@
 #include "modem/ModemLine.h"
 #include "modem/ModemResponse.h"
 #include "modem/ModemView.h"
+#include "modem/ModemWords.h"
 #include "modem/OutboundQueue.h"
 #include "modem/SendPace.h"
 #include "platform/Operator.h"
@@ -23,13 +24,14 @@ constexpr int kInboundPanel = 2;
 constexpr milliseconds kAfterEvent = 2000ms;
 // At the slowest pace no listing is asked for, until an event quickens it.
 constexpr milliseconds kNoListingFrom = 59000ms;
+// At that pace it is asked for so often all the same: a notice may have been lost.
+constexpr milliseconds kIdleListing = 15min;
+constexpr milliseconds kBetweenStarts = 1min;
+// Behind so long a silence the rest of a listing does not come any more.
+constexpr milliseconds kListingTimeOut = 20'000ms;
+// No read takes so long, unless a box holds it up that was opened inside it.
+constexpr milliseconds kHeldUp = 2500ms;
 constexpr int kLongestIndex = 7;
-
-const QString &header()
-{
-    static const QString kHeader = u"+CMGL: "_qs;
-    return kHeader;
-}
 
 enum class Notice { None, Message, Report };
 
@@ -38,15 +40,17 @@ Notice noticeIn(const QString &text)
     if (holds(text, u"+CMTI"_qs)) {
         return Notice::Message;
     }
-    return holds(text, u"+CDSI: "_qs) ? Notice::Report : Notice::None;
+    return answerIn(text, u"+CDSI"_qs) ? Notice::Report : Notice::None;
 }
 
 } // namespace
 
-ModemWatcher::ModemWatcher(Module1 &module, ModemFlags &flags, Recordsets &recordsets,
-                           ModemLine &line, ModemResponse &response, OutboundQueue &queue,
-                           SendPace &pace, Timer &TimerCom, ModemView &view, Operator &person)
-    : module_(module),
+ModemWatcher::ModemWatcher(const Clock &clock, Module1 &module, ModemFlags &flags,
+                           Recordsets &recordsets, ModemLine &line, ModemResponse &response,
+                           OutboundQueue &queue, SendPace &pace, Timer &TimerCom, ModemView &view,
+                           Operator &person)
+    : clock_(clock),
+      module_(module),
       flags_(flags),
       recordsets_(recordsets),
       line_(line),
@@ -69,30 +73,40 @@ void ModemWatcher::timerComTick()
 {
     shown(operator_, {}, [&] {
         const QString text = takeLine();
+        if (isFinalOk(text) || isFinalError(text)) {
+            listingEnded();
+        }
+        lookForSigns(text);
         if (!text.isEmpty()) {
-            listingAwaited_ = listingAwaited_ && noticeIn(text) != Notice::None;
             response_.setText(text);
         }
     });
 }
 
+bool ModemWatcher::mayTakeLine() const
+{
+    using enum LineOwner::Who;
+    const LineOwner::Who who = flags_.owner.who();
+    // A line that comes slowly keeps a read waiting for longer than a tick: the ticks inside it
+    // must not take the rest of that line.
+    const bool isHeldUp = who == Watcher && clock_.elapsed() - takingSince_ > kHeldUp;
+    return (who == Nobody || who == Feeder || isHeldUp) && module_.ModemReady &&
+           !flags_.QueueRunning && !flags_.ModemInitRunning;
+}
+
 QString ModemWatcher::takeLine()
 {
-    // A line that comes slowly keeps a read waiting for longer than a tick: the ticks inside it
-    // must not take the rest of that line. The interpreter's reads are no different, whose failing
-    // steps switch TimerCom on early.
-    if (takingLine_ || interpreting_ || !module_.ModemReady || flags_.QueueRunning ||
-        flags_.ModemInitRunning) {
+    if (!mayTakeLine()) {
         return {};
     }
     if (module_.ActiveComPort != kNetworkModem && !line_.isOpen()) {
         tellLostPort();
         return {};
     }
-    takingLine_ = true;
-    const auto taken = qScopeGuard([&] { takingLine_ = false; });
+    const LineOwner::Turn turn(flags_.owner, LineOwner::Who::Watcher);
+    takingSince_ = clock_.elapsed();
     lossTold_ = true; // by the failure itself, if the port goes now
-    const QString text = line_.hasLine() ? line_.ReadModemLine() : QString();
+    const QString text = line_.hasLine() ? line_.ReadWholeLine() : QString();
     lossTold_ = false;
     return text;
 }
@@ -107,17 +121,52 @@ void ModemWatcher::tellLostPort()
     }
 }
 
+/// A modem that has started by itself echoes, lists in PDU mode and tells of no message: without
+/// another initialisation it would be deaf for good.
+void ModemWatcher::lookForSigns(const QString &line)
+{
+    const bool echoes = line_.takeEcho() && !flags_.EchoIsUsual;
+    hasForgotten_ = hasForgotten_ || echoes || isBootWord(line) || isPduHeader(line);
+}
+
+bool ModemWatcher::startAnew()
+{
+    if (!hasForgotten_ || (startedAnew_ && clock_.elapsed() - *startedAnew_ < kBetweenStarts)) {
+        return false;
+    }
+    hasForgotten_ = false;
+    startedAnew_ = clock_.elapsed();
+    view_.setPanel(kInboundPanel,
+                   QCoreApplication::translate("ModemWatcher", "Modemet settes opp på nytt"));
+    InitModem();
+    return true;
+}
+
+bool ModemWatcher::awaitsListing() const
+{
+    return (listing_ == Listing::Asked || listing_ == Listing::AskedAndOwed) &&
+           clock_.elapsed() - listingAsked_ < kListingTimeOut;
+}
+
 void ModemWatcher::timerSendTick()
 {
-    if (!module_.ModemReady || flags_.QueueRunning || flags_.ReadingMessages ||
-        flags_.ComposingSms || flags_.ModemInitRunning || flags_.WaitingForCmgs) {
+    using enum LineOwner::Who;
+    if (flags_.owner.who() != Nobody || awaitsListing() || !module_.ModemReady ||
+        flags_.QueueRunning || flags_.ReadingMessages || flags_.ComposingSms ||
+        flags_.ModemInitRunning || flags_.WaitingForCmgs) {
         return;
     }
-    listingAwaited_ = false; // or lost
+    if (startAnew()) {
+        return;
+    }
+    const bool isOwed = listing_ == Listing::Owed || listing_ == Listing::AskedAndOwed;
+    listing_ = Listing::None; // or lost
+    const LineOwner::Turn turn(flags_.owner, Feeder);
     skipped({[&] { StartNyBruker(); }, [&] { recordsets_.OpenRecordsets(); },
              [&] { queue_.SendQueuedSms(); }, [&] { recordsets_.OpenRecordsets(); },
              [&] {
-                 if (pace_.interval() < kNoListingFrom || listingOwed_) {
+                 if (pace_.interval() < kNoListingFrom || isOwed ||
+                     clock_.elapsed() - listingAsked_ >= kIdleListing) {
                      requestListing();
                  }
              }});
@@ -127,7 +176,7 @@ void ModemWatcher::responseChanged()
 {
     const auto handler = [&] { watch(response_.text()); };
     // The interpreter uses the caption for its working text, and never opens a box.
-    if (interpreting_) {
+    if (flags_.owner.who() == LineOwner::Who::Interpreter) {
         kept(handler);
     } else {
         shown(operator_, {}, handler);
@@ -149,8 +198,8 @@ void ModemWatcher::watch(const QString &text)
     if (holds(text, u"ERROR"_qs) && !flags_.QueuePending) {
         pace_.restart(kAfterEvent);
     }
-    if (holds(text, header())) {
-        listed(text);
+    if (const std::optional<QString> record = answerIn(text, u"+CMGL"_qs)) {
+        listed(*record);
     }
 }
 
@@ -158,12 +207,9 @@ void ModemWatcher::notified(const QString &panelText)
 {
     view_.setPanel(kInboundPanel, panelText);
     if (flags_.QueuePending) {
-        // The pace stands at 30 seconds then: the listing would come late. One that is on its way
-        // already has the new record in it. A second would name the first one's records again,
-        // behind their deletion: they would be filed twice, and whatever has come to their places
-        // meanwhile would be deleted unread.
-        if (listingAwaited_) {
-            listingOwed_ = true;
+        // The pace stands at 30 seconds then: the listing would come late.
+        if (awaitsListing()) {
+            listing_ = Listing::AskedAndOwed;
         } else {
             requestListing();
         }
@@ -172,17 +218,17 @@ void ModemWatcher::notified(const QString &panelText)
     }
 }
 
-void ModemWatcher::listed(const QString &text)
+/// What stands behind the name in a record's header.
+void ModemWatcher::listed(const QString &record)
 {
     // A header in the text of a message is a stranger's: an index of his choice would have another
     // record deleted instead of this one, which would come again with each listing.
-    if (interpreting_) {
+    if (flags_.owner.who() == LineOwner::Who::Interpreter) {
         return;
     }
     flags_.ReadingMessages = true;
     module_.MessageIndex = 0;
-    const int first = inStr(text, header()) + static_cast<int>(header().size());
-    for (const QChar digit : mid(text, first, kLongestIndex)) {
+    for (const QChar digit : record.left(kLongestIndex)) {
         if (digit < u'0' || digit > u'9') {
             break;
         }
@@ -191,14 +237,18 @@ void ModemWatcher::listed(const QString &text)
     view_.setPanel(kInboundPanel,
                    u"Melding "_qs + QString::number(module_.MessageIndex) + u" MOTTATT"_qs);
     timerCom_.setEnabled(false); // the interpreter switches it on again
-    interpreting_ = true;
-    const auto interpreted = qScopeGuard([&] { interpreting_ = false; });
+    const LineOwner::Turn turn(flags_.owner, LineOwner::Who::Interpreter);
     Read_SMS_MessageTEXT();
 }
 
 void ModemWatcher::requestListing()
 {
     line_.SendData(u"AT+CMGL=ALL\r"_qs);
-    listingAwaited_ = true;
-    listingOwed_ = false;
+    listing_ = Listing::Asked;
+    listingAsked_ = clock_.elapsed();
+}
+
+void ModemWatcher::listingEnded()
+{
+    listing_ = listing_ == Listing::AskedAndOwed ? Listing::Owed : Listing::None;
 }

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 
 class ModemLine;
 class ModemResponse;
@@ -18,11 +19,15 @@ struct Module1;
 
 /// The main loop around the modem: one line a second goes from the line into ModemResponse, whose
 /// change drives everything; a second timer feeds the queue, sends and asks for the listing.
+///
+/// One listing at a time. Another one, asked for while the first is on its way, would name its
+/// records again, behind their deletion: they would be filed twice, and whatever has come to their
+/// places meanwhile would be deleted unread.
 class ModemWatcher {
 public:
-    ModemWatcher(Module1 &module, ModemFlags &flags, Recordsets &recordsets, ModemLine &line,
-                 ModemResponse &response, OutboundQueue &queue, SendPace &pace, Timer &TimerCom,
-                 ModemView &view, Operator &person);
+    ModemWatcher(const Clock &clock, Module1 &module, ModemFlags &flags, Recordsets &recordsets,
+                 ModemLine &line, ModemResponse &response, OutboundQueue &queue, SendPace &pace,
+                 Timer &TimerCom, ModemView &view, Operator &person);
     ~ModemWatcher();
     ModemWatcher(const ModemWatcher &) = delete;
     ModemWatcher &operator=(const ModemWatcher &) = delete;
@@ -31,12 +36,23 @@ public:
     /// waiting periods into queued commands, and the interpreter of a listed message.
     std::function<void()> StartNyBruker;
     std::function<void()> Read_SMS_MessageTEXT;
+    /// The initialisation, for a modem that has forgotten its settings.
+    std::function<void()> InitModem;
+
+    /// The interpreter has seen the end of the listing, or has given it up.
+    void listingEnded();
+    /// It has fallen silent: the rest may come yet.
+    void listingRests() { listingAsked_ = clock_.elapsed(); }
 
     void timerComTick();
     void timerSendTick();
 
 private:
     QString takeLine();
+    bool mayTakeLine() const;
+    bool awaitsListing() const;
+    void lookForSigns(const QString &line);
+    bool startAnew();
     void tellLostPort();
     void responseChanged();
     void watch(const QString &text);
@@ -44,6 +60,14 @@ private:
     void listed(const QString &text);
     void requestListing();
 
+    ///             asked for           a notice
+    ///      None ────────────► Asked ──────────────► AskedAndOwed
+    ///       ▲ ▲                 │ its end                │ its end
+    ///       │ └─────────────────┘                        ▼
+    ///       └── (asked for, at the next tick) ───────── Owed
+    enum class Listing { None, Asked, AskedAndOwed, Owed };
+
+    const Clock &clock_;
     Module1 &module_;
     ModemFlags &flags_;
     Recordsets &recordsets_;
@@ -54,9 +78,10 @@ private:
     Timer &timerCom_;
     ModemView &view_;
     Operator &operator_;
-    bool takingLine_ = false;
-    bool lossTold_ = false;       ///< the operator has been told that the port is gone
-    bool listingAwaited_ = false; ///< asked for, and not a line of it has come
-    bool listingOwed_ = false;    ///< a notice came meanwhile
-    bool interpreting_ = false;   ///< Read_SMS_MessageTEXT stands on the stack
+    Listing listing_ = Listing::None;
+    milliseconds listingAsked_{0};
+    milliseconds takingSince_{0}; ///< by the owner of the line, if it is this
+    bool hasForgotten_ = false;   ///< the modem, what the initialisation told it
+    std::optional<milliseconds> startedAnew_;
+    bool lossTold_ = false; ///< the operator has been told that the port is gone
 };

@@ -47,8 +47,8 @@ void NetworkModemPanel::showNetworkControls(const NetworkControls &controls)
     ui_->Command2->setEnabled(controls.commandsEnabled);
     ui_->Command3->setEnabled(controls.commandsEnabled);
     ui_->rtfTerminalScreen->setVisible(controls.terminalVisible);
-    ui_->ComShowCom->setText(controls.terminalVisible ? tr("Skjul Modemkommunikasjon")
-                                                      : tr("Vis Modemkommunikasjon"));
+    ui_->ComShowCom->setText(controls.offersToHide ? tr("Skjul Modemkommunikasjon")
+                                                   : tr("Vis Modemkommunikasjon"));
 }
 
 void NetworkModemPanel::appendStatusBox(const QString &text)

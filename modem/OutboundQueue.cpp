@@ -160,6 +160,7 @@ void OutboundQueue::queue(const OutboundSms &sms)
 
 void OutboundQueue::SendQueuedSms()
 {
+    const LineOwner::Turn turn(flags_.owner, LineOwner::Who::Queue);
     flags_.QueueRunning = true;
     timerCom_.setEnabled(false);
     // A failure leaves the row "UNSENT" and the pace as it is, so that the next tick tries the
@@ -182,17 +183,27 @@ void OutboundQueue::sendFirst()
     const QString text = outbox.text(u"SMS_Text"_qs);
     const QString recipient = outbox.text(u"TilNummer"_qs);
     const qint64 row = outbox.bookmark();
+    const QString file = module_.DatabasePath;
     submitter_.SendSms(text, recipient);
-    // A screen may have queued something meanwhile, or had the sets opened anew.
-    outbox.setBookmark(row);
-    writeResult(outbox);
-
-    const QString result = module_.LastCmgsResult;
-    if (!result.isEmpty() && !same(result, u"Error"_qs)) {
-        markUser(text, recipient);
+    // A screen may have queued something meanwhile, or had the sets opened anew, even on another
+    // file; somebody may have deleted the row or the door. The result is that of this row alone.
+    if (module_.DatabasePath == file && isStillQueued(outbox, row, text, recipient)) {
+        writeResult(outbox);
+        const QString result = module_.LastCmgsResult;
+        if (!result.isEmpty() && !same(result, u"Error"_qs)) {
+            markUser(text, recipient);
+        }
     }
     pace_.restart(kBetweenMessages);
     flags_.QueuePending = true;
+}
+
+bool OutboundQueue::isStillQueued(Recordset &outbox, qint64 row, const QString &text,
+                                  const QString &recipient)
+{
+    outbox.setBookmark(row);
+    return outbox.row() && outbox.text(u"CMGS"_qs) == u"UNSENT" &&
+           outbox.text(u"SMS_Text"_qs) == text && outbox.text(u"TilNummer"_qs) == recipient;
 }
 
 void OutboundQueue::writeResult(Recordset &row)

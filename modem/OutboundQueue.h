@@ -80,6 +80,8 @@ public:
 
 private:
     void sendFirst();
+    static bool isStillQueued(Recordset &outbox, qint64 row, const QString &text,
+                              const QString &recipient);
     void writeResult(Recordset &row);
     void markUser(const QString &text, const QString &recipient);
 

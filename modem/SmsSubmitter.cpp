@@ -4,6 +4,7 @@
 #include "modem/CharacterTables.h"
 #include "modem/ModemLine.h"
 #include "modem/ModemView.h"
+#include "modem/ModemWords.h"
 #include "modem/PassOn.h"
 #include "platform/Rules.h"
 #include "platform/RuntimeFailure.h"
@@ -104,7 +105,7 @@ QString SmsSubmitter::translated(const QString &Text) const
 
 void SmsSubmitter::transmit(const QString &message, const QString &Number)
 {
-    line_.SendData(u"AT+CMGS="_qs + Number + u'\r');
+    line_.SendData(u"AT+CMGS="_qs + Number.trimmed() + u'\r'); // files hold padded numbers
     const milliseconds start = clock_.elapsed();
     while (!holds(line_.ReadModemPrompt(), u">"_qs) && clock_.elapsed() - start <= kPromptTimeOut) {
     }
@@ -130,13 +131,12 @@ void SmsSubmitter::Get_CMGS()
 
 void SmsSubmitter::readResult()
 {
-    static const QString kResult = u"+CMGS: "_qs;
     const milliseconds start = clock_.elapsed();
     while (clock_.elapsed() - start < kResultTimeOut) {
         const QString line = line_.ReadModemLine();
-        const int found = inStr(line, kResult);
-        if (found > 0) {
-            module_.LastCmgsResult = mid(line, found + static_cast<int>(kResult.size()));
+        const std::optional<QString> reference = answerIn(line, u"+CMGS"_qs);
+        if (reference) {
+            module_.LastCmgsResult = *reference;
             view_.setPanel(kOutboundPanel, u"SMS "_qs + module_.LastCmgsResult + u" SENDT"_qs);
         }
         // "+CMS ERROR: 500" as well.
@@ -145,7 +145,7 @@ void SmsSubmitter::readResult()
             module_.LastCmgsResult = u"ERROR"_qs;
             view_.setPanel(kOutboundPanel, u"SMS SENDEFEIL"_qs);
         }
-        if (found > 0 || refused) {
+        if (reference || refused) {
             return;
         }
     }

@@ -14,6 +14,7 @@ struct MessageReading : testing::Test, InboundWorld {};
 TEST_F(MessageReading, TickThatComesEarlyTakesNoLineFromIt)
 {
     endsListing = false;
+    store[8] = listed("12345678", "Hei"); // what stands behind the text is still to come
     shown = [&] {
         ASSERT_TRUE(link.TimerCom->isEnabled());
         clock.after(500ms, [&] {
@@ -95,9 +96,130 @@ TEST_F(MessageReading, ScreenIsRefreshedAndThePanelTellsTheState)
               (QStringList{u"Melding 7 MOTTATT"_qs, u"Klar for innkommende SMS"_qs}));
 }
 
+constexpr const char *kUnread =
+    "+CMGL: 7,\"REC UNREAD\",\"+4790000001\",,\"26/12/01,12:34:56+04\"\r\n";
+constexpr const char *kRead = "+CMGL: 7,\"REC READ\",\"+4790000001\",,\"26/12/01,12:34:56+04\"\r\n";
+constexpr const char *kOk = "\r\nOK\r\n";
+
+struct Listed {
+    const char *what;
+    QByteArrayList listings; ///< what the modem brings, one after the other
+    QByteArray answer;       ///< to each deletion
+    std::vector<std::string> filed;
+    int deletions;
+};
+
+const Listed kListings[] = {
+    {"records behind it, more than one reading takes",
+     {kUnread + QByteArray("Hei\r\n") +
+      QByteArray("+CMGL: 8,\"REC READ\",\"+4712345678\"\r\nHo\r\n").repeated(150) + kOk},
+     kOk,
+     {"Hei"},
+     1},
+    {"a deletion refused",
+     {kUnread + QByteArray("Hei\r\n") + kOk, kRead + QByteArray("Hei\r\n") + kOk},
+     "\r\n+CMS ERROR: 321\r\n",
+     {"Hei"},
+     6},
+    {"a deletion that nobody answers",
+     {kUnread + QByteArray("Hei\r\n") + kOk, kRead + QByteArray("Hei\r\n") + kOk},
+     "",
+     {"Hei"},
+     2},
+    {"another message at its place",
+     {kUnread + QByteArray("Hei\r\n") + kOk, kUnread + QByteArray("Ho\r\n") + kOk},
+     "",
+     {"Hei", "Ho"},
+     2},
+    {"what comes unasked, before the text and behind it",
+     {kUnread +
+      QByteArray("^RSSI:3\r\n\r\n+CRING: VOICE\r\n\r\nRING\r\n\r\n+CLIP: \"+4712345678\",145\r\n"
+                 "Hei\r\n+CREG: 1\r\n\r\nNO CARRIER\r\n") +
+      kOk},
+     kOk,
+     {"Hei"},
+     1},
+    {"a text that looks unasked",
+     {kUnread + QByteArray("*100:5\r\n") + kOk, kUnread + QByteArray("RDY\r\n") + kOk},
+     kOk,
+     {"*100:5", "RDY"},
+     2},
+    {"a text of several lines",
+     {kUnread + QByteArray("Port\r\n\r\nOK\r\nA\r\n+CMTI: \"SM\",8\r\nslutt\r\n") + kOk},
+     kOk,
+     {"Port\r\nOK\r\nA\r\nslutt"},
+     1},
+    {"no blank in the header",
+     {QByteArray(kUnread).remove(6, 1) + "Hei\r\n" + kOk},
+     kOk,
+     {"Hei"},
+     1},
+    {"a text of one letter", {kUnread + QByteArray("A\r\n") + kOk}, kOk, {"A"}, 1},
+    {"silence behind the text, once",
+     {kUnread + QByteArray("Hei\r\n"), kRead + QByteArray("Hei\r\n") + kOk},
+     kOk,
+     {"Hei"},
+     1},
+    {"silence in the middle, once",
+     {kUnread, kRead + QByteArray("Hei\r\n") + kOk},
+     kOk,
+     {"Hei"},
+     1},
+    {"a header cut on the way",
+     {"+CMGL: 7,\"REC UNREAD\",\"+47900\r\n", kRead + QByteArray("Hei\r\n") + kOk},
+     kOk,
+     {"Hei"},
+     1},
+    {"a header cut behind it",
+     {kUnread + QByteArray("Hei\r\n+CMGL: 8,\"REC UN\r\n") + kOk,
+      kRead + QByteArray("Hei\r\n") + kOk},
+     kOk,
+     {"Hei"},
+     1},
+    {"a modem that starts anew",
+     {kUnread + QByteArray("Hei\r\n\r\n^SYSSTART\r\n"), kRead + QByteArray("Hei\r\n") + kOk},
+     kOk,
+     {"Hei"},
+     1},
+    {"PDU mode",
+     QByteArrayList(3,
+                    QByteArray("+CMGL: 7,1,,24\r\n07917238010010F5040BC87238880900F1\r\n") + kOk),
+     kOk,
+     {},
+     0},
+};
+
+TEST_F(MessageReading, RecordIsFiledOnceAndDeletedWhenItsListingWasSeenWhole)
+{
+    for (const auto &[what, listings, answer, filed, deletions] : kListings) {
+        SCOPED_TRACE(what);
+        empty();
+        commands.clear();
+        port.onWrite = [&, &answer = answer](const QByteArray &bytes) {
+            if (bytes.startsWith("AT+CMGD")) {
+                EXPECT_EQ(bytes, "AT+CMGD=7\r");
+                commands += bytes;
+                port.feed(answer);
+            }
+        };
+        for (const QByteArray &listing : listings) {
+            link.pace.stop();
+            port.feed("\r\n" + listing);
+            clock.run(3min);
+        }
+        EXPECT_EQ(commands.size(), deletions);
+        std::vector<std::string> texts;
+        for (const QString &text :
+             database.rows(u"SELECT SMS_Text FROM SMS_Received ORDER BY ID"_qs)) {
+            texts.push_back(text.toStdString());
+        }
+        EXPECT_EQ(texts, filed);
+    }
+}
+
 TEST_F(MessageReading, PortThatGoesInTheMiddleLeavesTheLinkReady)
 {
-    person.answers(u"COM-porten"_qs); // once, by the watcher
+    person.answers(u"The port is gone"_qs); // once, by the watcher
     shown = [&] { port.unplug(); };
     doorSays("Hovedport\n91234567 er lagt til");
     clock.run(5s);
@@ -116,6 +238,30 @@ TEST_F(MessageReading, RefusedRowDoesNotRideAlongWithTheNext)
     database.look().run(u"DROP TRIGGER full"_qs);
     doorSays("Hovedport\n92222222 er lagt til");
     EXPECT_THAT(rows("Katalog"), ElementsAre("+4792222222 |92222222 |?|?"));
+}
+
+TEST_F(MessageReading, MessageWaitsInTheModemForRoomOnTheDiskAndTheOperatorHearsOnce)
+{
+    Connection &connection = *module.DatabaseConnection;
+    connection.run(u"PRAGMA max_page_count = 1"_qs); // no more than there are
+    try {
+        for (;;) {
+            connection.run(u"INSERT INTO Katalog (Gate) VALUES ('full')"_qs);
+        }
+    } catch (const RuntimeFailure &) {
+    }
+    recordsets.OpenRecordsets();
+    person.answers(u"full"_qs);
+    doorSays("Hovedport\n91234567 er lagt til");
+    lists();
+    EXPECT_THAT(commands, IsEmpty());
+    EXPECT_THAT(rows("SMS_Received"), IsEmpty());
+    EXPECT_THAT(rows("TBLbrukere"), IsEmpty());
+    connection.run(u"PRAGMA max_page_count = 100000"_qs);
+    lists();
+    EXPECT_THAT(commands, ElementsAre("AT+CMGD=7"));
+    EXPECT_EQ(rows("SMS_Received").size(), 1U);
+    EXPECT_EQ(rows("TBLbrukere").size(), 1U);
 }
 
 TEST_F(MessageReading, MessageWaitsInTheModemForTheDatabase)

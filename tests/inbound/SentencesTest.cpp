@@ -26,9 +26,13 @@ struct SentenceWorld : InboundWorld {
         }
         QByteArrayList deletions;
         for (const QByteArray &record : sentence.records) {
-            store[corpusIndex(record)] = record;
+            const int place = corpusIndex(record);
+            store[place] = record;
             lists();
-            deletions += "AT+CMGD=" + QByteArray::number(corpusIndex(record));
+            if (store.contains(place)) {
+                lists(); // a header that looks cut counts when it comes again
+            }
+            deletions += "AT+CMGD=" + QByteArray::number(place);
         }
         database.look().run(u"DROP TRIGGER IF EXISTS refusal"_qs);
         EXPECT_EQ(commands, deletions) << "each record is deleted, once";

@@ -110,8 +110,11 @@ TEST_F(Selection, GoesBackWhenTheAddressOrTheConnectionIsNotWanted)
     // On purpose: the address and the busy pointer stay as the question left them.
     EXPECT_EQ(seen(), "group terminal connect:ve disconnect:-- commands");
     EXPECT_TRUE(person.isBusy());
-    link.selection.ComShowCom();
-    EXPECT_FALSE(view.controls.terminalVisible);
+    for (const bool shows : {true, false, true}) { // the group has brought the box already
+        link.selection.ComShowCom();
+        EXPECT_EQ(view.controls.terminalVisible, shows);
+        EXPECT_EQ(view.controls.offersToHide, shows);
+    }
 }
 
 TEST_F(Selection, RefusesWhatIsNoTcpPort)

@@ -103,19 +103,54 @@ TEST_F(Watcher, FeedsSendsAndAsksForTheListingOnATick)
     EXPECT_EQ(refreshes, 2);
     // At the slowest pace, that the tick's own queue run brings about, it asks no more.
     for (const milliseconds pace : {28999ms, 29000ms}) {
+        port.feed("OK\r\n");
+        link.watcher.timerComTick();
         link.pace.restart(pace);
         link.watcher.timerSendTick();
     }
     EXPECT_EQ(port.written, QByteArray("AT+CMGL=ALL\r").repeated(2));
     // But a record that was named while a listing was on its way must not be forgotten.
     link.flags.QueuePending = true;
-    for (const char *notice : {"+CMTI: \"SM\",1\r\n", "+CMTI: \"SM\",2\r\n"}) {
-        port.feed(notice);
+    for (const char *line : {"OK\r\n", "+CMTI: \"SM\",1\r\n", "+CMTI: \"SM\",2\r\n"}) {
+        port.feed(line);
         link.watcher.timerComTick();
-        EXPECT_EQ(port.written.count("AT+CMGL"), 3);
     }
     link.watcher.timerSendTick();
+    EXPECT_EQ(port.written.count("AT+CMGL"), 3) << "the one on its way has not ended";
+    port.feed("OK\r\n");
+    link.watcher.timerComTick();
+    link.watcher.timerSendTick();
     EXPECT_EQ(port.written.count("AT+CMGL"), 4);
+    link.pace.restart(60s);
+    clock.run(19s + 15min);
+    EXPECT_EQ(port.written.count("AT+CMGL"), 5) << "a notice may be lost";
+}
+
+TEST_F(Watcher, SetsUpAModemThatHasForgottenItsSettingsOnceAMinute)
+{
+    int starts = 0;
+    link.watcher.InitModem = [&] { ++starts; };
+    const auto tickBehind = [&](const QByteArray &line) {
+        link.line.SendData(u"AT+CMGL=ALL\r"_qs);
+        port.feed(line + "\r\n");
+        link.watcher.timerComTick();
+        link.flags.ReadingMessages = false;
+        link.watcher.timerSendTick();
+    };
+    int expected = 0;
+    for (const char *sign : {"^SYSSTART", "AT+CMGL=ALL", "+CMGL: 7,1,,26"}) {
+        tickBehind(sign);
+        EXPECT_EQ(starts, ++expected) << sign;
+        EXPECT_EQ(view.panels.value(2), u"Modemet settes opp på nytt"_qs);
+        tickBehind(sign);
+        EXPECT_EQ(starts, expected) << "not so soon";
+        clock.run(2min);
+        EXPECT_EQ(starts, ++expected);
+        clock.run(2min);
+    }
+    link.flags.EchoIsUsual = true;
+    tickBehind("AT+CMGL=ALL");
+    EXPECT_EQ(starts, expected) << "as it is";
 }
 
 TEST_F(Watcher, DoesNothingOnATickWhileAFlagStands)

@@ -112,6 +112,18 @@ TEST_F(Queue, ClosesTheRowThatItSentWhateverScreensDoMeanwhile)
     });
     link.queue.SendQueuedSms();
     EXPECT_EQ(sent(u"SMS_Text, CMGS"_qs), (QStringList{u"hei|0:OK"_qs, u"annet|UNSENT"_qs}));
+
+    // The same row of another file is another message.
+    TestDatabase other;
+    other.add(u"SMS_Sent"_qs, u"ID,TilNummer,SMS_Text,CMGS"_qs,
+              {2, kOtherDoor, u"annet"_qs, u"UNSENT"_qs});
+    clock.after(10ms, [&] {
+        other.use(module);
+        recordsets.OpenRecordsets();
+    });
+    link.queue.SendQueuedSms();
+    EXPECT_EQ(other.rows(u"SELECT CMGS FROM SMS_Sent"_qs), QStringList{u"UNSENT"_qs});
+    EXPECT_EQ(link.pace.interval(), 30s) << "it went out all the same";
 }
 
 TEST_F(Queue, LeavesTheOthersWaitingWhenTheRowIsWithdrawnDuringTheSend)
@@ -123,6 +135,7 @@ TEST_F(Queue, LeavesTheOthersWaitingWhenTheRowIsWithdrawnDuringTheSend)
     EXPECT_EQ(sent(u"SMS_Text, CMGS"_qs), QStringList{u"annet|UNSENT"_qs});
     EXPECT_FALSE(link.flags.QueueRunning);
     EXPECT_TRUE(link.TimerCom->isEnabled());
+    EXPECT_EQ(link.pace.interval(), 30s);
 }
 
 } // namespace

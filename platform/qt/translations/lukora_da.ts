@@ -42,6 +42,10 @@
         <source>Forbindelsen med modemet er brutt. Velg COM-porten på nytt.</source>
         <translation>Forbindelsen til modemet er afbrudt. Vælg COM-porten igen.</translation>
     </message>
+    <message>
+        <source>Modemet settes opp på nytt</source>
+        <translation>Modemet sættes op på ny</translation>
+    </message>
 </context>
 <context>
     <name>frmMain</name>

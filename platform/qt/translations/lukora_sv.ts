@@ -42,6 +42,10 @@
         <source>Forbindelsen med modemet er brutt. Velg COM-porten på nytt.</source>
         <translation>Förbindelsen med modemet är bruten. Välj COM-porten på nytt.</translation>
     </message>
+    <message>
+        <source>Modemet settes opp på nytt</source>
+        <translation>Modemet ställs in på nytt</translation>
+    </message>
 </context>
 <context>
     <name>frmMain</name>

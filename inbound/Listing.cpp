@@ -1,0 +1,111 @@
+#include "inbound/Listing.h"
+
+#include "inbound/MessageRecord.h"
+#include "modem/ModemLine.h"
+#include "modem/ModemWords.h"
+
+#include <QStringList>
+
+#include <utility>
+
+namespace {
+
+constexpr int kReadsOfSilence = 4;
+// Far over what a store of 255 places fills: a line that never rests must not hold the reader.
+constexpr int kMostReadings = 60;
+
+} // namespace
+
+QString Listing::nextLine()
+{
+    return ahead_.isEmpty() ? line_.ReadWholeLine() : std::exchange(ahead_, {});
+}
+
+/// Whether an "OK" or an error is the end of the listing, and no line of a text: somebody may have
+/// written just that. What follows tells, and a modem sends it at once.
+bool Listing::endsWith(const QString &line, bool hasText)
+{
+    if (!isFinalOk(line) && !isFinalError(line)) {
+        return false;
+    }
+    // A text is there mostly. Only where none is, the next line is worth a wait.
+    while (ahead_.isEmpty() && (!hasText || line_.hasLine())) {
+        ahead_ = line_.ReadWholeLine();
+        if (ahead_.isEmpty()) {
+            return true;
+        }
+        if (isUnsolicited(ahead_)) {
+            judge(std::exchange(ahead_, {}));
+            hasText = true; // nothing to wait for any more
+        }
+    }
+    return ahead_.isEmpty();
+}
+
+/// Whether a header stands where a text should, with nothing of its own behind it: then somebody
+/// has written it. Else the message before it has no text.
+bool Listing::endsBehind(const QString &header)
+{
+    if (!isReceivedMessage(header)) {
+        return false;
+    }
+    ahead_ = line_.ReadWholeLine();
+    if (ahead_.isEmpty() || isFinalOk(ahead_) || beginsLikeHeader(ahead_)) {
+        return true;
+    }
+    ahead_.clear(); // the text of the next
+    return false;
+}
+
+QString Listing::readText()
+{
+    QStringList lines;
+    QString passedOver;
+    int silent = 0;
+    while (silent < kReadsOfSilence) {
+        const QString line = nextLine();
+        if (line.isEmpty()) {
+            ++silent;
+            continue;
+        }
+        silent = 0;
+        if (beginsLikeHeader(line) && (!lines.isEmpty() || !endsBehind(line))) {
+            judge(line);
+            break;
+        }
+        if (endsWith(line, !lines.isEmpty())) {
+            end_ = isFinalOk(line) ? End::Ok : End::Error;
+            break;
+        }
+        if (isUnsolicited(line)) {
+            judge(line);
+            passedOver = line;
+        } else {
+            lines += line;
+        }
+    }
+    if (silent == kReadsOfSilence) {
+        end_ = End::Silence;
+        isBroken_ = isBroken_ || hasStarted_ || !line_.isOpen() ||
+                    (lines.isEmpty() && passedOver.isEmpty());
+    }
+    return lines.isEmpty() ? passedOver : lines.join(u'\n');
+}
+
+void Listing::readToEnd()
+{
+    for (int readings = 0; end_ == End::None && readings < kMostReadings; ++readings) {
+        bool cameAnything = false;
+        const bool ok = line_.WaitForModemOK([&](const QString &line) {
+            cameAnything |= !line.isEmpty();
+            judge(line);
+        });
+        end_ = ok ? End::Ok : cameAnything ? End::None : End::Silence;
+    }
+}
+
+void Listing::judge(const QString &line)
+{
+    isBroken_ = isBroken_ || (beginsLikeHeader(line) && !isHeader(line));
+    hasStarted_ = hasStarted_ || isBootWord(line);
+}

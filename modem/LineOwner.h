@@ -1,0 +1,40 @@
+#pragma once
+
+#include <utility>
+
+/// Who speaks with the modem: one at a time, since whoever reads takes the other's lines. A timer
+/// begins nothing while somebody does; a click may (a change of line, an initialisation), and then
+/// the line goes back to whom it belonged to.
+///
+///     Nobody ──► Feeder ──► Queue            TimerSEND_SMS: feeds, sends, asks for a listing
+///        │ └───────────────► Initialiser      a click, or a modem that has forgotten its settings
+///        └────► Watcher ──► Interpreter      TimerCom: takes a line; a record's header
+class LineOwner {
+public:
+    enum class Who {
+        Nobody,
+        Feeder,      ///< works on the tables before it sends; lines may be taken meanwhile
+        Watcher,     ///< a tick of TimerCom is at a line
+        Interpreter, ///< reads a listing and deletes a record of it
+        Queue,       ///< submits a message
+        Initialiser
+    };
+
+    /// Has the line for as long as it lives.
+    class Turn {
+    public:
+        Turn(LineOwner &owner, Who who) : owner_(owner), before_(std::exchange(owner.who_, who)) {}
+        ~Turn() { owner_.who_ = before_; }
+        Turn(const Turn &) = delete;
+        Turn &operator=(const Turn &) = delete;
+
+    private:
+        LineOwner &owner_;
+        Who before_;
+    };
+
+    Who who() const { return who_; }
+
+private:
+    Who who_ = Who::Nobody;
+};
