@@ -133,17 +133,20 @@ Connection &Recordsets::opened() const
     return *module_.DatabaseConnection;
 }
 
-bool Recordsets::OpenRecordsets()
+void Recordsets::OpenRecordsets()
 {
-    return shown(operator_, {}, [this] {
-        opened().readTogether([this] {
-            openDoors();
-            openUsersAndMessages();
-        });
-        if (display) {
-            display();
-        }
+    shown(operator_, {}, [this] { reopen(); });
+}
+
+void Recordsets::reopen()
+{
+    opened().readTogether([this] {
+        openDoors();
+        openUsersAndMessages();
     });
+    if (display) {
+        display();
+    }
 }
 
 void Recordsets::openDoors()

@@ -24,8 +24,10 @@ public:
     /// Rebuilds all twelve, so that this PC sees what others wrote, and calls display at the end.
     /// A failure shows its description; a set whose query failed stays unopened, and the rest of
     /// the refresh doesn't run.
-    /// False when the file cannot be read: the operator has been told why.
-    bool OpenRecordsets();
+    void OpenRecordsets();
+    /// The same, for whoever must ask nothing now.
+    /// @throws RuntimeFailure when the file cannot be read.
+    void reopen();
 
     /// Runs the work in one transaction: what it writes is on disk when this returns, or nothing
     /// of it is.

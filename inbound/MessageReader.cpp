@@ -84,8 +84,7 @@ void MessageReader::Read_SMS_MessageTEXT()
     }
 
     view_.setPanel(2, u"Klar for innkommende SMS"_qs); // in every language
-    bool isReadable = false;                           // else that has been told
-    rule_.step([&] { isReadable = recordsets_.OpenRecordsets(); });
+    rule_.step([&] { recordsets_.reopen(); }, &why);   // a box would hold the line up
     rule_.step([&] { VisBrukerTabell_(); });
     rule_.step([&] { listing.readToEnd(); });
     if (stored) {
@@ -102,7 +101,7 @@ void MessageReader::Read_SMS_MessageTEXT()
     link_.TimerCom->setEnabled(true);
     link_.flags.ReadingMessages = false;
     link_.pace.restart(3000ms);
-    tellOnce(isReadable ? why : QString());
+    tellOnce(why);
 }
 
 /// A file that cannot be written keeps every message in the modem, which fills up: somebody must

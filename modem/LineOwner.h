@@ -6,14 +6,14 @@
 /// begins nothing while somebody does; a click may (a change of line, an initialisation), and then
 /// the line goes back to whom it belonged to.
 ///
-///     Nobody ──► Feeder ──► Queue            TimerSEND_SMS: feeds, sends, asks for a listing
-///        │ └───────────────► Initialiser      a click, or a modem that has forgotten its settings
-///        └────► Watcher ──► Interpreter      TimerCom: takes a line; a record's header
+///     Nobody ──► Queue          TimerSEND_SMS
+///       │ │ └──► Initialiser    a click, or a modem that has forgotten its settings
+///       │ └────► Interpreter    the header of a record
+///       └──────► Watcher        TimerCom, at a line
 class LineOwner {
 public:
     enum class Who {
         Nobody,
-        Feeder,      ///< works on the tables before it sends; lines may be taken meanwhile
         Watcher,     ///< a tick of TimerCom is at a line
         Interpreter, ///< reads a listing and deletes a record of it
         Queue,       ///< submits a message

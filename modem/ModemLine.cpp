@@ -73,23 +73,36 @@ void ModemLine::ReceiveData(const QString & /*InputString*/) {}
 QString ModemLine::ReadModemLine()
 {
     // A line of one character ends no read, so the bare ends between answers don't.
-    return readLine([](const QString &line) { return line.size() >= 2; });
+    QString line;
+    readLine(line, [](const QString &text) { return text.size() >= 2; });
+    return taken(line);
 }
 
-QString ModemLine::readLine(Test isLine)
+QString ModemLine::ReadWholeLine()
 {
-    QString line = onNetwork() ? networkLine(isLine) : comLine(isLine);
-    line = withoutEnds(withoutEnds(line, u'\n'), u'\r');
+    // A tick inside the read, held up by a box, goes on with what has come.
+    const bool hasEnded =
+        readLine(begun_, [](const QString &text) { return !withoutEnds(text, u'\n').isEmpty(); });
+    return taken(hasEnded ? std::exchange(begun_, {}) : QString());
+}
+
+QString ModemLine::taken(const QString &read)
+{
+    const QString line = withoutEnds(withoutEnds(read, u'\n'), u'\r');
     hasEchoed_ |= !line.isEmpty() && line == lastSent_;
     // An empty line too: a long time-out shows as a row of empty marks.
     writeTerminal(u'<' + line + u'\r');
     return line;
 }
 
-QString ModemLine::comLine(Test isLine)
+bool ModemLine::readLine(QString &line, Test isLine)
+{
+    return onNetwork() ? networkLine(line, isLine) : comLine(line, isLine);
+}
+
+bool ModemLine::comLine(QString &line, Test isLine)
 {
     const milliseconds start = clock_.elapsed();
-    QString line;
     bool atEnd = false;
     do {
         clock_.yield(MSComm1_.bytesAvailable() > 0 ? 0ms : kComPoll);
@@ -105,14 +118,12 @@ QString ModemLine::comLine(Test isLine)
     if (atEnd && MSComm1_.bytesAvailable() > 0) {
         MSComm1_.takeCharacter(); // the line feed
     }
-    lineEnded_ = atEnd && isLine(line);
-    return line;
+    return atEnd && isLine(line);
 }
 
-QString ModemLine::networkLine(Test isLine)
+bool ModemLine::networkLine(QString &line, Test isLine)
 {
     const milliseconds start = clock_.elapsed();
-    QString line;
     do {
         clock_.yield(ModemRxBuffer.contains(u'\r') ? 0ms : kNetworkPoll);
         const qsizetype end = ModemRxBuffer.indexOf(u'\r');
@@ -122,8 +133,7 @@ QString ModemLine::networkLine(Test isLine)
             bringWhatIsKept();
         }
     } while (!isLine(line) && clock_.elapsed() - start <= kNetworkTimeOut);
-    lineEnded_ = isLine(line);
-    return line;
+    return isLine(line);
 }
 
 QString ModemLine::ReadModemPrompt()
@@ -165,13 +175,6 @@ QString ModemLine::networkPrompt()
         ModemRxBuffer = ModemRxBuffer.mid(end, kKeptBehindRead);
     } while (prompt.isEmpty() && clock_.elapsed() - start <= kNetworkTimeOut);
     return prompt;
-}
-
-QString ModemLine::ReadWholeLine()
-{
-    begun_ += readLine([](const QString &line) { return !withoutEnds(line, u'\n').isEmpty(); });
-    begun_ = begun_.right(kLongestInput);
-    return lineEnded_ ? std::exchange(begun_, {}) : QString();
 }
 
 bool ModemLine::WaitForModemOK(const std::function<void(const QString &)> &use)

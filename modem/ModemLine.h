@@ -61,9 +61,11 @@ public:
 private:
     bool onNetwork() const;
     using Test = bool (*)(const QString &);
-    QString readLine(Test isLine);
-    QString comLine(Test isLine);
-    QString networkLine(Test isLine);
+    /// Each adds to the line what comes of it; true at its end.
+    bool readLine(QString &line, Test isLine);
+    bool comLine(QString &line, Test isLine);
+    bool networkLine(QString &line, Test isLine);
+    QString taken(const QString &read);
     QString comPrompt();
     QString networkPrompt();
     void writeTerminal(const QString &text);
@@ -79,7 +81,6 @@ private:
     TelnetFilter telnet_;
     QString lastSent_;
     bool hasEchoed_ = false;
-    bool lineEnded_ = false; ///< the last line that was read had an end
-    QString begun_;          ///< of a line whose end has not come
-    QString arrived_;        ///< by TCP, behind what is in ModemRxBuffer
+    QString begun_;   ///< of a line whose end has not come
+    QString arrived_; ///< by TCP, behind what is in ModemRxBuffer
 };

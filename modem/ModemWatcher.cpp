@@ -83,20 +83,19 @@ void ModemWatcher::timerComTick()
     });
 }
 
-bool ModemWatcher::mayTakeLine() const
+bool ModemWatcher::lineIsFree() const
 {
-    using enum LineOwner::Who;
     const LineOwner::Who who = flags_.owner.who();
-    // A line that comes slowly keeps a read waiting for longer than a tick: the ticks inside it
-    // must not take the rest of that line.
-    const bool isHeldUp = who == Watcher && clock_.elapsed() - takingSince_ > kHeldUp;
-    return (who == Nobody || who == Feeder || isHeldUp) && module_.ModemReady &&
-           !flags_.QueueRunning && !flags_.ModemInitRunning;
+    // A line that comes slowly keeps a read waiting for longer than a tick, and must not be cut
+    // short. But a box that a click has opened inside the read may stand for hours.
+    const bool isHeldUp =
+        who == LineOwner::Who::Watcher && clock_.elapsed() - takingSince_ > kHeldUp;
+    return who == LineOwner::Who::Nobody || isHeldUp;
 }
 
 QString ModemWatcher::takeLine()
 {
-    if (!mayTakeLine()) {
+    if (!lineIsFree() || !module_.ModemReady || flags_.QueueRunning || flags_.ModemInitRunning) {
         return {};
     }
     if (module_.ActiveComPort != kNetworkModem && !line_.isOpen()) {
@@ -104,6 +103,7 @@ QString ModemWatcher::takeLine()
         return {};
     }
     const LineOwner::Turn turn(flags_.owner, LineOwner::Who::Watcher);
+    const auto back = qScopeGuard([this, since = takingSince_] { takingSince_ = since; });
     takingSince_ = clock_.elapsed();
     lossTold_ = true; // by the failure itself, if the port goes now
     const QString text = line_.hasLine() ? line_.ReadWholeLine() : QString();
@@ -150,26 +150,25 @@ bool ModemWatcher::awaitsListing() const
 
 void ModemWatcher::timerSendTick()
 {
-    using enum LineOwner::Who;
-    if (flags_.owner.who() != Nobody || awaitsListing() || !module_.ModemReady ||
-        flags_.QueueRunning || flags_.ReadingMessages || flags_.ComposingSms ||
-        flags_.ModemInitRunning || flags_.WaitingForCmgs) {
-        return;
-    }
-    if (startAnew()) {
+    if (!lineIsFree() || awaitsListing() || !module_.ModemReady || flags_.QueueRunning ||
+        flags_.ReadingMessages || flags_.ComposingSms || flags_.ModemInitRunning ||
+        flags_.WaitingForCmgs || startAnew()) {
         return;
     }
     const bool isOwed = listing_ == Listing::Owed || listing_ == Listing::AskedAndOwed;
     listing_ = Listing::None; // or lost
-    const LineOwner::Turn turn(flags_.owner, Feeder);
-    skipped({[&] { StartNyBruker(); }, [&] { recordsets_.OpenRecordsets(); },
-             [&] { queue_.SendQueuedSms(); }, [&] { recordsets_.OpenRecordsets(); },
-             [&] {
+    // A box may stand open in one of the steps, and other ticks do all of it meanwhile.
+    const auto unlessOvertaken = [this, tick = ++sendTicks_](const std::function<void()> &step) {
+        return [this, tick, step] { tick == sendTicks_ ? step() : void(); };
+    };
+    const auto refresh = unlessOvertaken([&] { recordsets_.OpenRecordsets(); });
+    skipped({unlessOvertaken([&] { StartNyBruker(); }), refresh,
+             unlessOvertaken([&] { queue_.SendQueuedSms(); }), refresh, unlessOvertaken([&] {
                  if (pace_.interval() < kNoListingFrom || isOwed ||
                      clock_.elapsed() - listingAsked_ >= kIdleListing) {
                      requestListing();
                  }
-             }});
+             })});
 }
 
 void ModemWatcher::responseChanged()

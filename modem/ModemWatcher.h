@@ -49,7 +49,7 @@ public:
 
 private:
     QString takeLine();
-    bool mayTakeLine() const;
+    bool lineIsFree() const;
     bool awaitsListing() const;
     void lookForSigns(const QString &line);
     bool startAnew();
@@ -81,7 +81,8 @@ private:
     Listing listing_ = Listing::None;
     milliseconds listingAsked_{0};
     milliseconds takingSince_{0}; ///< by the owner of the line, if it is this
-    bool hasForgotten_ = false;   ///< the modem, what the initialisation told it
+    int sendTicks_ = 0;
+    bool hasForgotten_ = false; ///< the modem, what the initialisation told it
     std::optional<milliseconds> startedAnew_;
     bool lossTold_ = false; ///< the operator has been told that the port is gone
 };

@@ -126,6 +126,20 @@ TEST_F(Watcher, FeedsSendsAndAsksForTheListingOnATick)
     EXPECT_EQ(port.written.count("AT+CMGL"), 5) << "a notice may be lost";
 }
 
+TEST_F(Watcher, TakesLinesThoughABoxHoldsUpTheReadThatItWasOpenedIn)
+{
+    link.TimerCom->setEnabled(true);
+    port.feed("RI"); // the begin of a line
+    person.answers(u"Lukke?"_qs, Answer::Ok, 5min);
+    clock.after(1500ms, [&] { person.messageBox(u"Lukke?"_qs, {}, Buttons::Ok); });
+    clock.after(3s, [&] { port.feed("NG\r\n"); });
+    clock.after(4200ms, [&] { EXPECT_EQ(link.response.text(), u"RING"_qs); });
+    clock.after(1min, [&] { port.feed("+CMTI: \"SM\",1\r\n"); });
+    clock.after(62s, [&] { EXPECT_EQ(view.panels.value(2), u"Mottar SMS"_qs); });
+    clock.run(10min);
+    EXPECT_EQ(person.texts, QStringList{u"Lukke?"_qs});
+}
+
 TEST_F(Watcher, SetsUpAModemThatHasForgottenItsSettingsOnceAMinute)
 {
     int starts = 0;
