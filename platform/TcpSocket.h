@@ -15,6 +15,7 @@ public:
         std::function<void(const QByteArray &)> data;
         /// Number and words of the failure; the socket may stand in any state.
         std::function<void(int, const QString &)> failure;
+        /// A connection that stood is gone, by the far side's will or without a word.
         std::function<void()> closedByFarSide;
     };
 

@@ -54,6 +54,7 @@ QtTcpSocket::QtTcpSocket()
     socket_.setReadBufferSize(kReadBuffer);
     QObject::connect(&socket_, &QTcpSocket::connected, &socket_, [this] {
         keepAlive();
+        hasStood_ = true;
         later([this] { events_.connected ? events_.connected() : void(); });
     });
     QObject::connect(&socket_, &QTcpSocket::readyRead, &socket_,
@@ -91,6 +92,7 @@ void QtTcpSocket::setEvents(Events events)
 void QtTcpSocket::connectTo(const QString &host, quint16 port)
 {
     close();
+    hasStood_ = false;
     socket_.connectToHost(host, port);
 }
 
@@ -143,12 +145,12 @@ void QtTcpSocket::deliverData()
 
 void QtTcpSocket::fail(QAbstractSocket::SocketError error)
 {
-    // The end that the far side makes of a standing connection is no failure. What it sent before
-    // is delivered first.
-    if (error == QAbstractSocket::RemoteHostClosedError &&
-        socket_.state() != QAbstractSocket::ConnectingState) {
+    // The end of a standing connection is no failure, whether the far side makes it or has gone
+    // without a word. What it sent before is delivered first.
+    if (std::exchange(hasStood_, false)) {
         later([this] {
             deliverData();
+            socket_.abort();
             events_.closedByFarSide ? events_.closedByFarSide() : void();
         });
         return;

@@ -27,4 +27,5 @@ private:
     /// Counts connections: an event of an earlier one that still stands in the event loop is
     /// nobody's.
     quint64 connection_ = 0;
+    bool hasStood_ = false; ///< the connection, since connectTo
 };
