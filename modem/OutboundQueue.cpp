@@ -10,7 +10,10 @@
 #include "platform/Rules.h"
 #include "platform/Text.h"
 
+#include <QScopeGuard>
+
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -173,6 +176,10 @@ void OutboundQueue::SendQueuedSms()
 
 void OutboundQueue::sendFirst()
 {
+    if (accepted_) {
+        settle(*std::exchange(accepted_, std::nullopt));
+        return;
+    }
     Recordset &outbox = recordsets_.rsSmsOutbox;
     outbox.sort(u"datolng"_qs);
     if (!outbox.findFirst(u"CMGS"_qs, u"UNSENT"_qs)) {
@@ -180,35 +187,51 @@ void OutboundQueue::sendFirst()
         pace_.slowDown();
         return;
     }
-    const QString text = outbox.text(u"SMS_Text"_qs);
-    const QString recipient = outbox.text(u"TilNummer"_qs);
-    const qint64 row = outbox.bookmark();
-    const QString file = module_.DatabasePath;
-    submitter_.SendSms(text, recipient);
+    Submission sms{.file = module_.DatabasePath,
+                   .row = outbox.bookmark(),
+                   .text = outbox.text(u"SMS_Text"_qs),
+                   .recipient = outbox.text(u"TilNummer"_qs)};
+    submitter_.SendSms(sms.text, sms.recipient);
+    sms.result = module_.LastCmgsResult;
+    settle(sms);
+}
+
+/// Writes the outcome. When that fails the row goes on waiting, and is sent again; but one that the
+/// network took would reach the door twice, so the next tick only writes it.
+void OutboundQueue::settle(const Submission &sms)
+{
+    bool isAccepted = false;
+    sms.result.trimmed().toUInt(&isAccepted);
+    auto unwritten = qScopeGuard([&] {
+        if (isAccepted) {
+            accepted_ = sms;
+        }
+    });
     // A screen may have queued something meanwhile, or had the sets opened anew, even on another
     // file; somebody may have deleted the row or the door. The result is that of this row alone.
-    if (module_.DatabasePath == file && isStillQueued(outbox, row, text, recipient)) {
-        writeResult(outbox);
-        const QString result = module_.LastCmgsResult;
-        if (!result.isEmpty() && !same(result, u"Error"_qs)) {
-            markUser(text, recipient);
+    if (module_.DatabasePath == sms.file && isStillQueued(sms)) {
+        writeResult(sms.result);
+        unwritten.dismiss();
+        if (!sms.result.isEmpty() && !same(sms.result, u"Error"_qs)) {
+            markUser(sms.text, sms.recipient);
         }
     }
+    unwritten.dismiss();
     pace_.restart(kBetweenMessages);
     flags_.QueuePending = true;
 }
 
-bool OutboundQueue::isStillQueued(Recordset &outbox, qint64 row, const QString &text,
-                                  const QString &recipient)
+bool OutboundQueue::isStillQueued(const Submission &sms)
 {
-    outbox.setBookmark(row);
+    Recordset &outbox = recordsets_.rsSmsOutbox;
+    outbox.setBookmark(sms.row);
     return outbox.row() && outbox.text(u"CMGS"_qs) == u"UNSENT" &&
-           outbox.text(u"SMS_Text"_qs) == text && outbox.text(u"TilNummer"_qs) == recipient;
+           outbox.text(u"SMS_Text"_qs) == sms.text && outbox.text(u"TilNummer"_qs) == sms.recipient;
 }
 
-void OutboundQueue::writeResult(Recordset &row)
+void OutboundQueue::writeResult(const QString &result)
 {
-    const QString result = module_.LastCmgsResult;
+    Recordset &row = recordsets_.rsSmsOutbox;
     if (module_.SmsReportOn) {
         row.setValue(u"CMGS"_qs, result);
     } else {

@@ -5,6 +5,8 @@
 #include <QDate>
 #include <QString>
 
+#include <optional>
+
 class Clock;
 class ModemView;
 class Recordset;
@@ -79,10 +81,18 @@ public:
     void SendQueuedSms();
 
 private:
+    struct Submission {
+        QString file;
+        qint64 row = 0;
+        QString text;
+        QString recipient;
+        QString result = {}; ///< LastCmgsResult behind it
+    };
+
     void sendFirst();
-    static bool isStillQueued(Recordset &outbox, qint64 row, const QString &text,
-                              const QString &recipient);
-    void writeResult(Recordset &row);
+    void settle(const Submission &sms);
+    bool isStillQueued(const Submission &sms);
+    void writeResult(const QString &result);
     void markUser(const QString &text, const QString &recipient);
 
     Clock &clock_;
@@ -92,4 +102,5 @@ private:
     SmsSubmitter &submitter_;
     SendPace &pace_;
     Timer &timerCom_;
+    std::optional<Submission> accepted_; ///< by the network, but its result is not written yet
 };

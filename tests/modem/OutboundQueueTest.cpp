@@ -138,4 +138,24 @@ TEST_F(Queue, LeavesTheOthersWaitingWhenTheRowIsWithdrawnDuringTheSend)
     EXPECT_EQ(link.pace.interval(), 30s);
 }
 
+TEST_F(Queue, WritesLaterWhatBecameOfAnAcceptedMessageInsteadOfSendingItTwice)
+{
+    waits(u"I 912345678"_qs);
+    database.look().run(u"CREATE TRIGGER locked BEFORE UPDATE ON SMS_Sent BEGIN "
+                        "SELECT RAISE(ABORT, 'locked'); END"_qs);
+    link.queue.SendQueuedSms();
+    EXPECT_EQ(sent(u"CMGS"_qs), QStringList{u"UNSENT"_qs});
+    EXPECT_EQ(link.pace.interval(), 4500ms);
+    EXPECT_FALSE(link.flags.QueuePending);
+    link.queue.SendQueuedSms();
+    database.look().run(u"DROP TRIGGER locked"_qs);
+    link.queue.SendQueuedSms();
+    EXPECT_EQ(sent(u"CMGS"_qs), QStringList{u"0:OK"_qs});
+    EXPECT_EQ(port.written.count("AT+CMGS"), 1);
+    EXPECT_EQ(link.pace.interval(), 30s);
+    waits(u"hei"_qs);
+    link.queue.SendQueuedSms();
+    EXPECT_EQ(sent(u"CMGS"_qs), (QStringList{u"0:OK"_qs, u"1:OK"_qs}));
+}
+
 } // namespace
