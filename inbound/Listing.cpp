@@ -13,8 +13,18 @@ namespace {
 constexpr int kReadsOfSilence = 4;
 // Far over what a store of 255 places fills: a line that never rests must not hold the reader.
 constexpr int kMostReadings = 60;
+constexpr int kMostLines = 500;
 
 } // namespace
+
+void Listing::begin(const QString &header)
+{
+    // In PDU mode none can be read.
+    if (!isHeader(closedUp(header))) {
+        oddLines_ += header;
+        isBroken_ = !seenBefore_.contains(header) || isPduHeader(header);
+    }
+}
 
 QString Listing::nextLine()
 {
@@ -29,7 +39,7 @@ bool Listing::endsWith(const QString &line, bool hasText)
         return false;
     }
     // A text is there mostly. Only where none is, the next line is worth a wait.
-    while (ahead_.isEmpty() && (!hasText || line_.hasLine())) {
+    while (ahead_.isEmpty() && (!hasText || line_.lineFollows())) {
         ahead_ = line_.ReadWholeLine();
         if (ahead_.isEmpty()) {
             return true;
@@ -46,7 +56,7 @@ bool Listing::endsWith(const QString &line, bool hasText)
 /// has written it. Else the message before it has no text.
 bool Listing::endsBehind(const QString &header)
 {
-    if (!isReceivedMessage(header)) {
+    if (isHeader(header) && !isReceivedMessage(header)) {
         return false;
     }
     ahead_ = line_.ReadWholeLine();
@@ -62,14 +72,15 @@ QString Listing::readText()
     QStringList lines;
     QString passedOver;
     int silent = 0;
-    while (silent < kReadsOfSilence) {
+    for (int reads = 0; reads < kMostLines && silent < kReadsOfSilence; ++reads) {
         const QString line = nextLine();
         if (line.isEmpty()) {
             ++silent;
             continue;
         }
         silent = 0;
-        if (beginsLikeHeader(line) && (!lines.isEmpty() || !endsBehind(line))) {
+        const bool isNext = !passedOver.isEmpty() && isHeader(closedUp(line));
+        if (beginsLikeHeader(line) && (!lines.isEmpty() || isNext || !endsBehind(line))) {
             judge(line);
             break;
         }
@@ -84,6 +95,7 @@ QString Listing::readText()
             lines += line;
         }
     }
+    isBroken_ = isBroken_ || lines.size() == kMostLines;
     if (silent == kReadsOfSilence) {
         end_ = End::Silence;
         isBroken_ = isBroken_ || hasStarted_ || !line_.isOpen() ||
@@ -97,15 +109,20 @@ void Listing::readToEnd()
     for (int readings = 0; end_ == End::None && readings < kMostReadings; ++readings) {
         bool cameAnything = false;
         const bool ok = line_.WaitForModemOK([&](const QString &line) {
-            cameAnything |= !line.isEmpty();
+            cameAnything |= !line.isEmpty() && !isUnsolicited(line);
             judge(line);
         });
-        end_ = ok ? End::Ok : cameAnything ? End::None : End::Silence;
+        // Somebody's text may be just that; a modem sends what follows at once.
+        const bool atEnd = ok && !line_.lineFollows();
+        end_ = atEnd ? End::Ok : ok || cameAnything ? End::None : End::Silence;
     }
 }
 
 void Listing::judge(const QString &line)
 {
-    isBroken_ = isBroken_ || (beginsLikeHeader(line) && !isHeader(line));
+    if (beginsLikeHeader(line) && !isHeader(closedUp(line))) {
+        oddLines_ += line;
+        isBroken_ = isBroken_ || !seenBefore_.contains(line);
+    }
     hasStarted_ = hasStarted_ || isBootWord(line);
 }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QSet>
 #include <QString>
+
+#include <utility>
 
 class ModemLine;
 
@@ -9,17 +12,24 @@ class ModemLine;
 /// between any two lines; the line may fall silent, or the modem start anew.
 class Listing {
 public:
-    explicit Listing(ModemLine &line) : line_(line) {}
+    /// A line that looks like a cut header breaks the listing off, unless the listing before had
+    /// the very same: then it is no accident.
+    Listing(ModemLine &line, QSet<QString> seenBefore)
+        : line_(line), seenBefore_(std::move(seenBefore))
+    {
+    }
+
+    /// The header of the record.
+    void begin(const QString &header);
 
     /// The text of the record, its lines joined by line feeds, without what came unasked. A line
     /// that looks unasked is taken for the text where no other line is. Empty for a message without
     /// text.
     QString readText();
+    /// What came counts for nothing.
+    void breakOff() { isBroken_ = true; }
     /// Reads over the records that follow.
     void readToEnd();
-
-    /// Its first header was none: nothing of it counts.
-    void breakOff() { isBroken_ = true; }
 
     /// The modem has said "OK" behind the last record, and every line made sense: a command for one
     /// of them reaches the record that was meant.
@@ -28,6 +38,8 @@ public:
     bool isBroken() const { return isBroken_; }
     /// It stopped somewhere: the rest may come yet.
     bool isSilent() const { return end_ == End::Silence && !isBroken_; }
+    /// For the next listing.
+    const QSet<QString> &oddLines() const { return oddLines_; }
 
 private:
     enum class End { None, Ok, Error, Silence };
@@ -38,6 +50,8 @@ private:
     void judge(const QString &line);
 
     ModemLine &line_;
+    QSet<QString> seenBefore_;
+    QSet<QString> oddLines_;
     QString ahead_; ///< a line that was looked at already
     End end_ = End::None;
     bool isBroken_ = false;

@@ -50,20 +50,21 @@ void MessageReader::Read_SMS_MessageTEXT()
     link_.flags.ReadingMessages = true;
 
     const quint8 place = module_.MessageIndex;
+    const int initialisations = link_.flags.initialisations;
     const QString listed = link_.response.text();
     const QString header = closedUp(listed);
     // An index of 0 is no place in the modem's store.
     const bool received = place != 0 && isReceivedMessage(header);
     auto record = interpretation(link_, module_, recordsets_, rule_, clock_, host_);
-    Listing listing(link_.line);
-    if (!isHeader(header) && !isOfThisModem(header)) {
-        listing.breakOff();
-    }
+    Listing listing(link_.line, std::exchange(oddLines_, {}));
+    listing.begin(listed);
     QString stamp;
     QString text;
     if (received && !listing.isBroken()) {
         stamp = readStamp(header);
-        rule_.step([&] { text = ownCharacters(listing.readText()); });
+        if (!rule_.step([&] { text = ownCharacters(listing.readText()); })) {
+            listing.breakOff(); // the port is gone
+        }
     }
     const bool comesAgain = isKnown(place, header, text);
     bool stored = comesAgain;
@@ -84,20 +85,27 @@ void MessageReader::Read_SMS_MessageTEXT()
     }
 
     view_.setPanel(2, u"Klar for innkommende SMS"_qs); // in every language
-    rule_.step([&] { recordsets_.reopen(); }, &why);   // a box would hold the line up
+    rule_.step([&] { recordsets_.reopen(); });         // a box would hold the line up
     rule_.step([&] { VisBrukerTabell_(); });
     rule_.step([&] { listing.readToEnd(); });
     if (stored) {
         stored_[place] = {header, text};
     }
-    if (stored && listing.isWhole() && deleteFromModem(place)) {
+    oddLines_ = listing.oddLines();
+    bool isAnswered = true;
+    if (!listing.isBroken()) {
+        link_.line.takeSigns(); // a text may look like one
+    }
+    // A click may have chosen another modem meanwhile: what lies at the place there is not ours.
+    const bool isOurs = link_.flags.initialisations == initialisations;
+    if (stored && isOurs && listing.isWhole() && deleteFromModem(place, isAnswered)) {
         stored_.erase(place);
     }
 
     if (link_.response.text() == listed) {
         link_.response.setText({}); // or the same one would go unnoticed in the next listing
     }
-    listing.isSilent() ? link_.watcher.listingRests() : link_.watcher.listingEnded();
+    listing.isSilent() || !isAnswered ? link_.watcher.listingRests() : link_.watcher.listingEnded();
     link_.TimerCom->setEnabled(true);
     link_.flags.ReadingMessages = false;
     link_.pace.restart(3000ms);
@@ -111,13 +119,6 @@ void MessageReader::tellOnce(const QString &failure)
     if (std::exchange(told_, failure) != failure && !failure.isEmpty()) {
         throw RuntimeFailure(failure);
     }
-}
-
-/// A header that looks cut, and is listed so once more: no accident, it must be read as it stands.
-/// In PDU mode none can be read.
-bool MessageReader::isOfThisModem(const QString &header)
-{
-    return std::exchange(oddHeader_, header) == header && !isPduHeader(header);
 }
 
 /// Whether it was filed before and the modem has not confirmed that it is gone. Listing it has made
@@ -208,7 +209,7 @@ void MessageReader::runFamilies(Interpretation &record, bool received)
 
 /// A command that was refused is repeated. One that nobody answered may have been heard, and by now
 /// another message may have come to the place: the next listing shows.
-bool MessageReader::deleteFromModem(quint8 place)
+bool MessageReader::deleteFromModem(quint8 place, bool &isAnswered)
 {
     for (int attempt = 0; attempt < kDeleteAttempts; ++attempt) {
         bool isGone = false;
@@ -218,6 +219,7 @@ bool MessageReader::deleteFromModem(quint8 place)
             isGone = link_.line.WaitForModemOK(
                 [&](const QString &line) { isRefused |= isFinalError(line); });
         });
+        isAnswered = isGone || isRefused;
         if (isGone || !isRefused) {
             return isGone;
         }

@@ -2,6 +2,7 @@
 
 #include "inbound/ErrorRule.h"
 
+#include <QSet>
 #include <QString>
 
 #include <functional>
@@ -37,7 +38,6 @@ public:
     void Read_SMS_MessageTEXT();
 
 private:
-    bool isOfThisModem(const QString &header);
     bool isKnown(quint8 place, const QString &header, const QString &text) const;
     QString readStamp(const QString &header);
     void tellOnce(const QString &failure);
@@ -46,7 +46,7 @@ private:
     /// Etternavn and Fornavn: of the catalogue, else the door's name and a blank, else "?" twice.
     std::pair<QString, QString> senderName(Interpretation &record);
     void runFamilies(Interpretation &record, bool received);
-    bool deleteFromModem(quint8 place);
+    bool deleteFromModem(quint8 place, bool &isAnswered);
 
     struct Record {
         QString header;
@@ -62,6 +62,6 @@ private:
     std::function<void()> VisBrukerTabell_;
     ErrorRule rule_;
     QString told_;                    ///< the failure to store that the operator knows of
-    QString oddHeader_;               ///< the last one that looked cut
+    QSet<QString> oddLines_;          ///< of the last listing, that look like cut headers
     std::map<quint8, Record> stored_; ///< by place: the modem has them still, for all that is known
 };

@@ -12,5 +12,6 @@ struct ModemFlags {
     bool ReadingMessages = false;  ///< a listing is being read
     bool ComposingSms = false;     ///< a free-text message is being composed
     bool EchoIsUsual = false;      ///< the modem echoes though it was told not to
+    int initialisations = 0;       ///< so far: whoever waits sees whether the line is still his
     LineOwner owner;
 };

@@ -9,6 +9,8 @@
 #include "platform/Rules.h"
 #include "platform/Text.h"
 
+#include <utility>
+
 namespace {
 
 constexpr int kAttempts = 5;
@@ -66,28 +68,52 @@ ModemInitialiser::ModemInitialiser(Clock &clock, Module1 &module, ModemFlags &fl
 
 void ModemInitialiser::InitModem()
 {
-    // A failure inside leaves ModemInitRunning set, as a failed search does: the timers keep off
-    // a line that does not work until another initialisation gets through.
-    const LineOwner::Turn turn(flags_.owner, LineOwner::Who::Initialiser);
-    shown(operator_, {}, [&] { dialogue(); });
+    // A failure of the line leaves ModemInitRunning set, as a failed search does: the timers keep
+    // off a line that does not work until another initialisation gets through.
+    shown(operator_, {}, [&] {
+        flags_.ModemInitRunning = true;
+        if (!line_.isOpen()) {
+            noLine();
+        } else if (const std::optional<Identity> modem = search()) {
+            found(*modem);
+        } else {
+            notFound();
+        }
+    });
     passOnTheEnd(clock_);
 }
 
-void ModemInitialiser::dialogue()
+bool ModemInitialiser::setUpAgain()
 {
     flags_.ModemInitRunning = true;
-    if (!line_.isOpen()) {
-        noLine();
-        return;
+    std::optional<Identity> modem;
+    bool hasLine = false; // the watcher tells of a port that is gone
+    kept([&] {
+        modem = search();
+        hasLine = true;
+    });
+    flags_.ModemInitRunning = false; // or nobody would hear it come back
+    passOnTheEnd(clock_);
+    if (modem) {
+        kept([&] { found(*modem); });
+    } else if (hasLine && !std::exchange(isLossTold_, true)) {
+        operator_.messageBox(notFoundText(), {}, Buttons::Ok);
     }
+    return modem.has_value();
+}
+
+/// Has the line for the dialogue, and no longer: a box about its outcome may stand for hours.
+std::optional<ModemInitialiser::Identity> ModemInitialiser::search()
+{
+    ++flags_.initialisations;
+    const LineOwner::Turn turn(flags_.owner, LineOwner::Who::Initialiser);
     for (int attempts = 1; attempts <= kAttempts; ++attempts) {
         Identity identity;
         if (attempt(identity)) {
-            found(identity);
-            return;
+            return identity;
         }
     }
-    notFound();
+    return std::nullopt;
 }
 
 bool ModemInitialiser::attempt(Identity &identity)
@@ -128,7 +154,7 @@ bool ModemInitialiser::attempt(Identity &identity)
 bool ModemInitialiser::run(const Step &step, Identity &identity, QString &storageLine)
 {
     const bool withReports = module_.SmsReportOn && !step.commandWithReports.isEmpty();
-    line_.takeEcho(); // only that of the last step counts
+    line_.takeSigns(); // only those of the last step count
     line_.SendData((withReports ? step.commandWithReports : step.command).toString() + u'\r');
     clock_.sleep(step.pauseBefore);
     switch (step.reading) {
@@ -165,10 +191,12 @@ void ModemInitialiser::waitForStorage(QString &storageLine)
 
 void ModemInitialiser::found(const Identity &identity)
 {
-    flags_.EchoIsUsual = line_.takeEcho();
+    flags_.EchoIsUsual = line_.takeSigns().echo;
+    isLossTold_ = false;
     module_.ModemReady = true;
     timerCom_.setEnabled(true);
     pace_.restart(kFirstListing);
+    searchEnded(); // a file that cannot be written must not keep the timers off the modem
 
     Recordset &rsModem = recordsets_.rsModem;
     rsModem.requery();
@@ -184,7 +212,7 @@ void ModemInitialiser::found(const Identity &identity)
     rsModem.setValue(u"ModemStatus"_qs, true);
     rsModem.setValue(u"ModemOwner"_qs, module_.LoginComputer);
     rsModem.update();
-    finish();
+    recordsets_.OpenRecordsets();
 }
 
 void ModemInitialiser::notFound()
@@ -206,16 +234,16 @@ void ModemInitialiser::notFound()
 void ModemInitialiser::noLine()
 {
     timerCom_.setEnabled(false);
-    if (module_.ModemReady) {
+    ++flags_.initialisations;
+    searchEnded();
+    if (std::exchange(module_.ModemReady, false)) {
         writeModemRow(recordsets_.rsModem, {.ModemManufacturer = u"No Modem"_qs});
     }
-    module_.ModemReady = false;
-    finish();
+    recordsets_.OpenRecordsets();
 }
 
-void ModemInitialiser::finish()
+void ModemInitialiser::searchEnded()
 {
-    recordsets_.OpenRecordsets();
     flags_.ModemInitRunning = false;
     operator_.setBusy(&module_, false);
 }

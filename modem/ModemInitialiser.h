@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <optional>
+
 class ModemLine;
 class Operator;
 class Recordset;
@@ -38,6 +40,10 @@ public:
     /// inside the first.
     /// @throws ProgramEnds when the program ends meanwhile.
     void InitModem();
+    /// The same dialogue for a modem that has forgotten its settings; whether it answered. It may
+    /// be starting still: one that does not answer stays in use, and the operator is told once.
+    /// @throws ProgramEnds when the program ends meanwhile.
+    bool setUpAgain();
 
 private:
     /// What the modem says of itself.
@@ -48,14 +54,14 @@ private:
     };
     struct Step;
 
-    void dialogue();
+    std::optional<Identity> search();
     bool attempt(Identity &identity);
     bool run(const Step &step, Identity &identity, QString &storageLine);
     void waitForStorage(QString &storageLine);
     void found(const Identity &identity);
     void notFound();
     void noLine();
-    void finish();
+    void searchEnded();
 
     Clock &clock_;
     Module1 &module_;
@@ -65,4 +71,5 @@ private:
     SendPace &pace_;
     Timer &timerCom_;
     Operator &operator_;
+    bool isLossTold_ = false; ///< that a modem which had to be set up again does not answer
 };

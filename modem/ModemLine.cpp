@@ -17,6 +17,7 @@ constexpr milliseconds kComTimeOut = 2000ms;
 constexpr milliseconds kComPoll = 50ms;
 constexpr milliseconds kNetworkTimeOut = 1000ms;
 constexpr milliseconds kNetworkPoll = 10ms;
+constexpr milliseconds kBetweenPieces = 300ms;
 
 // A read on the network keeps so much of what it did not take, and loses the rest.
 constexpr int kKeptBehindRead = 1000;
@@ -89,7 +90,8 @@ QString ModemLine::ReadWholeLine()
 QString ModemLine::taken(const QString &read)
 {
     const QString line = withoutEnds(withoutEnds(read, u'\n'), u'\r');
-    hasEchoed_ |= !line.isEmpty() && line == lastSent_;
+    signs_.echo |= !line.isEmpty() && line == lastSent_;
+    signs_.boot |= isBootWord(line);
     // An empty line too: a long time-out shows as a row of empty marks.
     writeTerminal(u'<' + line + u'\r');
     return line;
@@ -196,6 +198,32 @@ bool ModemLine::WaitForModemOK(const std::function<void(const QString &)> &use)
 bool ModemLine::hasLine() const
 {
     return onNetwork() ? ModemRxBuffer.contains(u'\r') : MSComm1_.bytesAvailable() > 0;
+}
+
+bool ModemLine::lineFollows()
+{
+    const milliseconds start = clock_.elapsed();
+    while (!skipLineEnds() && clock_.elapsed() - start < kBetweenPieces) {
+        clock_.yield(kComPoll);
+    }
+    return skipLineEnds();
+}
+
+bool ModemLine::skipLineEnds()
+{
+    const auto isEnd = [](QChar character) { return character == u'\r' || character == u'\n'; };
+    if (onNetwork()) {
+        while (!ModemRxBuffer.isEmpty() && isEnd(ModemRxBuffer.front())) {
+            ModemRxBuffer.remove(0, 1);
+        }
+        bringWhatIsKept();
+        return hasLine();
+    }
+    while (begun_.isEmpty() && MSComm1_.bytesAvailable() > 0) {
+        const QChar character(static_cast<char16_t>(MSComm1_.takeCharacter()));
+        begun_ += isEnd(character) ? QString() : QString(character);
+    }
+    return !begun_.isEmpty();
 }
 
 bool ModemLine::isOpen() const

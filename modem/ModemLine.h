@@ -38,10 +38,17 @@ public:
     /// Reads lines until "OK" (true), over 100 lines, or an empty line behind the third (false).
     /// Each that is no "OK" is handed over, whole.
     bool WaitForModemOK(const std::function<void(const QString &)> &use = {});
-    /// Whether a line was the command sent last, since the last call: the modem echoes.
-    bool takeEcho() { return std::exchange(hasEchoed_, false); }
+    /// What was among the lines read since the last call.
+    struct Signs {
+        bool echo = false; ///< the command sent last came back
+        bool boot = false; ///< the modem said that it starts
+    };
+    Signs takeSigns() { return std::exchange(signs_, {}); }
     /// Whether a tick may take a line: a character on the COM port, a carriage return from TCP.
     bool hasLine() const;
+    /// Whether the modem goes on behind the line that ReadWholeLine took last. Waits no longer than
+    /// the pieces of one answer lie apart.
+    bool lineFollows();
     /// Whether commands have somewhere to go: an open port, or a socket that is not closed.
     bool isOpen() const;
 
@@ -66,6 +73,7 @@ private:
     bool comLine(QString &line, Test isLine);
     bool networkLine(QString &line, Test isLine);
     QString taken(const QString &read);
+    bool skipLineEnds();
     QString comPrompt();
     QString networkPrompt();
     void writeTerminal(const QString &text);
@@ -80,7 +88,7 @@ private:
     QString terminal_;
     TelnetFilter telnet_;
     QString lastSent_;
-    bool hasEchoed_ = false;
+    Signs signs_;
     QString begun_;   ///< of a line whose end has not come
     QString arrived_; ///< by TCP, behind what is in ModemRxBuffer
 };

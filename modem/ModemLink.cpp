@@ -19,7 +19,7 @@ ModemLink::ModemLink(Clock &clock, const Host &host, Operator &person, SerialPor
       selection(clock, host, person, MSComm1, Winsock1, view, module, line, initialiser)
 {
     TimerCom->setInterval(kLineInterval);
-    watcher.InitModem = [this] { initialiser.InitModem(); };
+    watcher.SetUpAgain = [this] { return initialiser.setUpAgain(); };
 }
 
 ModemLink::~ModemLink()

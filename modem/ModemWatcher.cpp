@@ -32,6 +32,8 @@ constexpr milliseconds kListingTimeOut = 20'000ms;
 // No read takes so long, unless a box holds it up that was opened inside it.
 constexpr milliseconds kHeldUp = 2500ms;
 constexpr int kLongestIndex = 7;
+// Two on each tick: a file that another PC holds for a moment is no news.
+constexpr int kTriesToRefresh = 3;
 
 enum class Notice { None, Message, Report };
 
@@ -59,7 +61,8 @@ ModemWatcher::ModemWatcher(const Clock &clock, Module1 &module, ModemFlags &flag
       pace_(pace),
       timerCom_(TimerCom),
       view_(view),
-      operator_(person)
+      operator_(person),
+      refresh_(person, kTriesToRefresh)
 {
     response_.onChange([this] { responseChanged(); });
 }
@@ -125,20 +128,24 @@ void ModemWatcher::tellLostPort()
 /// another initialisation it would be deaf for good.
 void ModemWatcher::lookForSigns(const QString &line)
 {
-    const bool echoes = line_.takeEcho() && !flags_.EchoIsUsual;
-    hasForgotten_ = hasForgotten_ || echoes || isBootWord(line) || isPduHeader(line);
+    const auto [echo, boot] = line_.takeSigns();
+    hasForgotten_ = hasForgotten_ || (echo && !flags_.EchoIsUsual) || boot || isPduHeader(line);
 }
 
 bool ModemWatcher::startAnew()
 {
-    if (!hasForgotten_ || (startedAnew_ && clock_.elapsed() - *startedAnew_ < kBetweenStarts)) {
+    if (!hasForgotten_) {
         return false;
     }
-    hasForgotten_ = false;
+    if (startedAnew_ && clock_.elapsed() - *startedAnew_ < kBetweenStarts) {
+        return true; // until then it is sent nothing that it would not understand
+    }
     startedAnew_ = clock_.elapsed();
     view_.setPanel(kInboundPanel,
                    QCoreApplication::translate("ModemWatcher", "Modemet settes opp på nytt"));
-    InitModem();
+    if (SetUpAgain()) {
+        hasForgotten_ = false;
+    }
     return true;
 }
 
@@ -161,7 +168,7 @@ void ModemWatcher::timerSendTick()
     const auto unlessOvertaken = [this, tick = ++sendTicks_](const std::function<void()> &step) {
         return [this, tick, step] { tick == sendTicks_ ? step() : void(); };
     };
-    const auto refresh = unlessOvertaken([&] { recordsets_.OpenRecordsets(); });
+    const auto refresh = unlessOvertaken([&] { refresh_([&] { recordsets_.reopen(); }); });
     skipped({unlessOvertaken([&] { StartNyBruker(); }), refresh,
              unlessOvertaken([&] { queue_.SendQueuedSms(); }), refresh, unlessOvertaken([&] {
                  if (pace_.interval() < kNoListingFrom || isOwed ||
@@ -209,6 +216,8 @@ void ModemWatcher::notified(const QString &panelText)
         // The pace stands at 30 seconds then: the listing would come late.
         if (awaitsListing()) {
             listing_ = Listing::AskedAndOwed;
+        } else if (flags_.owner.who() == LineOwner::Who::Interpreter) {
+            listing_ = Listing::Owed;
         } else {
             requestListing();
         }
@@ -225,7 +234,6 @@ void ModemWatcher::listed(const QString &record)
     if (flags_.owner.who() == LineOwner::Who::Interpreter) {
         return;
     }
-    flags_.ReadingMessages = true;
     module_.MessageIndex = 0;
     for (const QChar digit : record.left(kLongestIndex)) {
         if (digit < u'0' || digit > u'9') {
@@ -233,6 +241,7 @@ void ModemWatcher::listed(const QString &record)
         }
         module_.MessageIndex = byteOf(10 * module_.MessageIndex + (digit.unicode() - u'0'));
     }
+    flags_.ReadingMessages = true;
     view_.setPanel(kInboundPanel,
                    u"Melding "_qs + QString::number(module_.MessageIndex) + u" MOTTATT"_qs);
     timerCom_.setEnabled(false); // the interpreter switches it on again
@@ -249,5 +258,9 @@ void ModemWatcher::requestListing()
 
 void ModemWatcher::listingEnded()
 {
-    listing_ = listing_ == Listing::AskedAndOwed ? Listing::Owed : Listing::None;
+    if (listing_ == Listing::Asked) {
+        listing_ = Listing::None;
+    } else if (listing_ == Listing::AskedAndOwed) {
+        listing_ = Listing::Owed;
+    }
 }

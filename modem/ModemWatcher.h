@@ -2,6 +2,7 @@
 
 #include "modem/ModemFlags.h"
 #include "platform/Clock.h"
+#include "platform/Tries.h"
 
 #include <QString>
 
@@ -36,8 +37,8 @@ public:
     /// waiting periods into queued commands, and the interpreter of a listed message.
     std::function<void()> StartNyBruker;
     std::function<void()> Read_SMS_MessageTEXT;
-    /// The initialisation, for a modem that has forgotten its settings.
-    std::function<void()> InitModem;
+    /// The initialisation of a modem that has forgotten its settings; whether it succeeded.
+    std::function<bool()> SetUpAgain;
 
     /// The interpreter has seen the end of the listing, or has given it up.
     void listingEnded();
@@ -64,7 +65,9 @@ private:
     ///      None ────────────► Asked ──────────────► AskedAndOwed
     ///       ▲ ▲                 │ its end                │ its end
     ///       │ └─────────────────┘                        ▼
-    ///       └── (asked for, at the next tick) ───────── Owed
+    ///       └──────────── (at the next tick) ─────────── Owed
+    ///
+    /// What is not ended within kListingTimeOut is given up at the next tick.
     enum class Listing { None, Asked, AskedAndOwed, Owed };
 
     const Clock &clock_;
@@ -84,5 +87,6 @@ private:
     int sendTicks_ = 0;
     bool hasForgotten_ = false; ///< the modem, what the initialisation told it
     std::optional<milliseconds> startedAnew_;
+    Tries refresh_;         ///< of the sets: a file that cannot be read is told of once
     bool lossTold_ = false; ///< the operator has been told that the port is gone
 };

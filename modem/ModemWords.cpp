@@ -18,9 +18,8 @@ constexpr const char16_t *kCallWords[] = {u"RING", u"NO CARRIER",  u"NO ANSWER",
                                           u"BUSY", u"NO DIALTONE", u"NO DIAL TONE"};
 
 constexpr const char16_t *kBootWords[] = {
-    u"RDY",           u"SMS READY",  u"CALL READY",       u"APP RDY",      u"PB DONE",
-    u"MODEM STARTUP", u"^SYSSTART",  u"+PBREADY",         u"+CPIN: READY", u"+CPIN:READY",
-    u"^SHUTDOWN",     u"POWER DOWN", u"NORMAL POWER DOWN"};
+    u"RDY",           u"SMS READY", u"CALL READY", u"APP RDY",      u"PB DONE",
+    u"MODEM STARTUP", u"^SYSSTART", u"+PBREADY",   u"+CPIN: READY", u"+CPIN:READY"};
 
 bool isOneOf(const QString &line, const auto &words)
 {

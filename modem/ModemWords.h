@@ -23,7 +23,7 @@ bool isPduHeader(const QString &line);
 /// ("+CREG: 1", "^RSSI:3"), a word of a call ("RING", "NO CARRIER"), or one of starting.
 /// Headers and answers to what is sent are none.
 bool isUnsolicited(const QString &line);
-/// Whether the modem says that it starts, or stops: it has forgotten what it was told.
+/// Whether the modem says that it starts: it has forgotten what it was told.
 bool isBootWord(const QString &line);
 
 /// "OK" alone in its line.

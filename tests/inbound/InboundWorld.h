@@ -20,7 +20,7 @@ struct InboundWorld : ReaderBench {
         ready(false);
         port.onWrite = [this](const QByteArray &bytes) { answer(bytes.trimmed()); };
         recordsets.OpenRecordsets();
-        link.watcher.InitModem = [] {}; // this modem has nothing to be told again
+        link.watcher.SetUpAgain = [] { return true; }; // this modem has nothing to be told again
         link.TimerCom->setEnabled(true);
     }
 

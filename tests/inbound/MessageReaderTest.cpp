@@ -107,6 +107,7 @@ struct Listed {
     QByteArray answer;       ///< to each deletion
     std::vector<std::string> filed;
     int deletions;
+    bool isSetUp = false; ///< again, since it has forgotten its settings
 };
 
 const Listed kListings[] = {
@@ -144,6 +145,12 @@ const Listed kListings[] = {
      kOk,
      {"*100:5", "RDY"},
      2},
+    {"a text that looks unasked before a record without one",
+     {kUnread + QByteArray("+CREG: 1\r\n") + QByteArray(kRead).replace(" 7,", " 8,") + "\r\n" +
+      kOk},
+     kOk,
+     {"+CREG: 1"},
+     1},
     {"a text of several lines",
      {kUnread + QByteArray("Port\r\n\r\nOK\r\nA\r\n+CMTI: \"SM\",8\r\nslutt\r\n") + kOk},
      kOk,
@@ -176,22 +183,47 @@ const Listed kListings[] = {
      kOk,
      {"Hei"},
      1},
+    {"a text that looks like a header, and a record like it behind it",
+     QByteArrayList(
+         2, kUnread +
+                QByteArray("+CMGL: hei\r\n+CMGL: 8, \"REC READ\", \"+47\"\r\n+CMGL: nei\r\n") +
+                kOk),
+     kOk,
+     {"+CMGL: hei"},
+     1},
+    {"OK as the text of another",
+     {kUnread + QByteArray("Hei\r\n+CMGL: 8,\"REC READ\",\"+47\"\r\nOK\r\n+CMGL: 9,\"REC UN\r\n") +
+          kOk,
+      kRead + QByteArray("Hei\r\n") + kOk},
+     kOk,
+     {"Hei"},
+     1},
     {"a modem that starts anew",
      {kUnread + QByteArray("Hei\r\n\r\n^SYSSTART\r\n"), kRead + QByteArray("Hei\r\n") + kOk},
      kOk,
      {"Hei"},
-     1},
+     1,
+     true},
     {"PDU mode",
      QByteArrayList(3,
                     QByteArray("+CMGL: 7,1,,24\r\n07917238010010F5040BC87238880900F1\r\n") + kOk),
      kOk,
      {},
-     0},
+     0,
+     true},
+    {"a modem that starts anew instead of deleting",
+     {kUnread + QByteArray("Hei\r\n") + kOk, kRead + QByteArray("Hei\r\n") + kOk},
+     "\r\nRDY\r\n",
+     {"Hei"},
+     2,
+     true},
 };
 
 TEST_F(MessageReading, RecordIsFiledOnceAndDeletedWhenItsListingWasSeenWhole)
 {
-    for (const auto &[what, listings, answer, filed, deletions] : kListings) {
+    bool wasSetUp = false;
+    link.watcher.SetUpAgain = [&] { return wasSetUp = true; };
+    for (const auto &[what, listings, answer, filed, deletions, isSetUp] : kListings) {
         SCOPED_TRACE(what);
         empty();
         commands.clear();
@@ -208,6 +240,7 @@ TEST_F(MessageReading, RecordIsFiledOnceAndDeletedWhenItsListingWasSeenWhole)
             clock.run(3min);
         }
         EXPECT_EQ(commands.size(), deletions);
+        EXPECT_EQ(std::exchange(wasSetUp, false), isSetUp);
         std::vector<std::string> texts;
         for (const QString &text :
              database.rows(u"SELECT SMS_Text FROM SMS_Received ORDER BY ID"_qs)) {
@@ -215,6 +248,17 @@ TEST_F(MessageReading, RecordIsFiledOnceAndDeletedWhenItsListingWasSeenWhole)
         }
         EXPECT_EQ(texts, filed);
     }
+}
+
+TEST_F(MessageReading, NothingIsDeletedOnAModemThatWasChosenMeanwhile)
+{
+    shown = [&] { link.initialiser.InitModem(); };
+    person.answers(u"Modem not found"_qs); // it says nothing of itself
+    doorSays("Hei");
+    clock.run(1min);
+    EXPECT_EQ(rows("SMS_Received").size(), 1U);
+    EXPECT_TRUE(commands.contains("AT+CMGF=1"));
+    EXPECT_FALSE(commands.contains("AT+CMGD=7"));
 }
 
 TEST_F(MessageReading, PortThatGoesInTheMiddleLeavesTheLinkReady)
@@ -227,6 +271,15 @@ TEST_F(MessageReading, PortThatGoesInTheMiddleLeavesTheLinkReady)
     EXPECT_EQ(store.size(), 1U);
     EXPECT_TRUE(link.TimerCom->isEnabled());
     EXPECT_FALSE(link.flags.ReadingMessages);
+}
+
+TEST_F(MessageReading, PortThatGoesInTheMiddleOfATextLeavesTheMessageThere)
+{
+    port.feed(kUnread);
+    clock.after(1500ms, [&] { port.unplug(); });
+    clock.run(5s);
+    EXPECT_THAT(rows("SMS_Received"), IsEmpty());
+    EXPECT_TRUE(link.TimerCom->isEnabled());
 }
 
 TEST_F(MessageReading, RefusedRowDoesNotRideAlongWithTheNext)
@@ -267,11 +320,14 @@ TEST_F(MessageReading, MessageWaitsInTheModemForRoomOnTheDiskAndTheOperatorHears
 TEST_F(MessageReading, MessageWaitsInTheModemForTheDatabase)
 {
     const auto connection = std::exchange(module.DatabaseConnection, nullptr);
-    person.answers(u"Ingen database er åpen"_qs);
+    person.answers(u"Ingen database er åpen"_qs, Answer::Ok, 10min);
+    clock.after(5min, [&] { // the box still stands, and holds nothing up
+        EXPECT_THAT(commands, IsEmpty());
+        module.DatabaseConnection = connection;
+        lists();
+        EXPECT_THAT(commands, ElementsAre("AT+CMGD=7"));
+    });
     doorSays("Hovedport\n91234567 er lagt til");
-    EXPECT_THAT(commands, IsEmpty());
-    module.DatabaseConnection = connection;
-    lists();
     EXPECT_THAT(commands, ElementsAre("AT+CMGD=7"));
     EXPECT_EQ(rows("SMS_Received").size(), 1U);
     EXPECT_EQ(rows("TBLbrukere").size(), 1U);

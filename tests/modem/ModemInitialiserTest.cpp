@@ -66,10 +66,13 @@ TEST_F(Initialiser, GivesUpOnAMuteModemBehindFiveAttemptsAndReleasesTheOneThatWa
     setRow(u"KONTOR-2"_qs);
     module.ModemReady = true;
     person.answers(kNotFound);
+    int refreshes = 0;
+    recordsets.display = [&] { ++refreshes; };
     EXPECT_EQ(timed([&] { link.initialiser.InitModem(); }), 5 * (3 * 4 * 2050ms + 2 * 10ms));
     EXPECT_EQ(person.texts, QStringList{kNotFound});
     EXPECT_FALSE(module.ModemReady);
     EXPECT_EQ(row(), u"0| | |0|None"_qs);
+    EXPECT_EQ(refreshes, 1);
     // On purpose: nothing reads the line until another initialisation gets through.
     EXPECT_TRUE(link.flags.ModemInitRunning);
     EXPECT_TRUE(person.isBusy());
@@ -109,6 +112,43 @@ TEST_F(Initialiser, ShowsWhatBreaksInsideAndLeavesTheModemAsItWas)
         EXPECT_TRUE(link.flags.ModemInitRunning);
         port.plugIn();
     }
+}
+
+TEST_F(Initialiser, LeavesTheModemInUseWhenItsRowCannotBeWritten)
+{
+    open(false);
+    database.look().run(u"CREATE TRIGGER locked BEFORE UPDATE ON Modem BEGIN "
+                        "SELECT RAISE(ABORT, 'locked'); END"_qs);
+    person.answers(u"locked"_qs, Answer::Ok, 1min);
+    clock.after(30s, [&] { // the box still stands
+        EXPECT_EQ(link.flags.owner.who(), LineOwner::Who::Nobody);
+        EXPECT_FALSE(link.flags.ModemInitRunning);
+    });
+    link.initialiser.InitModem();
+    EXPECT_TRUE(module.ModemReady);
+    EXPECT_TRUE(link.TimerCom->isEnabled());
+    EXPECT_FALSE(person.isBusy());
+}
+
+TEST_F(Initialiser, SetsAModemUpAgainAndTellsOnceThatItDoesNotAnswer)
+{
+    ready(false);
+    setRow(u"KONTOR-1"_qs);
+    const QString before = row();
+    for (int outages = 0; outages < 2; ++outages) {
+        becomes(u"mute"_qs);
+        person.answers(kNotFound);
+        EXPECT_FALSE(link.initialiser.setUpAgain());
+        EXPECT_FALSE(link.initialiser.setUpAgain());
+        EXPECT_FALSE(link.flags.ModemInitRunning) << "it may answer yet";
+        EXPECT_TRUE(module.ModemReady);
+        becomes();
+        EXPECT_TRUE(link.initialiser.setUpAgain());
+        EXPECT_FALSE(link.flags.ModemInitRunning);
+    }
+    port.unplug();
+    EXPECT_FALSE(link.initialiser.setUpAgain());
+    EXPECT_NE(row(), before);
 }
 
 TEST_F(Initialiser, OutlivesASecondOneThatStartsInsideTheFirst)

@@ -143,7 +143,7 @@ TEST_F(Watcher, TakesLinesThoughABoxHoldsUpTheReadThatItWasOpenedIn)
 TEST_F(Watcher, SetsUpAModemThatHasForgottenItsSettingsOnceAMinute)
 {
     int starts = 0;
-    link.watcher.InitModem = [&] { ++starts; };
+    link.watcher.SetUpAgain = [&] { return ++starts > 0; };
     const auto tickBehind = [&](const QByteArray &line) {
         link.line.SendData(u"AT+CMGL=ALL\r"_qs);
         port.feed(line + "\r\n");
@@ -190,6 +190,13 @@ TEST_F(Watcher, RunsATickToItsEndWhateverFails)
     link.watcher.timerSendTick();
     EXPECT_EQ(port.written, "AT+CMGL=ALL\r");
     EXPECT_EQ(person.texts, QStringList());
+    module.DatabaseConnection.reset();
+    person.answers(u"Ingen database er åpen"_qs); // once
+    for (int ticks = 0; ticks < 2; ++ticks) {
+        link.watcher.listingEnded();
+        link.watcher.timerSendTick();
+    }
+    EXPECT_EQ(port.written, QByteArray("AT+CMGL=ALL\r").repeated(3));
 }
 
 } // namespace

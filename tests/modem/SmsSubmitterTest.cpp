@@ -20,6 +20,13 @@ TEST_F(Submission, GivesEachAttemptTwentySecondsAndTwoBehindItAndLetsNobodyElseR
               5 * (10 * 2050ms + 4 * 2050ms + 2000ms));
 }
 
+TEST_F(Submission, CutsTheBlanksOfAPaddedNumber)
+{
+    link.submitter.SendSms(u"hei"_qs, u" +4790000001  "_qs);
+    EXPECT_EQ(port.written, "AT+CMGS=+4790000001\rhei\x1a");
+    EXPECT_EQ(module.LastCmgsResult, u"0"_qs);
+}
+
 TEST_F(Submission, LeavesAnEmptyResultAndTheTimerOnWhenItIsNotTried)
 {
     const struct {
@@ -32,6 +39,7 @@ TEST_F(Submission, LeavesAnEmptyResultAndTheTimerOnWhenItIsNotTried)
                      {true, u"hei"_qs, {}, {}},
                      {true, u"hei"_qs, u"+47900x"_qs, {}},
                      {true, u"hei"_qs, u"1e5"_qs, {}},
+                     {true, u"hei"_qs, u"+47 90000001"_qs, {}},
                      {true, u"hei"_qs, u"1\rAT+CMGD=1"_qs, {}},
                      {true, {}, kDoor, u"Sender SMS"_qs},
                      {true, QString(256, u'x'), kDoor, u"Sender SMS"_qs},

@@ -56,7 +56,7 @@ public:
             link.initialiser.InitModem();
         } else {
             module.ModemReady = true;
-            link.watcher.InitModem = [] {}; // has transcripts of its own
+            link.watcher.SetUpAgain = [] { return true; }; // has transcripts of its own
             link.TimerCom->setEnabled(true);
             link.pace.restart(3000ms);
         }
