@@ -6,6 +6,8 @@
 
 #include <QProcess>
 
+#include <sys/stat.h>
+
 namespace {
 
 /// What the sqlcipher program says to a file, its own password given or not.
@@ -122,6 +124,21 @@ TEST_F(ConnectionTest, ClosedOneFailsForAllAndAnotherStandsByItselfAndKeepsTheFi
     EXPECT_THAT(failureOf([&] { database.open(); }), HasSubstr("i bruk av et annet program"));
     alone.reset();
     EXPECT_NO_THROW(database.open());
+}
+
+// By whatever name, and whatever mask the first one's account has.
+TEST_F(ConnectionTest, EveryoneWhoUsesTheFileIsSeen)
+{
+    const QString lock = database.path() + u"-lock"_qs;
+    QFile::remove(lock);
+    const mode_t before = umask(077);
+    FileUse::shared(database.path());
+    umask(before);
+    EXPECT_TRUE(QFile::permissions(lock) & QFile::WriteOther);
+    const QString link = database.filePath(u"snarvei.mdb"_qs);
+    ASSERT_TRUE(QFile::link(database.path(), link));
+    const auto other = Connection::open(connectionString(link));
+    EXPECT_THROW(FileUse::alone(database.path()), RuntimeFailure);
 }
 
 TEST_F(ConnectionTest, AnotherOneTakesTheFileThatStandsThereNow)

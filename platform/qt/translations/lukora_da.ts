@@ -109,6 +109,10 @@
         <source>Databasen er i bruk av et annet program: %1</source>
         <translation>Databasen er i brug af et andet program: %1</translation>
     </message>
+    <message>
+        <source>Kan ikke få databasen alene: %1 (%2)</source>
+        <translation>Kan ikke få databasen alene: %1 (%2)</translation>
+    </message>
 </context>
 <context>
     <name>Recordset</name>
