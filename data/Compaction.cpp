@@ -8,6 +8,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QSaveFile>
 
 namespace {
 
@@ -17,15 +18,32 @@ namespace {
         QCoreApplication::translate("Compaction", text).arg(file.fileName(), file.errorString()));
 }
 
+/// Plays back what a killed writer has left beside the file, and reads every page of it.
+void readWhole(const QString &path, const std::shared_ptr<FileUse> &use)
+{
+    const auto source = Connection::open(compactionString(path), use);
+    const QString found = source->single(QStringLiteral("PRAGMA quick_check")).toString();
+    if (found != u"ok") {
+        throw RuntimeFailure(found);
+    }
+}
+
+/// An earlier file of this name stands until the copy is whole.
 void copyOver(const QString &path, const QString &backupPath)
 {
-    QFile earlier(backupPath);
-    if (earlier.exists() && !earlier.remove()) {
-        fail(QT_TRANSLATE_NOOP("Compaction", "Kan ikke slette %1: %2"), earlier);
-    }
+    constexpr qint64 kPiece = 1 << 20; // bytes
     QFile file(path);
-    if (!file.copy(backupPath)) {
-        fail(QT_TRANSLATE_NOOP("Compaction", "Kan ikke kopiere %1: %2"), file);
+    QSaveFile copy(backupPath);
+    bool copied = file.open(QIODevice::ReadOnly) && copy.open(QIODevice::WriteOnly);
+    while (copied && !file.atEnd()) {
+        const QByteArray piece = file.read(kPiece);
+        copied = !piece.isEmpty() && copy.write(piece) == piece.size();
+    }
+    if (!copied || !copy.setPermissions(file.permissions()) || !copy.commit()) {
+        const QFileDevice &failed =
+            file.error() != QFileDevice::NoError ? static_cast<const QFileDevice &>(file) : copy;
+        throw RuntimeFailure(QCoreApplication::translate("Compaction", "Kan ikke kopiere %1: %2")
+                                 .arg(path, failed.errorString()));
     }
 }
 
@@ -49,6 +67,7 @@ void rewrite(const QString &sourceString, const QString &targetString,
 void compactDatabase(const QString &path, const QString &tempPath, const QString &backupPath)
 {
     const std::shared_ptr<FileUse> alone = FileUse::alone(path);
+    readWhole(path, alone); // a broken file must not take the place of a good backup
     copyOver(path, backupPath);
     NewFile compacted(tempPath);
     rewrite(compactionString(path), compactionString(tempPath), alone);

@@ -3,6 +3,11 @@
 #include "data/Module1.h"
 #include "support/Doubles.h"
 
+#include <QDir>
+
+#include <csignal>
+#include <sys/resource.h>
+
 namespace {
 
 struct RecordsetsTest : DataTest {
@@ -133,6 +138,10 @@ struct CompactionTest : RecordsetsTest {
         recordsets.OpenDatabase();
         EXPECT_TRUE(recordsets.CompactFailed);
     }
+    qsizetype files()
+    {
+        return QDir(QFileInfo(database.path()).path()).entryList(QDir::Files).size();
+    }
     static qint64 sizeOf(const QString &path) { return QFile(path).size(); }
 };
 
@@ -175,16 +184,54 @@ TEST_F(CompactionTest, FileLeftByAnEarlierOneIsNotTouched)
     EXPECT_NO_THROW(database.open());
 }
 
-TEST_F(CompactionTest, BrokenFileStaysAndNoHalfOneIsLeft)
+TEST_F(CompactionTest, BrokenFileAndTheEarlierBackupStayAndNoHalfOneIsLeft)
 {
+    write(module.BackupDatabasePath, "eldre");
     // From the third page on: the list of tables still reads.
     QFile file(module.DatabasePath);
     ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.seek(8192));
     file.write(QByteArray(int(file.size()) - 8192, 'x'));
     file.close();
     fails({});
-    EXPECT_TRUE(QFile::exists(module.DatabasePath));
-    EXPECT_FALSE(QFile::exists(module.TempDatabasePath));
+    EXPECT_EQ(sizeOf(module.BackupDatabasePath), 5);
+    EXPECT_EQ(files(), 3) << "database, lock and backup";
+}
+
+// The disk takes files up to a size only: the copy ends at its begin or in the middle, or the
+// compacted file does.
+TEST_F(CompactionTest, CutOffAnywhereLeavesTheDatabaseAndAWholeBackup)
+{
+    const qint64 whole = sizeOf(module.DatabasePath);
+    for (const qint64 room : {qint64(0), whole / 2, whole - 1}) {
+        SCOPED_TRACE(room);
+        write(module.BackupDatabasePath, "eldre");
+        person.answers(u"Kan ikke kopiere"_qs);
+        const auto before = std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limit{};
+        getrlimit(RLIMIT_FSIZE, &limit);
+        const rlimit full{static_cast<rlim_t>(room), limit.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &full);
+        recordsets.OpenDatabase();
+        setrlimit(RLIMIT_FSIZE, &limit);
+        std::signal(SIGXFSZ, before);
+        EXPECT_TRUE(recordsets.CompactFailed);
+        EXPECT_EQ(sizeOf(module.BackupDatabasePath), 5);
+        EXPECT_EQ(sizeOf(module.DatabasePath), whole);
+        EXPECT_EQ(files(), 3) << "database, lock and backup";
+    }
+}
+
+TEST_F(CompactionTest, NeedsALockOfItsOwn)
+{
+    const QString lock = module.DatabasePath + u"-lock"_qs;
+    recordsets.CompactRequested = false;
+    QFile::remove(lock);
+    ASSERT_TRUE(QFile::link(database.filePath(u"borte/lock"_qs), lock));
+    recordsets.OpenDatabase(); // the file can be used all the same
+    EXPECT_FALSE(recordsets.CompactFailed);
+    recordsets.CompactRequested = true;
+    fails(u"Kan ikke få databasen alene"_qs);
+    EXPECT_FALSE(QFile::exists(module.BackupDatabasePath));
 }
 
 TEST_F(RecordsetsTest, ModemPanelNamesThePlaceOfAReadyLineOnly)
