@@ -114,7 +114,7 @@ void frmMain::mnuFileDatabase()
         module_.BackupDatabasePath = backupDatabasePath(path);
         module_.ConnectionString = chosenString(path);
         recordsets_.OpenDatabase();
-        recordsets_.OpenRecordsets();
+        userPanel_->followDoor(); // nothing of the other file's users stays in form and grid
     });
 }
 

@@ -83,9 +83,30 @@ void RecordsetModel::takeOver()
     endResetModel();
 }
 
+void RecordsetModel::showNothing()
+{
+    beginResetModel();
+    slices_->setEnabled(false);
+    set_ = nullptr;
+    list_.reset();
+    reading_.reset();
+    rows_ = 0;
+    edited_ = -1;
+    columns_.clear();
+    gone_.clear();
+    forgetWindows();
+    unreadable_ = false;
+    endResetModel();
+    emit readOn();
+}
+
 void RecordsetModel::tick()
 {
     slices_->setEnabled(false);
+    if (!set_->isOpen()) {
+        showNothing();
+        return;
+    }
     if (unreadable_ && rows_ > 0 && tries_([this] { set_->rows({list_->key(0)}); })) {
         unreadable_ = false;
         emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
@@ -178,6 +199,10 @@ const RecordsetModel::Window &RecordsetModel::window(int number) const
         return kept->second;
     }
     if (unreadable_) {
+        return kNothing;
+    }
+    if (!set_->isOpen()) { // what the rows are of has gone
+        lookAgain(kBetweenSlices);
         return kNothing;
     }
     std::vector<qint64> keys;

@@ -43,6 +43,8 @@ public:
     /// way at once.
     /// @throws RuntimeFailure when the set is not open; what was shown stays.
     void show(Recordset &rows, GivesWay when = GivesWay::ToFirstRows);
+    /// Shows no rows and no columns, as it does by itself soon after the set was closed.
+    void showNothing();
     /// Headings and rights from the left; columns behind these have none.
     void setColumns(std::vector<Column> columns);
     /// Tells whether somebody types in a cell: that long, and as long as a row has changes, the

@@ -97,27 +97,33 @@ Recordsets::Recordsets(Module1 &module, Operator &person) : module_(module), ope
 
 void Recordsets::OpenDatabase()
 {
-    CompactFailed = false;
     const bool done = shown(operator_, {}, [this] {
+        closeAll();
         if (CompactRequested) {
-            compact();
+            compactDatabase(module_.DatabasePath, module_.TempDatabasePath,
+                            module_.BackupDatabasePath);
         }
         module_.ConnectionString = connectionString(module_.DatabasePath);
         module_.DatabaseConnection = Connection::open(module_.ConnectionString);
     });
-    if (!done) {
-        CompactFailed = true;
-        module_.DatabaseConnection.reset();
-    }
+    CompactFailed = !done;
 }
 
-void Recordsets::compact()
+void Recordsets::closeAll()
 {
-    // Recordsets still hold the connection: letting it go would leave the file open.
-    if (module_.DatabaseConnection) {
-        module_.DatabaseConnection->close();
+    for (Recordset *set :
+         {&rsKeyAll, &rsKeyAllowed, &rsBrukereAll, &rsNyeBrukere, &rsBrukereKey, &rsKatalog,
+          &rsSmsReceived, &rsSmsSentDone, &rsSmsOutbox, &rsKeyAntall, &rsLoggData, &rsModem,
+          &rsVisNyeBrukere, &rsVisBrukere, &rsListBrukere}) {
+        set->close();
     }
-    compactDatabase(module_.DatabasePath, module_.TempDatabasePath, module_.BackupDatabasePath);
+    doorNumber_.clear();
+    doorName_.clear();
+    if (module_.DatabaseConnection) {
+        // Whoever still holds it would keep the file in use.
+        module_.DatabaseConnection->close();
+        module_.DatabaseConnection.reset();
+    }
 }
 
 void Recordsets::atOnce(const std::function<void()> &work)

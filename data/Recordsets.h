@@ -18,8 +18,9 @@ public:
     Recordsets(Module1 &module, Operator &person);
 
     /// Opens Module1::DatabaseConnection by Module1::DatabasePath; with CompactRequested the file
-    /// is compacted first. A failure shows its description, sets CompactFailed and leaves the
-    /// program without a connection.
+    /// is compacted first. What was open before is closed, with all sets: a place in the former
+    /// file means nothing in this one. A failure shows its description, sets CompactFailed and
+    /// leaves the program without a connection.
     void OpenDatabase();
     /// Rebuilds all twelve, so that this PC sees what others wrote, and calls display at the end.
     /// A failure shows its description; a set whose query failed stays unopened, and the rest of
@@ -65,7 +66,7 @@ public:
     std::function<void()> display;
 
 private:
-    void compact();
+    void closeAll();
     Connection &opened() const;
     void openDoors();
     void openUsersAndMessages();

@@ -77,6 +77,11 @@ void UserPanel::VisBrukerTabell()
                  grid_.VisBrukerTabell();
                  showRows();
              },
+             [this] {
+                 if (!grid_.rows().isOpen()) {
+                     model_.showNothing();
+                 }
+             },
              [this] { showTabs(); }});
 }
 

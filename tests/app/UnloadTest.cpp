@@ -1,8 +1,11 @@
 #include "app/Shell.h"
+#include "data/FileUse.h"
 
 #include <QFile>
+#include <QTableView>
 
 namespace {
+const QString kUser = QStringLiteral("+4791234567");
 using Unload = ShellTest;
 using DatabaseMaintenance = ShellTest;
 } // namespace
@@ -60,15 +63,45 @@ TEST_F(DatabaseMaintenance, ReadsAndRemembersTheChosenFileAndNothingWhenCancelle
     TestDatabase other;
     other.add(u"KEYTable"_qs, u"KeyNummer,KeyNavn,KeySikkerhet"_qs,
               {u"+4790000008"_qs, u"Annen dør"_qs, u"4"_qs});
-    load();
+    database.add(u"KEYTable"_qs, u"KeyNummer,KeyNavn,KeySikkerhet"_qs,
+                 {u"1"_qs, u"Denne døren"_qs, u"4"_qs});
+    database.add(u"NYEbrukere"_qs, u"Bruker,KeyNummer"_qs, {kUser, u"1"_qs});
+    database.letGo();
+    loadAndShow();
+    const auto rowsShown = [&] { return find<QTableView>("DataGrid1").model()->rowCount(); };
+    EXPECT_EQ(rowsShown(), 1);
+    find<QLineEdit>("Txtfields_0").setText(kUser);
     person.answers(u"avbrutt"_qs);
     entry("mnuFileDatabase").trigger();
     EXPECT_EQ(module.DatabasePath, database.path());
     person.picksFile(other.path());
     entry("mnuFileDatabase").trigger();
     EXPECT_EQ(screen->recordsets().doorName(), u"Annen dør");
+    EXPECT_EQ(rowsShown(), 0);
+    EXPECT_EQ(find<QLineEdit>("Txtfields_0").text(), QString());
+    EXPECT_NO_THROW(FileUse::alone(database.path())) << "the former file is still in use";
     screen->unload();
     EXPECT_EQ(settings.get(u"DBPath"_qs, {}), other.path());
+}
+
+// No box but the two of the failure, while they stand open and afterwards.
+TEST_F(DatabaseMaintenance, LeavesNothingOfTheFormerFileWhereTheChosenOneCannotBeOpened)
+{
+    database.add(u"KEYTable"_qs, u"KeyNummer,KeyNavn,KeySikkerhet"_qs,
+                 {u"1"_qs, u"Denne døren"_qs, u"4"_qs});
+    database.add(u"NYEbrukere"_qs, u"Bruker,KeyNummer"_qs, {kUser, u"1"_qs});
+    loadAndShow();
+    person.answers(u"Finner ikke databasefilen"_qs, Answer::Ok, 60s);
+    person.answers(u"Ingen database er åpen"_qs, Answer::Ok, 60s);
+    person.picksFile(database.filePath(u"borte.mdb"_qs));
+    entry("mnuFileDatabase").trigger();
+    clock.run(60s);
+    EXPECT_EQ(find<QTableView>("DataGrid1").model()->rowCount(), 0);
+    EXPECT_EQ(screen->recordsets().doorNumber(), QString());
+    for (const Recordset *set : {&screen->recordsets().rsModem, &screen->recordsets().rsVisBrukere,
+                                 &screen->recordsets().rsSmsOutbox}) {
+        EXPECT_FALSE(set->isOpen());
+    }
 }
 
 TEST_F(DatabaseMaintenance, CompactsWhenConfirmedAndConnectsAgainWhenItFailed)
