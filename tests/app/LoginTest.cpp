@@ -45,6 +45,7 @@ TEST_F(Login, RefusesEveryWrongEntryInTheSameWordsAndThenAdmitsAnOperatorAddedMe
 {
     const std::pair<QString, QString> kWrong[] = {
         {u"Hovedoperatør"_qs, u"hemmelighet"_qs},
+        {u" Hovedoperatør"_qs, u"hemmelig"_qs}, // another name
         {u"Hovedoperatør"_qs, u"Hemmelig"_qs},
         {u"Hovedoperatør"_qs, {}},
         {u"' OR '1'='1"_qs, u"hemmelig"_qs},

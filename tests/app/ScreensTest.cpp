@@ -20,6 +20,19 @@ QStringList screensBeside(const QWidget &main)
     return names;
 }
 
+/// The screens that are closed while it lives, in order.
+struct Closings : QObject {
+    Closings() { qApp->installEventFilter(this); }
+    bool eventFilter(QObject *target, QEvent *event) override
+    {
+        if (event->type() == QEvent::Close && target->isWidgetType()) {
+            names += target->objectName();
+        }
+        return false;
+    }
+    QStringList names;
+};
+
 QWidget *screenNamed(const QString &name)
 {
     const QWidgetList windows = QApplication::topLevelWidgets();
@@ -31,7 +44,7 @@ QWidget *screenNamed(const QString &name)
 
 } // namespace
 
-TEST(Screens, OpenBesideTheMainScreenOnceEachAndCloseWithIt)
+TEST(Screens, OpenBesideTheMainScreenOnceEachAndCloseFromTheLastToTheFirst)
 {
     Shell shell;
     shell.database.add(u"KEYTable"_qs, u"KeyNummer,KeyNavn,KeySikkerhet,Admin"_qs,
@@ -66,7 +79,10 @@ TEST(Screens, OpenBesideTheMainScreenOnceEachAndCloseWithIt)
     EXPECT_TRUE(screensBeside(*shell.screen).contains(u"frmKeyProperties:KEY Inställningar"_qs))
         << screensBeside(*shell.screen).join(u", "_qs).toStdString();
     EXPECT_TRUE(screensBeside(*shell.screen).contains(u"frmSMSSent:Utkorg"_qs));
+    Closings closings;
     shell.screen->unload();
+    EXPECT_EQ(closings.names.join(u' '), u"frmLanguage frmSMSSent frmSMSReceived frmBrukere "
+                                         "frmPassword frmKeyProperties frmLOGG frmKEY");
     EXPECT_EQ(screensBeside(*shell.screen).size(), 0);
 }
 
