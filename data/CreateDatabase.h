@@ -15,5 +15,5 @@ QString faultOf(const FirstOperator &person);
 /// Makes a database as it is delivered: all tables and saved queries, the released modem, the
 /// rows of TBLLanguage and one login.
 /// @throws RuntimeFailure when the file exists already, cannot be made, or the login is faulty;
-/// nothing is left of it then.
+/// there is no file of this name then but the one that was there before.
 void createDatabase(const QString &path, const FirstOperator &person);
