@@ -1,6 +1,8 @@
-#include "ModemWorld.h"
 #include "platform/RuntimeFailure.h"
 #include "simulator/SimulatorConsole.h"
+#include "support/VirtualClock.h"
+
+#include <gtest/gtest.h>
 
 namespace {
 
