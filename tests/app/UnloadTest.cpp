@@ -5,9 +5,25 @@
 #include <QTableView>
 
 namespace {
+const QString kFilter = QStringLiteral("Access (*.mdb);;All (*.*)");
 const QString kUser = QStringLiteral("+4791234567");
 using Unload = ShellTest;
-using DatabaseMaintenance = ShellTest;
+
+struct DatabaseMaintenance : ShellTest {
+    /// On a door with one waiting period, whose number is typed in.
+    void openWithOneWaiting()
+    {
+        database.add(u"KEYTable"_qs, u"KeyNummer,KeyNavn,KeySikkerhet"_qs,
+                     {u"1"_qs, u"Denne døren"_qs, u"4"_qs});
+        database.add(u"NYEbrukere"_qs, u"Bruker,KeyNummer"_qs, {kUser, u"1"_qs});
+        database.letGo();
+        loadAndShow();
+        ASSERT_EQ(rowsShown(), 1);
+        find<QLineEdit>("Txtfields_0").setText(kUser);
+    }
+    int rowsShown() { return find<QTableView>("DataGrid1").model()->rowCount(); }
+};
+
 } // namespace
 
 TEST_F(Unload, SavesAllTwelveInOrderAndComesUpWhereItWasLeft)
@@ -19,14 +35,22 @@ TEST_F(Unload, SavesAllTwelveInOrderAndComesUpWhereItWasLeft)
     screen->move(40, 20);
     screen->resize(1300, 900);
     module.KeySelect = u"+4790000001"_qs;
+    find<QLineEdit>("txtHostName").setText(u"modem.example"_qs);
+    find<QLineEdit>("txtPort").setText(u"2001"_qs);
     screen->close();
-    EXPECT_EQ(settings.saved.join(u' '),
-              u"MainLeft MainTop MainWidth MainHeight KeySelect LastComPort DBPath "
-              "SMSREPORT CountryCode LogoCountryCode HostName Port");
-    EXPECT_EQ(settings.get(u"MainLeft"_qs, {}), u"600");
-    EXPECT_EQ(settings.get(u"SMSREPORT"_qs, {}), u"False");
-    EXPECT_EQ(modemRow(u"ModemOwner"_qs), u"?");
-    EXPECT_EQ(modemRow(u"ModemStatus"_qs), u"0");
+    QStringList saved;
+    for (const QString &key : settings.saved) {
+        saved += key + u'=' + settings.get(key, {});
+    }
+    EXPECT_EQ(saved.join(u' ').toStdString(),
+              "MainLeft=600 MainTop=300 MainWidth=19500 MainHeight=13500 KeySelect=+4790000001 "
+              "LastComPort=3 DBPath=" +
+                  database.path().toStdString() +
+                  " SMSREPORT=False CountryCode=47 LogoCountryCode=47 HostName=modem.example "
+                  "Port=2001");
+    EXPECT_EQ(database.rows(u"SELECT IMEICODE, ModemManufacturer, ModemName, ModemOwner,"
+                            " ModemStatus FROM Modem"_qs),
+              QStringList{u"0| | |?|0"_qs});
     EXPECT_FALSE(port.isOpen());
     EXPECT_TRUE(clock.hasEnded());
 
@@ -63,18 +87,12 @@ TEST_F(DatabaseMaintenance, ReadsAndRemembersTheChosenFileAndNothingWhenCancelle
     TestDatabase other;
     other.add(u"KEYTable"_qs, u"KeyNummer,KeyNavn,KeySikkerhet"_qs,
               {u"+4790000008"_qs, u"Annen dør"_qs, u"4"_qs});
-    database.add(u"KEYTable"_qs, u"KeyNummer,KeyNavn,KeySikkerhet"_qs,
-                 {u"1"_qs, u"Denne døren"_qs, u"4"_qs});
-    database.add(u"NYEbrukere"_qs, u"Bruker,KeyNummer"_qs, {kUser, u"1"_qs});
-    database.letGo();
-    loadAndShow();
-    const auto rowsShown = [&] { return find<QTableView>("DataGrid1").model()->rowCount(); };
-    EXPECT_EQ(rowsShown(), 1);
-    find<QLineEdit>("Txtfields_0").setText(kUser);
+    openWithOneWaiting();
+    person.picksFile(database.path(), kFilter, {});
     person.answers(u"avbrutt"_qs);
     entry("mnuFileDatabase").trigger();
     EXPECT_EQ(module.DatabasePath, database.path());
-    person.picksFile(other.path());
+    person.picksFile(database.path(), kFilter, other.path());
     entry("mnuFileDatabase").trigger();
     EXPECT_EQ(screen->recordsets().doorName(), u"Annen dør");
     EXPECT_EQ(rowsShown(), 0);
@@ -87,16 +105,13 @@ TEST_F(DatabaseMaintenance, ReadsAndRemembersTheChosenFileAndNothingWhenCancelle
 // No box but the two of the failure, while they stand open and afterwards.
 TEST_F(DatabaseMaintenance, LeavesNothingOfTheFormerFileWhereTheChosenOneCannotBeOpened)
 {
-    database.add(u"KEYTable"_qs, u"KeyNummer,KeyNavn,KeySikkerhet"_qs,
-                 {u"1"_qs, u"Denne døren"_qs, u"4"_qs});
-    database.add(u"NYEbrukere"_qs, u"Bruker,KeyNummer"_qs, {kUser, u"1"_qs});
-    loadAndShow();
-    person.answers(u"Finner ikke databasefilen"_qs, Answer::Ok, 60s);
-    person.answers(u"Ingen database er åpen"_qs, Answer::Ok, 60s);
-    person.picksFile(database.filePath(u"borte.mdb"_qs));
+    openWithOneWaiting();
+    person.picksFile(database.path(), kFilter, database.filePath(u"borte.mdb"_qs));
+    person.answers(u"Finner ikke databasefilen"_qs, 60s);
+    person.answers(u"Ingen database er åpen"_qs, 60s);
     entry("mnuFileDatabase").trigger();
     clock.run(60s);
-    EXPECT_EQ(find<QTableView>("DataGrid1").model()->rowCount(), 0);
+    EXPECT_EQ(rowsShown(), 0);
     EXPECT_EQ(screen->recordsets().doorNumber(), QString());
     for (const Recordset *set : {&screen->recordsets().rsModem, &screen->recordsets().rsVisBrukere,
                                  &screen->recordsets().rsSmsOutbox}) {

@@ -11,7 +11,7 @@ namespace {
 struct Selection : testing::Test, ModemWorld {
     void connect()
     {
-        person.answers(u"Kobler til: 127.0.0.1 Port 23"_qs);
+        person.answers(u"Kobler til: 127.0.0.1 Port 23"_qs, Answer::Ok);
         link.selection.cmdConnect();
     }
     /// What can be seen and used: group, terminal, connect and disconnect (visible, enabled),
@@ -82,7 +82,7 @@ TEST_F(Selection, ConnectsToTheNetworkModemThatIsTyped)
 {
     person.types(u"Nettverksmodem"_qs, u"10.0.0.7"_qs);
     person.types(u"Nettverksmodem"_qs, u"2001"_qs);
-    person.answers(u"Kobler til: 10.0.0.7 Port 2001"_qs);
+    person.answers(u"Kobler til: 10.0.0.7 Port 2001"_qs, Answer::Ok);
     link.selection.mnuComPortWinsock();
     EXPECT_EQ(socket.host, u"10.0.0.7"_qs);
     EXPECT_EQ(socket.port, 2001);
@@ -157,7 +157,7 @@ TEST_F(Selection, TakesTwoChoicesToLeaveAConnectedNetworkModem)
 TEST_F(Selection, EndsEveryHandlerInSilenceWithTheProgram)
 {
     clock.after(700ms, [&] { clock.end(); });
-    person.answers(u"Kobler til"_qs);
+    person.answers(u"Kobler til"_qs, Answer::Ok);
     module.ActiveComPort = 255;
     EXPECT_THROW(link.selection.SelectModemLine(), ProgramEnds);
     link.selection.Command3();

@@ -130,7 +130,7 @@ TEST_F(Watcher, TakesLinesThoughABoxHoldsUpTheReadThatItWasOpenedIn)
 {
     link.TimerCom->setEnabled(true);
     port.feed("RI"); // the begin of a line
-    person.answers(u"Lukke?"_qs, Answer::Ok, 5min);
+    person.answers(u"Lukke?"_qs, 5min);
     clock.after(1500ms, [&] { person.messageBox(u"Lukke?"_qs, {}, Buttons::Ok); });
     clock.after(3s, [&] { port.feed("NG\r\n"); });
     clock.after(4200ms, [&] { EXPECT_EQ(link.response.text(), u"RING"_qs); });

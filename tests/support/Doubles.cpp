@@ -11,33 +11,56 @@ ScriptedOperator::~ScriptedOperator()
     }
 }
 
-void ScriptedOperator::answers(const QString &text, Answer answer, milliseconds openFor)
+void ScriptedOperator::answers(const QString &text, milliseconds openFor, const QString &title)
 {
-    script_.push_back({Kind::Box, text, answer, {}, openFor});
+    script_.push_back({Kind::Note, text, title, Answer::Ok, {}, openFor});
+}
+
+void ScriptedOperator::answers(const QString &text, Answer answer, milliseconds openFor,
+                               const QString &title)
+{
+    script_.push_back({Kind::Question, text, title, answer, {}, openFor});
 }
 
 void ScriptedOperator::types(const QString &title, const QString &answer, milliseconds openFor)
 {
-    script_.push_back({Kind::Input, title, Answer::Ok, answer, openFor});
+    script_.push_back({Kind::Input, {}, title, Answer::Ok, answer, openFor});
+}
+
+void ScriptedOperator::picksFile(const QString &startFrom, const QString &filter,
+                                 const QString &path)
+{
+    script_.push_back({Kind::File, startFrom, filter, Answer::Ok, path});
 }
 
 void ScriptedOperator::picksNewFile(const QString &suggestedName, const QString &filter,
                                     const QString &path)
 {
-    script_.push_back({Kind::NewFile, u'/' + suggestedName + u' ' + filter, Answer::Ok, path, 0ms});
+    script_.push_back({Kind::NewFile, u'/' + suggestedName, filter, Answer::Ok, path});
 }
 
-std::optional<ScriptedOperator::Line> ScriptedOperator::next(Kind kind, const QString &shownText)
+std::optional<ScriptedOperator::Line> ScriptedOperator::next(Kind kind, const QString &says,
+                                                             const QString &title)
 {
     if (isPatient) {
         return {};
     }
-    if (script_.empty() || script_.front().kind != kind ||
-        !shownText.contains(script_.front().expected)) {
-        ADD_FAILURE() << "Not expected: " << shownText.toStdString();
+    const auto told = [](Kind given, const QString &text, const QString &name) {
+        static const char *const kKinds[] = {"Note", "Question", "Input", "File", "NewFile"};
+        return kKinds[static_cast<int>(given)] + (" \"" + name.toStdString()) +
+               "\": " + text.toStdString();
+    };
+    if (script_.empty()) {
+        ADD_FAILURE() << "Not expected: " << told(kind, says, title);
         return {};
     }
-    const Line line = script_.front();
+    const Line &expected = script_.front();
+    if (expected.kind != kind || expected.title != title || !says.contains(expected.expected)) {
+        ADD_FAILURE() << "Not expected: " << told(kind, says, title) << "\nbut "
+                      << told(expected.kind, expected.expected, expected.title);
+        return {};
+    }
+    const Line line = expected;
     script_.pop_front();
     if (line.openFor > 0ms) {
         clock_.sleep(line.openFor);
@@ -45,14 +68,13 @@ std::optional<ScriptedOperator::Line> ScriptedOperator::next(Kind kind, const QS
     return line;
 }
 
-Answer ScriptedOperator::messageBox(const QString &text, const QString &title, Buttons)
+Answer ScriptedOperator::messageBox(const QString &text, const QString &title, Buttons buttons)
 {
     if (isPatient) {
         return Answer::Ok;
     }
     texts.append(text);
-    titles.append(title);
-    const auto line = next(Kind::Box, text);
+    const auto line = next(buttons == Buttons::Ok ? Kind::Note : Kind::Question, text, title);
     return line ? line->answer : Answer::Cancel;
 }
 
@@ -61,17 +83,18 @@ QString ScriptedOperator::inputBox(const QString &prompt, const QString &title,
 {
     lastPrompt = prompt;
     lastPreset = preset;
-    const auto line = next(Kind::Input, title);
+    const auto line = next(Kind::Input, prompt, title);
     return line ? line->typed : QString();
 }
 
-QString ScriptedOperator::chooseFile(const QString &, const QString &)
+QString ScriptedOperator::chooseFile(const QString &startFrom, const QString &filter)
 {
-    return file_;
+    const auto line = next(Kind::File, startFrom, filter);
+    return line ? line->typed : QString();
 }
 
 QString ScriptedOperator::chooseNewFile(const QString &startFrom, const QString &filter)
 {
-    const auto line = next(Kind::NewFile, QFileInfo(startFrom).absoluteFilePath() + u' ' + filter);
+    const auto line = next(Kind::NewFile, QFileInfo(startFrom).absoluteFilePath(), filter);
     return line ? line->typed : QString();
 }

@@ -11,18 +11,25 @@
 
 #include <deque>
 
-/// The person at the screen, by a script. A question that no script line waits for fails the test
-/// and is answered by Cancel; so does a script line that was never needed, at the end.
+/// The person at the screen, by a script that says what each box must be. A box that no script line
+/// waits for fails the test and is answered by Cancel; so does a script line that was never needed,
+/// at the end.
 class ScriptedOperator : public Operator {
 public:
     explicit ScriptedOperator(VirtualClock &clock) : clock_(clock) {}
     ~ScriptedOperator() override;
 
-    /// The next box must hold this text; it is answered so, behind openFor.
-    void answers(const QString &text, Answer answer = Answer::Ok, milliseconds openFor = 0ms);
+    /// The next box must hold this text, have OK alone and bear this title, the program's own when
+    /// it is empty. It is closed behind openFor.
+    void answers(const QString &text, milliseconds openFor = 0ms, const QString &title = {});
+    /// The same for a question, with OK and Cancel.
+    void answers(const QString &text, Answer answer, milliseconds openFor = 0ms,
+                 const QString &title = {});
     /// The next input box must have this title; an empty answer stands for Cancel.
     void types(const QString &title, const QString &answer, milliseconds openFor = 0ms);
-    void picksFile(const QString &path) { file_ = path; }
+    /// The next question for a file must start from this one and have this filter; an empty path
+    /// stands for Cancel.
+    void picksFile(const QString &startFrom, const QString &filter, const QString &path);
     /// The next question for a file to write must suggest this name and have this filter; an empty
     /// path stands for Cancel.
     void picksNewFile(const QString &suggestedName, const QString &filter, const QString &path);
@@ -40,26 +47,25 @@ public:
 
     bool isPatient = false; ///< closes every box, script or not
     QStringList texts;      ///< of all boxes, in order
-    QStringList titles;     ///< of all boxes, in order
     QString lastPrompt;
     QString lastPreset;
     int beeps = 0;
 
 private:
-    enum class Kind { Box, Input, NewFile };
+    enum class Kind { Note, Question, Input, File, NewFile };
     struct Line {
         Kind kind;
-        QString expected;
-        Answer answer;
-        QString typed;
-        milliseconds openFor;
+        QString expected; ///< a part of what the box says
+        QString title;
+        Answer answer = Answer::Ok;
+        QString typed = {};
+        milliseconds openFor = 0ms;
     };
-    std::optional<Line> next(Kind kind, const QString &shownText);
+    std::optional<Line> next(Kind kind, const QString &says, const QString &title);
 
     VirtualClock &clock_;
     QSet<const void *> busy_;
     std::deque<Line> script_;
-    QString file_;
 };
 
 class FakeHost : public Host {

@@ -36,7 +36,7 @@ World::World(Setup setup) : FarModem(static_cast<FakeMachine &>(*this)), line_(s
         setup.before(*this);
     }
     if (setup.line == Line::Tcp) {
-        person.answers(QStringLiteral("Kobler til: "));
+        person.answers(QStringLiteral("Kobler til: "), Answer::Ok);
     }
     clock.after(1s, [this] { login(); });
     if (!application_.start()) {
@@ -110,7 +110,7 @@ void World::chooseLineAgain(const QStringList &boxes)
         if (socket.state() != TcpSocket::State::Closed) {
             click("cmdDisconnect");
         }
-        person.answers(QStringLiteral("Kobler til: "));
+        person.answers(QStringLiteral("Kobler til: "), Answer::Ok);
     }
     for (const QString &box : boxes) {
         person.answers(box);

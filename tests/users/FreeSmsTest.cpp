@@ -9,13 +9,14 @@ struct FreeSmsTest : UsersWorld {
     void toUser(const UserEntry &user, const QString &text, milliseconds openFor = 0ms)
     {
         person.types(u"Send SMS til :"_qs + user.number, text, openFor);
-        person.answers(QString(text).replace(u'Ж', u'?'));
+        person.answers(QString(text).replace(u'Ж', u'?'), 0ms, u"Send SMS"_qs);
         sms.toUser(user);
+        EXPECT_EQ(person.lastPrompt + u'/' + person.lastPreset, u"Skriv meldingstekst/");
     }
     void toDoor(const QString &text)
     {
         person.types(u"Send SMS til :"_qs + kDoor, text);
-        person.answers(text);
+        person.answers(text, 0ms, u"Send SMS"_qs);
         sms.toDoor();
     }
 };

@@ -143,7 +143,7 @@ TEST(WorldOnNetwork, ButtonsOfTheNetworkModemWorkTheLine)
     EXPECT_TRUE(enabled("txtHostName"));
     EXPECT_FALSE(enabled("Command2"));
 
-    world.person.answers(u"Kobler til: "_qs);
+    world.person.answers(u"Kobler til: "_qs, Answer::Ok);
     world.click("cmdConnect");
     EXPECT_TRUE(world.application().module().ModemReady);
 }
