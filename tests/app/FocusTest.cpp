@@ -14,6 +14,7 @@ struct Focus : testing::Test {
         goTo(*shell.screen);
         number().setText(kTyped);
         shell.module.RefreshPending = false;
+        pace().restart(60000ms);
     }
     static void goTo(QWidget &window)
     {
@@ -22,6 +23,15 @@ struct Focus : testing::Test {
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     }
     QLineEdit &number() { return shell.find<QLineEdit>("Txtfields_0"); }
+    /// What the screen shows of the Modem row.
+    std::string phone()
+    {
+        std::string shown;
+        for (const char *name : {"PhoneOn", "PhoneOff", "PhoneDisplay"}) {
+            shown += shell.find<QWidget>(name).isVisible() ? std::string(name) + ' ' : "";
+        }
+        return shown;
+    }
 
     Shell shell;
     SendPace &pace() { return shell.screen->modemLink().pace; }
@@ -30,20 +40,25 @@ struct Focus : testing::Test {
 
 } // namespace
 
-TEST_F(Focus, ComingBackFromAnotherScreenRefreshesAndHurriesTheQueue)
+TEST_F(Focus, LeavingHurriesTheQueueAndComingBackRefreshesTheScreenToo)
 {
+    EXPECT_EQ(phone(), "PhoneOff ");
     goTo(other);
     EXPECT_EQ(number().text(), kTyped);
     EXPECT_EQ(pace().interval(), 3000ms);
     pace().restart(60000ms);
+    shell.database.look().run(u"UPDATE Modem SET ModemStatus = -1"_qs); // another PC
     goTo(*shell.screen);
     EXPECT_EQ(number().text(), QString());
     EXPECT_TRUE(shell.module.RefreshPending);
     EXPECT_EQ(pace().interval(), 3000ms);
+    EXPECT_EQ(phone(), "PhoneOn PhoneDisplay ");
 
     pace().restart(30000ms); // between two messages nothing hurries
     shell.screen->modemLink().flags.QueuePending = true;
     goTo(other);
+    EXPECT_EQ(pace().interval(), 30000ms);
+    goTo(*shell.screen);
     EXPECT_EQ(pace().interval(), 30000ms);
 }
 
@@ -57,4 +72,5 @@ TEST_F(Focus, ComingBackFromAQuestionKeepsWhatWasTyped)
     goTo(*shell.screen);
     EXPECT_EQ(number().text(), kTyped);
     EXPECT_FALSE(shell.module.RefreshPending);
+    EXPECT_EQ(pace().interval(), 60000ms);
 }

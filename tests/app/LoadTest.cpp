@@ -45,11 +45,12 @@ TEST_F(Load, OpensPortSevenAndLeavesTheTickOff)
 
 TEST_F(Load, AsksForTheNetworkModemBeforeTheScreenShows)
 {
-    language({});
     settings.values[u"lastcomport"_qs] = u"255"_qs;
     settings.values[u"hostname"_qs] = u"modem.example"_qs;
-    person.answers(u"modem.example Port 23"_qs, Answer::Cancel);
+    settings.values[u"port"_qs] = u"2001"_qs;
+    person.answers(u"modem.example Port 2001"_qs, Answer::Cancel);
     load();
+    EXPECT_EQ(find<QLineEdit>("txtPort").text(), u"2001");
     EXPECT_EQ(socket.host, QString());
     EXPECT_TRUE(entry("mnuComPortWinsock").isChecked());
     // Meant so: 255 is greater than 4 like any other port.
