@@ -2,6 +2,7 @@
 #include "data/FileUse.h"
 
 #include <QFile>
+#include <QTabBar>
 #include <QTableView>
 
 namespace {
@@ -82,7 +83,7 @@ TEST_F(Unload, UnderAnOpenQuestionEndsTheHandlerThatAsked)
     EXPECT_EQ(module.OtherComPort, 0);
 }
 
-TEST_F(DatabaseMaintenance, ReadsAndRemembersTheChosenFileAndNothingWhenCancelled)
+TEST_F(DatabaseMaintenance, ReadsAndRemembersTheChosenFileAndKeepsNothingOfTheFormer)
 {
     TestDatabase other;
     other.add(u"KEYTable"_qs, u"KeyNummer,KeyNavn,KeySikkerhet"_qs,
@@ -98,15 +99,12 @@ TEST_F(DatabaseMaintenance, ReadsAndRemembersTheChosenFileAndNothingWhenCancelle
     EXPECT_EQ(rowsShown(), 0);
     EXPECT_EQ(find<QLineEdit>("Txtfields_0").text(), QString());
     EXPECT_NO_THROW(FileUse::alone(database.path())) << "the former file is still in use";
-    screen->unload();
-    EXPECT_EQ(settings.get(u"DBPath"_qs, {}), other.path());
-}
-
-// No box but the two of the failure, while they stand open and afterwards.
-TEST_F(DatabaseMaintenance, LeavesNothingOfTheFormerFileWhereTheChosenOneCannotBeOpened)
-{
-    openWithOneWaiting();
-    person.picksFile(database.path(), kFilter, database.filePath(u"borte.mdb"_qs));
+    other.add(u"NYEbrukere"_qs, u"Bruker,KeyNummer"_qs, {kUser, u"+4790000008"_qs});
+    find<QTabBar>("TabStrip1").setCurrentIndex(1);
+    find<QTabBar>("TabStrip1").setCurrentIndex(0);
+    EXPECT_EQ(rowsShown(), 1);
+    // Where it cannot be opened nothing of the former file is left, and no box but two comes up.
+    person.picksFile(other.path(), kFilter, other.filePath(u"borte.mdb"_qs));
     person.answers(u"Finner ikke databasefilen"_qs, 60s);
     person.answers(u"Ingen database er åpen"_qs, 60s);
     entry("mnuFileDatabase").trigger();
@@ -117,6 +115,9 @@ TEST_F(DatabaseMaintenance, LeavesNothingOfTheFormerFileWhereTheChosenOneCannotB
                                  &screen->recordsets().rsSmsOutbox}) {
         EXPECT_FALSE(set->isOpen());
     }
+    person.answers(u"Ingen database er åpen"_qs); // OpenRecordsets
+    screen->unload();
+    EXPECT_EQ(settings.get(u"DBPath"_qs, {}), other.filePath(u"borte.mdb"_qs));
 }
 
 TEST_F(DatabaseMaintenance, CompactsWhenConfirmedAndConnectsAgainWhenItFailed)

@@ -88,7 +88,7 @@ TEST_F(ConnectionTest, FullDiskFailsTheWholeWorkThoughItsStepIsCaught)
     EXPECT_EQ(database.single(u"SELECT count(*) FROM TBLLanguage"_qs), u"0");
 }
 
-TEST_F(ConnectionTest, ReaderMayRunTheSameStatementAgain)
+TEST_F(ConnectionTest, ValuesComeBackAsTheyWereAndAReaderMayRunItsStatementAgain)
 {
     const QString sql = u"SELECT ID FROM TBLLanguage WHERE ID <= 3"_qs;
     int inner = 0;
@@ -96,10 +96,6 @@ TEST_F(ConnectionTest, ReaderMayRunTheSameStatementAgain)
         database.look().run(sql, {}, [&](const QVariantList &) { ++inner; });
     });
     EXPECT_EQ(inner, 9);
-}
-
-TEST_F(ConnectionTest, ValuesComeBackAsTheyWere)
-{
     const QVariantList values = {u"Æ 'x'\u20AC"_qs, 5'000'000'000LL, 0.5, {}, QString(), true};
     QVariantList read;
     database.look().run(u"SELECT ?, ?, ?, ?, ?, ?"_qs, values,
@@ -195,11 +191,7 @@ TEST_F(ConnectionTest, LookupsAreAnsweredByAnIndex)
         EXPECT_THAT(steps.toStdString(), HasSubstr(index));
         EXPECT_FALSE(steps.contains(u"SCAN")) << steps.toStdString();
     }
-}
-
-TEST_F(ConnectionTest, LogOfADoorIsSortedByItsIndex)
-{
-    for (const QString &way : {u""_qs, u" DESC"_qs}) {
+    for (const QString &way : {u""_qs, u" DESC"_qs}) { // the log of a door is sorted by its index
         const QString steps = plan(u"LOGGData WHERE %1 ORDER BY %2%3, [Rad]%3"_qs.arg(
             equals(u"KeyNummer"_qs), comparedForm(u"Dato"_qs), way));
         EXPECT_THAT(steps.toStdString(), HasSubstr("LOGGData_KeyNummer"));
