@@ -8,6 +8,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 
 namespace {
@@ -72,12 +73,13 @@ void compactDatabase(const QString &path, const QString &tempPath, const QString
     NewFile compacted(tempPath);
     rewrite(compactionString(path), compactionString(tempPath), alone);
     compacted.keep();
-    QFile file(path);
+    // Behind a link it is the file that others have open tomorrow.
+    QFile file(QFileInfo(path).canonicalFilePath());
     if (!file.remove()) {
         fail(QT_TRANSLATE_NOOP("Compaction", "Kan ikke slette %1: %2"), file);
     }
     QFile temp(tempPath);
-    if (!temp.rename(path)) {
+    if (!temp.rename(file.fileName())) {
         fail(QT_TRANSLATE_NOOP("Compaction", "Kan ikke gi %1 nytt navn: %2"), temp);
     }
 }

@@ -191,6 +191,10 @@ TEST_F(ConnectionTest, LookupsAreAnsweredByAnIndex)
         EXPECT_THAT(steps.toStdString(), HasSubstr(index));
         EXPECT_FALSE(steps.contains(u"SCAN")) << steps.toStdString();
     }
+    for (const QString &number : u"Bruker,BrukerKort,CMGS,Dato,FraNummer,FraNummerKort,KeyBruker,"
+                                 "KeyNummer,KeyUser,TilNummer,TilNummerKort"_qs.split(u',')) {
+        EXPECT_EQ(sortedForm(number), comparedForm(number)) << "the form that an index has";
+    }
     for (const QString &way : {u""_qs, u" DESC"_qs}) { // the log of a door is sorted by its index
         const QString steps = plan(u"LOGGData WHERE %1 ORDER BY %2%3, [Rad]%3"_qs.arg(
             equals(u"KeyNummer"_qs), comparedForm(u"Dato"_qs), way));

@@ -13,8 +13,9 @@ TEST_F(EngineFunctionsTest, SortKeysOrderAsTheColumnItself)
           -9007199254740992.0, 9223372036854775808.0, -9223372036854775808.0}) {
         values += number;
     }
-    for (const qlonglong number : {9007199254740993LL, -9007199254740993LL, LLONG_MAX,
-                                   LLONG_MAX - 1, LLONG_MIN, LLONG_MIN + 1}) {
+    for (const qlonglong number :
+         {9007199254740993LL, -9007199254740993LL, LLONG_MAX, LLONG_MAX - 1, LLONG_MAX - 700,
+          LLONG_MAX - 800, LLONG_MIN, LLONG_MIN + 1}) {
         values += number;
     }
     const QString texts =

@@ -221,6 +221,16 @@ TEST_F(CompactionTest, CutOffAnywhereLeavesTheDatabaseAndAWholeBackup)
     }
 }
 
+TEST_F(CompactionTest, FileBehindALinkIsTheOneThatIsCompacted)
+{
+    const qint64 before = sizeOf(module.DatabasePath);
+    module.DatabasePath = database.filePath(u"snarvei.mdb"_qs);
+    ASSERT_TRUE(QFile::link(database.path(), module.DatabasePath));
+    recordsets.OpenDatabase();
+    EXPECT_FALSE(recordsets.CompactFailed);
+    EXPECT_LT(sizeOf(database.path()), before);
+}
+
 TEST_F(CompactionTest, NeedsALockOfItsOwn)
 {
     const QString lock = module.DatabasePath + u"-lock"_qs;
