@@ -61,18 +61,4 @@ TEST_F(SharedFileTest, SortedWalkPassesOverARowDeletedByAnother)
     EXPECT_EQ(ours.text(u"Etternavn"_qs), u"Moe");
 }
 
-TEST_F(SharedFileTest, LockedFileKeepsTheTypedValuesForTheNextTry)
-{
-    const auto busy = database.open();
-    const auto impatient = database.open();
-    impatient->run(u"PRAGMA busy_timeout = 0"_qs);
-    ours.open(impatient, {.source = u"Katalog"_qs, .columns = {u"Etternavn"_qs}});
-    ours.setValue(u"Etternavn"_qs, u"Moe"_qs);
-    busy->run(u"BEGIN EXCLUSIVE"_qs);
-    EXPECT_THAT(failureOf([&] { ours.update(); }), HasSubstr("låst av et annet program"));
-    busy->run(u"COMMIT"_qs);
-    ours.update();
-    EXPECT_EQ(stored(), u"Moe");
-}
-
 } // namespace
