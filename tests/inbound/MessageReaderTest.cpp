@@ -320,7 +320,7 @@ TEST_F(MessageReading, MessageWaitsInTheModemForRoomOnTheDiskAndTheOperatorHears
 TEST_F(MessageReading, MessageWaitsInTheModemForTheDatabase)
 {
     const auto connection = std::exchange(module.DatabaseConnection, nullptr);
-    person.answers(u"Ingen database er åpen"_qs, Answer::Ok, 10min);
+    person.answers(u"Ingen database er åpen"_qs, 10min);
     clock.after(5min, [&] { // the box still stands, and holds nothing up
         EXPECT_THAT(commands, IsEmpty());
         module.DatabaseConnection = connection;
