@@ -111,6 +111,7 @@ TEST_F(RecordsetsTest, FailureIsShownAndStopsTheRefreshWhereItStands)
 
 TEST_F(RecordsetsTest, MissingDatabaseIsShownAndLeavesNoConnection)
 {
+    recordsets.OpenRecordsets();
     module.DatabasePath = database.filePath(u"borte.mdb"_qs);
     person.answers(u"Finner ikke databasefilen"_qs);
     recordsets.OpenDatabase();
