@@ -45,6 +45,25 @@ QString translated(const char *text)
     }
 }
 
+/// Whether the machine failed, not the statement: then no other write of the same work may count. A
+/// row that the file refuses is not meant, nor a statement that is none.
+bool isOfMachine(sqlite3 *database)
+{
+    switch (sqlite3_errcode(database)) {
+    case SQLITE_FULL:
+    case SQLITE_IOERR:
+    case SQLITE_NOMEM:
+    case SQLITE_READONLY:
+    case SQLITE_CANTOPEN:
+    case SQLITE_PERM:
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+        return true;
+    default:
+        return false;
+    }
+}
+
 void check(sqlite3 *database, int result)
 {
     if (result != SQLITE_OK) {
@@ -232,10 +251,12 @@ struct Connection::Private {
     }
 
     /// @throws RuntimeFailure when the engine has given the transaction up by itself, as on a full
-    /// disk: whatever is still to follow must not be written piece by piece.
+    /// disk: whatever is still to follow must not be written piece by piece. A file that takes no
+    /// write, or a folder that takes no journal, leaves the transaction standing: nothing of it
+    /// would be written, and its end would succeed.
     void failIfGivenUp() const
     {
-        if (inTransaction && sqlite3_get_autocommit(opened()) != 0) {
+        if (inTransaction && (machineFailed || sqlite3_get_autocommit(opened()) != 0)) {
             throw RuntimeFailure(givenUpBecause);
         }
     }
@@ -243,7 +264,8 @@ struct Connection::Private {
     std::chrono::milliseconds patience = kLongestWait;
     sqlite3 *database = nullptr;
     bool inTransaction = false;
-    QString givenUpBecause; ///< in the engine's words
+    bool machineFailed = false; ///< in a statement of the transaction
+    QString givenUpBecause;     ///< in the engine's words
     /// Prepared statements by their text. One at work is not here, so that its reader may run the
     /// same text again.
     QCache<QString, Statement> idle{kPreparedStatements};
@@ -329,6 +351,7 @@ void Connection::run(const QString &sql, const QVariantList &values,
             return loan.statement->step();
         } catch (const RuntimeFailure &failure) {
             d->givenUpBecause = failure.description();
+            d->machineFailed = d->database != nullptr && isOfMachine(d->database);
             throw;
         }
     };
@@ -402,6 +425,7 @@ void Connection::between(const QString &begin, const std::function<void()> &work
     run(begin);
     const Rollback unlessCommitted{*d};
     d->inTransaction = true;
+    d->machineFailed = false;
     work();
     run(QStringLiteral("COMMIT"));
 }

@@ -88,6 +88,18 @@ TEST_F(ConnectionTest, FullDiskFailsTheWholeWorkThoughItsStepIsCaught)
     EXPECT_EQ(database.single(u"SELECT count(*) FROM TBLLanguage"_qs), u"0");
 }
 
+TEST_F(ConnectionTest, FileThatTakesNoWriteFailsTheWholeWorkThoughItsStepIsCaught)
+{
+    EXPECT_THROW(database.look().transaction([&] {
+        run(u"PRAGMA query_only = ON"_qs); // as on a folder that takes no journal
+        EXPECT_THROW(run(u"DELETE FROM Passwords"_qs), RuntimeFailure);
+    }),
+                 RuntimeFailure);
+    run(u"PRAGMA query_only = OFF"_qs);
+    database.look().transaction([&] { run(u"DELETE FROM Passwords"_qs); });
+    EXPECT_EQ(database.single(u"SELECT count(*) FROM Passwords"_qs), u"0");
+}
+
 TEST_F(ConnectionTest, ValuesComeBackAsTheyWereAndAReaderMayRunItsStatementAgain)
 {
     const QString sql = u"SELECT ID FROM TBLLanguage WHERE ID <= 3"_qs;
