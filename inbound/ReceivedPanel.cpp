@@ -77,7 +77,11 @@ void ReceivedPanel::showCurrent(const Recordset &rsSmsReceived)
     ui_->SMSRectxt_0->setText(value(u"ID"_qs));
     ui_->SMSRectxt_1->setText(value(u"FraNummer"_qs));
     ui_->SMSRectxt_2->setText(value(u"Dato"_qs));
-    ui_->SMSRectxt_3->setPlainText(value(u"SMS_Text"_qs));
+    // Each tick comes here: whoever is reading keeps the place, and nothing is laid out anew.
+    if (const QString text = value(u"SMS_Text"_qs); text != shownText_) {
+        shownText_ = text;
+        ui_->SMSRectxt_3->setPlainText(text);
+    }
     ui_->SMSRectxt_4->setText(value(u"Etternavn"_qs));
     for (QLineEdit *field : findChildren<QLineEdit *>()) {
         field->setCursorPosition(0); // a long value shows its start

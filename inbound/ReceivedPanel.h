@@ -46,4 +46,5 @@ private:
     Operator &operator_;
     std::unique_ptr<Ui::ReceivedPanel> ui_;
     qint64 messageOnScreen_ = 0;
+    QString shownText_; ///< as it was set: the box has other line ends
 };
