@@ -66,12 +66,13 @@ void Application::openMainScreen()
         }
     });
     module_.GridFilter = QStringLiteral("1");
+    // The load starts the modem, and a box that it opens may stand for hours: without the tables
+    // every message that comes meanwhile would be filed without its text.
+    frmMain_->modemLink().tables.BuildCharacterTables();
     frmMain_->load();
     if (machine_.clock.hasEnded()) {
         return;
     }
-    // Only now: the modem may have been initialised already, which needs no table.
-    frmMain_->modemLink().tables.BuildCharacterTables();
     frmMain_->show();
     frmMain_->activateWindow();
 }

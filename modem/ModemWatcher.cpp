@@ -143,9 +143,7 @@ bool ModemWatcher::startAnew()
     startedAnew_ = clock_.elapsed();
     view_.setPanel(kInboundPanel,
                    QCoreApplication::translate("ModemWatcher", "Modemet settes opp på nytt"));
-    if (SetUpAgain()) {
-        hasForgotten_ = false;
-    }
+    kept([this] { hasForgotten_ = !SetUpAgain() && hasForgotten_; });
     return true;
 }
 

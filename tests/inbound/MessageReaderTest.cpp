@@ -135,7 +135,8 @@ const Listed kListings[] = {
     {"what comes unasked, before the text and behind it",
      {kUnread +
       QByteArray("^RSSI:3\r\n\r\n+CRING: VOICE\r\n\r\nRING\r\n\r\n+CLIP: \"+4712345678\",145\r\n"
-                 "Hei\r\n+CREG: 1\r\n\r\nNO CARRIER\r\n") +
+                 "Hei\r\n+CREG: 1\r\n\r\nNO CARRIER\r\nNO ANSWER\r\nBUSY\r\nNO DIALTONE\r\n"
+                 "NO DIAL TONE\r\n*PSUTTZ: 1\r\n%CSQ: 1\r\n$X: 1\r\n#STN: 25\r\n") +
       kOk},
      kOk,
      {"Hei"},
@@ -271,6 +272,12 @@ TEST_F(MessageReading, PortThatGoesInTheMiddleLeavesTheLinkReady)
     EXPECT_EQ(store.size(), 1U);
     EXPECT_TRUE(link.TimerCom->isEnabled());
     EXPECT_FALSE(link.flags.ReadingMessages);
+    shown = [] {};
+    port.plugIn();
+    open(false);
+    lists();
+    EXPECT_EQ(rows("SMS_Received").size(), 1U);
+    EXPECT_THAT(commands, ElementsAre("AT+CMGD=7"));
 }
 
 TEST_F(MessageReading, PortThatGoesInTheMiddleOfATextLeavesTheMessageThere)
