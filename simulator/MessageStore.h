@@ -4,6 +4,7 @@
 #include <QDateTime>
 #include <QString>
 
+#include <functional>
 #include <map>
 #include <optional>
 
@@ -39,14 +40,33 @@ public:
     std::optional<int> add(MessageRecord record);
     /// Nothing at an empty or unknown place.
     MessageRecord *find(int index);
-    bool remove(int index) { return records_.erase(index) > 0; }
+    bool remove(int index)
+    {
+        return std::erase_if(records_, [&](const auto &entry) {
+                   return entry.first == index && goes(entry.second);
+               }) > 0;
+    }
     /// Removes every record that the condition holds for.
     template <class Condition> void removeIf(Condition condition)
     {
-        std::erase_if(records_, [&](const auto &entry) { return condition(entry.second); });
+        std::erase_if(records_, [&](const auto &entry) {
+            return condition(entry.second) && goes(entry.second);
+        });
     }
+    void setCapacity(int capacity) { capacity_ = capacity; }
+
+    /// Sees each record that is removed.
+    std::function<void(const MessageRecord &)> onRemoval;
 
 private:
+    bool goes(const MessageRecord &record)
+    {
+        if (onRemoval) {
+            onRemoval(record);
+        }
+        return true;
+    }
+
     int capacity_;
     std::map<int, MessageRecord> records_;
 };

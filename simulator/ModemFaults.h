@@ -36,10 +36,14 @@ struct ModemFaults {
     bool mute = false;
     /// Time from one character to the next on the way out; 0 sends each answer at once.
     milliseconds perCharacter{0};
+    /// Time from one line to the next on the way out.
+    milliseconds perLine{0};
     /// Every character reaches the PC in a piece of its own.
     bool split = false;
     /// What is said in this time comes in one piece, and one line end stands between two answers.
     milliseconds heldBack{0};
+    /// "+CMGS:5" for "+CMGS: 5", and so in all that is told of messages.
+    bool noBlanks = false;
     /// What comes for each CR LF.
     QByteArray lineEnd = "\r\n";
     /// "ATE0" is answered "OK" and changes nothing.
@@ -51,6 +55,8 @@ struct ModemFaults {
     FaultCount lineBeforeAnswer;
     FaultCount lineInRecord;
     FaultCount lineInSubmission;
+    /// And behind any line of a listing: the first time behind the first, then behind the second.
+    FaultCount lineInListing;
     QByteArray unsolicited = "+CMTI: \"SM\",19";
 
     // Submissions.
@@ -90,6 +96,12 @@ struct ModemFaults {
     bool wrongPlace = false;
     /// "AT+CMGD" is answered "ERROR".
     FaultCount refuseDeletion;
+    /// It deletes, and says nothing.
+    FaultCount silentDeletion;
+    /// Nobody is told of a message that comes, only that the storage is full when it is.
+    bool tellsFullOnly = false;
+    /// A modem that forgets its settings lists in PDU mode until "AT+CMGF=1".
+    bool forgetsTextMode = false;
     /// Fourth field of a received message's header: the name that the modem's phone book has.
     QByteArray phoneBookName;
     /// Status reports name the recipient also without "AT+CSDH=1".

@@ -192,9 +192,15 @@ void SimulatedModem::answer(const QByteArray &text)
 {
     if (faults_.garbage) {
         write(noise());
-    } else {
-        write((settings_.verbose ? "\r\n" : "") + text + "\r\n");
+        return;
     }
+    QByteArray framed = (settings_.verbose ? "\r\n" : "") + text + "\r\n";
+    for (const char *name : {"+CMGS:", "+CMGL:", "+CMTI:", "+CDSI:"}) {
+        if (faults_.noBlanks) {
+            framed.replace(QByteArray(name) + ' ', name);
+        }
+    }
+    write(framed);
 }
 
 void SimulatedModem::notify(const QByteArray &text)
@@ -226,7 +232,7 @@ void SimulatedModem::write(const QByteArray &bytes)
     QByteArray framed = bytes;
     framed.replace("\r\n", faults_.lineEnd);
     waiting_ += framed.left(kMostOutput - waiting_.size());
-    const milliseconds pace = std::max(faults_.perCharacter, faults_.heldBack);
+    const milliseconds pace = std::max({faults_.perCharacter, faults_.heldBack, faults_.perLine});
     if (pace <= 0ms) {
         writeWaiting();
     } else if (!pacer_->isEnabled()) {
@@ -238,7 +244,8 @@ void SimulatedModem::write(const QByteArray &bytes)
 void SimulatedModem::writeWaiting()
 {
     const bool isSlow = faults_.perCharacter > 0ms;
-    QByteArray bytes = isSlow ? waiting_.left(1) : waiting_;
+    const qsizetype lineEnd = faults_.perLine > 0ms ? waiting_.indexOf('\n') + 1 : 0;
+    QByteArray bytes = isSlow ? waiting_.left(1) : lineEnd > 0 ? waiting_.left(lineEnd) : waiting_;
     waiting_.remove(0, bytes.size());
     if (waiting_.isEmpty()) {
         pacer_->setEnabled(false);

@@ -5,6 +5,8 @@
 #include "simulator/ModemFaults.h"
 #include "simulator/SmsNetwork.h"
 
+#include <QByteArrayList>
+
 #include <array>
 #include <deque>
 
@@ -32,6 +34,8 @@ public:
     /// The PC has gone: half a command, a text without its end and characters not yet on the
     /// line are forgotten. Settings and storage stay.
     void lineClosed();
+    /// The modem starts anew by itself, with the settings that "AT&W" stored or with the factory's.
+    void restart(bool forgets) { restart(forgets ? forgotten() : saved_); }
     /// Puts characters of any kind on the line, as a disturbance would.
     void inject(const QByteArray &bytes) { write(bytes); }
 
@@ -54,6 +58,7 @@ private:
         bool echo = true;
         bool quiet = false;
         bool verbose = true;
+        bool text = true;
         int errors = 0;
         int details = 0;
         int clip = 0;
@@ -134,7 +139,10 @@ private:
     void waitIsOver();
     void submit();
     void answerSubmission();
+    Settings forgotten() const;
     void restart(const Settings &settings);
+    QByteArray listing(const QByteArrayList &entries);
+    void tellOf(const char *name, int index);
     /// The number by which the line knows a place of the store, and the other way round.
     int placeNumber(int index) const { return index + faults_.firstPlace - 1; }
     int placeOf(const AtValue &number) const;
@@ -169,6 +177,7 @@ private:
     QByteArray input_;
     QByteArray line_;
     QByteArray text_;
+    int linesBefore_ = 0; ///< the next unsolicited line of a listing
     QString recipient_;
     QByteArray waiting_;
     std::deque<QByteArray> notices_;

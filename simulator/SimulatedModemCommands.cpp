@@ -180,7 +180,11 @@ SimulatedModem::Result SimulatedModem::cmgf(const AtCommand &command)
         answer(command.kind == Kind::Read ? "+CMGF: 1" : "+CMGF: (1)");
         return kOk;
     }
-    return command.kind == Kind::Set && command.arguments == "1" ? kOk : kError;
+    if (command.kind != Kind::Set || command.arguments != "1") {
+        return kError;
+    }
+    settings_.text = true;
+    return kOk;
 }
 
 SimulatedModem::Result SimulatedModem::cscs(const AtCommand &command)

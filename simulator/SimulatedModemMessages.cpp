@@ -75,6 +75,11 @@ SimulatedModem::Result SimulatedModem::cmgl(const AtCommand &command)
         if (word != "ALL" && word != record.statusWord()) {
             continue;
         }
+        if (!settings_.text) {
+            // What stands in a PDU is nothing to a reader of texts.
+            entries += "+CMGL: " + namedPlace(index) + ",1,,24\r\n0791" + record.text.toHex();
+            continue;
+        }
         entries +=
             listLines(namedPlace(index), record, {listsDetails(record), faults_.phoneBookName});
         if (record.kind != MessageRecord::Kind::Report && faults_.lineInRecord.take()) {
@@ -84,9 +89,24 @@ SimulatedModem::Result SimulatedModem::cmgl(const AtCommand &command)
         store.find(index)->read = true;
     }
     if (!entries.isEmpty()) {
-        answer(entries.join("\r\n"));
+        answer(listing(entries));
     }
     return kOk;
+}
+
+QByteArray SimulatedModem::listing(const QByteArrayList &entries)
+{
+    const QByteArray whole = entries.join("\r\n");
+    if (!faults_.lineInListing.take()) {
+        return whole;
+    }
+    QByteArray lines = whole;
+    qsizetype end = -1;
+    for (int line = 0; line <= linesBefore_; ++line) {
+        end = lines.indexOf("\r\n", end + 1);
+    }
+    linesBefore_ = end < 0 ? 0 : linesBefore_ + 1;
+    return end < 0 ? lines : lines.insert(end, "\r\n\r\n" + faults_.unsolicited + "\r\n");
 }
 
 SimulatedModem::Result SimulatedModem::cmgr(const AtCommand &command)
@@ -121,6 +141,10 @@ SimulatedModem::Result SimulatedModem::cmgd(const AtCommand &command)
     const int flag = values.size() > 1 ? values[1].number().value_or(-1) : 0;
     if (flag < 0 || flag > 4) {
         return cms(kInvalidTextParameter);
+    }
+    if (flag == 0 && faults_.silentDeletion.take()) {
+        store.remove(values.empty() ? 0 : placeOf(values[0]));
+        return kNone;
     }
     if (flag == 0) {
         return !values.empty() && store.remove(placeOf(values[0])) ? kOk : cms(kInvalidIndex);
@@ -232,8 +256,18 @@ void SimulatedModem::waitIsOver()
     takeInput();
 }
 
+SimulatedModem::Settings SimulatedModem::forgotten() const
+{
+    Settings settings;
+    settings.text = !faults_.forgetsTextMode;
+    return settings;
+}
+
 void SimulatedModem::restart(const Settings &settings)
 {
+    state_ = State::Command;
+    busy_->setEnabled(false);
+    line_.clear();
     settings_ = settings;
     saved_ = settings;
     input_.clear();
@@ -253,7 +287,7 @@ void SimulatedModem::endText()
             return;
         }
         if (faults_.restartForgetful.take()) {
-            restart(Settings());
+            restart(forgotten());
             return;
         }
         if (faults_.lineInSubmission.take()) {
@@ -309,12 +343,15 @@ bool SimulatedModem::takeMessage(const SmsMessage &message)
 {
     MessageStore &store = memory(memories_[2]);
     if (!hasRoom(store)) {
+        if (faults_.tellsFullOnly) {
+            notify("^SMMEMFULL: \"" + memories_[2] + '"');
+        }
         return false;
     }
     const auto index =
         store.add({.number = message.from, .text = message.text, .stamp = message.sentAt});
-    if (settings_.cnmi[1] == 1) {
-        notify("+CMTI: \"" + memories_[2] + "\"," + namedPlace(*index));
+    if (settings_.cnmi[1] == 1 && !faults_.tellsFullOnly) {
+        tellOf("+CMTI", *index);
     }
     return true;
 }
@@ -335,8 +372,13 @@ bool SimulatedModem::takeReport(const SmsReport &report)
                                   .reference = report.reference,
                                   .status = report.status,
                                   .firstOctet = 6});
-    notify("+CDSI: \"" + memories_[2] + "\"," + namedPlace(*index));
+    tellOf("+CDSI", *index);
     return true;
+}
+
+void SimulatedModem::tellOf(const char *name, int index)
+{
+    notify(QByteArray(name) + ": \"" + memories_[2] + "\"," + namedPlace(index));
 }
 
 QByteArray SimulatedModem::counts(const QByteArray &name)

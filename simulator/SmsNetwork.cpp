@@ -33,6 +33,11 @@ void SmsNetwork::setObserver(std::function<void(const SmsMessage &, bool)> obser
     observer_ = std::move(observer);
 }
 
+void SmsNetwork::setFate(std::function<std::vector<milliseconds>(const SmsMessage &)> fate)
+{
+    fate_ = std::move(fate);
+}
+
 void SmsNetwork::send(const QString &from, const QString &to, const QByteArray &text,
                       milliseconds extraDelay)
 {
@@ -49,7 +54,9 @@ void SmsNetwork::submit(SmsMessage message, milliseconds extraDelay)
 {
     message.sentAt = clock_.now().addMSecs(extraDelay.count());
     const QString recipient = international(message.to);
-    post({0ms, recipient, std::move(message), std::nullopt}, kDelay + extraDelay);
+    for (const milliseconds late : fate_ ? fate_(message) : std::vector{0ms}) {
+        post({0ms, recipient, message, std::nullopt}, kDelay + extraDelay + late);
+    }
 }
 
 void SmsNetwork::post(Parcel parcel, milliseconds after)

@@ -71,6 +71,9 @@ public:
     /// The phone has room again: what was kept for it is offered once more, oldest first.
     void memoryAvailable(const QString &number);
 
+    /// Decides for each message how much later than usual it comes, or that it comes more than
+    /// once, or not at all.
+    void setFate(std::function<std::vector<milliseconds>(const SmsMessage &)> fate);
     /// Sees every message at the moment it reaches (or fails to reach) its phone.
     void setObserver(std::function<void(const SmsMessage &, bool delivered)> observer);
 
@@ -95,5 +98,6 @@ private:
     std::map<QString, SmsPhone> phones_;
     std::vector<Parcel> underway_; ///< by due time, those of one time in the order of sending
     std::map<QString, std::deque<Parcel>> kept_;
+    std::function<std::vector<milliseconds>(const SmsMessage &)> fate_;
     std::function<void(const SmsMessage &, bool)> observer_;
 };

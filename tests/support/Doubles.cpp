@@ -73,6 +73,9 @@ Answer ScriptedOperator::messageBox(const QString &text, const QString &title, B
     if (isPatient) {
         return Answer::Ok;
     }
+    if (habit) {
+        return habit(text);
+    }
     texts.append(text);
     const auto line = next(buttons == Buttons::Ok ? Kind::Note : Kind::Question, text, title);
     return line ? line->answer : Answer::Cancel;
@@ -83,12 +86,18 @@ QString ScriptedOperator::inputBox(const QString &prompt, const QString &title,
 {
     lastPrompt = prompt;
     lastPreset = preset;
+    if (typing) {
+        return typing(title);
+    }
     const auto line = next(Kind::Input, prompt, title);
     return line ? line->typed : QString();
 }
 
 QString ScriptedOperator::chooseFile(const QString &startFrom, const QString &filter)
 {
+    if (browsing) {
+        return browsing();
+    }
     const auto line = next(Kind::File, startFrom, filter);
     return line ? line->typed : QString();
 }

@@ -46,7 +46,12 @@ public:
     bool isBusy() const { return !busy_.isEmpty(); }
 
     bool isPatient = false; ///< closes every box, script or not
-    QStringList texts;      ///< of all boxes, in order
+    /// Instead of a script: what this person does at every box, types into every input box, and
+    /// picks whenever a file is asked for.
+    std::function<Answer(const QString &text)> habit;
+    std::function<QString(const QString &title)> typing;
+    std::function<QString()> browsing;
+    QStringList texts; ///< of all boxes, in order
     QString lastPrompt;
     QString lastPreset;
     int beeps = 0;
@@ -89,9 +94,12 @@ public:
     }
     void save(const QString &key, const QString &value) override
     {
-        values[key.toLower()] = value;
-        saved.append(key);
+        if (!isLocked) {
+            values[key.toLower()] = value;
+            saved.append(key);
+        }
     }
+    bool isLocked = false;         ///< nothing is saved any more
     QMap<QString, QString> values; ///< by lower-case key
     QStringList saved;             ///< keys in the order of saving
 };

@@ -83,6 +83,9 @@ bool VirtualClock::runNext(milliseconds until)
 
 void VirtualClock::yield(milliseconds atMost)
 {
+    if (onYield) {
+        onYield();
+    }
     throwIfEnded();
     if (++standingStill_ > kHang) {
         std::fputs("The program waits without the time ever moving.\n", stderr);

@@ -19,6 +19,12 @@ public:
     std::unique_ptr<Timer> timer(std::function<void()> tick) override;
     void end() override { ended_ = true; }
     bool hasEnded() const override { return ended_; }
+    /// The program's thread stands still for so long: nothing happens meanwhile, and late then.
+    void stand(milliseconds time) { elapsed_ += time; }
+    /// For another start of the program; the world outside goes on as it was.
+    void goOn() { ended_ = false; }
+
+    std::function<void()> onYield; ///< called when the program waits
 
     /// Something of the world outside that happens once, behind the delay.
     void after(milliseconds delay, std::function<void()> happening);

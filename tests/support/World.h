@@ -33,11 +33,17 @@ public:
     World() : World(Setup{}) {}
     ~World();
 
-    frmMain &screen() { return *application_.mainScreen(); }
+    /// The same for another start on the same file. Gives false when the main screen did not come.
+    bool start();
+    /// Takes a program away that has ended; the world goes on without it.
+    void takeDown();
+
+    frmMain &screen() { return *application_->mainScreen(); }
     ModemLink &modemLink() { return screen().modemLink(); }
     /// Text of a panel of the status bar, 1 to 3.
     QString panel(int number);
-    Application &application() { return application_; }
+    Application &application() { return *application_; }
+    TestDatabase &database() { return database_; }
     DoorUnit &door(std::size_t i = 0) { return *doors_[i]; }
 
     /// The control of this name on the main screen.
@@ -78,11 +84,12 @@ public:
     QStringList received(const QString &number) const { return receivedBy_.value(number); }
 
 private:
-    void login();
+    void login(int start);
 
     TestDatabase database_;
     Line line_;
+    int starts_ = 0; ///< ended ones count twice
     std::vector<std::unique_ptr<DoorUnit>> doors_;
     QMap<QString, QStringList> receivedBy_;
-    Application application_{{clock, person, settings, host, port, socket}};
+    std::unique_ptr<Application> application_;
 };

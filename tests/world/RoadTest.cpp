@@ -94,6 +94,22 @@ TEST_F(WorldOnCom, DeletedUserLeavesTheDoorAndTheTable)
     EXPECT_TRUE(door().users().empty());
 }
 
+// An answer that was read in between would set the pace anew.
+TEST_F(WorldOnCom, SendsOneMessageInThirtySeconds)
+{
+    door().setAnswerDelay(10min);
+    registerUser(kUser);
+    registerUser(u"+4791234568"_qs);
+    milliseconds reached[2] = {};
+    for (int i = 0; i < 2; ++i) {
+        const auto isThere = [&] { return received(u"+4790000001"_qs).size() == i + 1; };
+        ASSERT_TRUE(clock.runUntil(isThere, 2min));
+        reached[i] = clock.elapsed();
+    }
+    EXPECT_GE(reached[1] - reached[0], 30s);
+    EXPECT_LT(reached[1] - reached[0], 33s);
+}
+
 TEST_F(WorldOnCom, ClosingInTheMiddleOfASubmissionEndsAtOnceAndKeepsTheMessage)
 {
     modem.setSubmissionTime(15s);
