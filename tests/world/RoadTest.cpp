@@ -1,5 +1,7 @@
 #include "support/World.h"
 
+#include <QAbstractButton>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -147,10 +149,11 @@ TEST(WorldOnNetwork, ButtonsOfTheNetworkModemWorkTheLine)
     world.click("Command3");
     EXPECT_EQ(world.socket.written.count("AT+CGMM"), 2);
 
-    auto &terminal = world.control<QWidget>("rtfTerminalScreen");
-    for (const bool shows : {true, false}) { // the group has brought it
+    for (const bool shows : {true, false}) { // the group has brought the box
         world.click("ComShowCom");
-        EXPECT_EQ(terminal.isVisible(), shows);
+        EXPECT_EQ(world.control<QWidget>("rtfTerminalScreen").isVisible(), shows);
+        EXPECT_EQ(world.control<QAbstractButton>("ComShowCom").text(),
+                  shows ? u"Skjul Modemkommunikasjon"_qs : u"Vis Modemkommunikasjon"_qs);
     }
 
     world.click("cmdDisconnect");
