@@ -136,7 +136,7 @@ TEST_F(Selection, ConnectsWithNothingLeftOfTheLineBefore)
 {
     open(false);
     link.line.SendData(u"old"_qs);
-    link.line.socketData(QByteArray::fromHex("FFFA01")); // half a telnet command
+    link.line.socketData("old\r\n" + QByteArray::fromHex("FFFA01")); // half a telnet command
     port.close();
     connect();
     EXPECT_FALSE(view.terminal.contains(u"old"_qs));

@@ -176,6 +176,11 @@ TEST_F(Watcher, DoesNothingOnATickWhileAFlagStands)
         link.watcher.timerSendTick();
         *flag = false;
     }
+    for (const LineOwner::Who who :
+         {LineOwner::Who::Interpreter, LineOwner::Who::Queue, LineOwner::Who::Initialiser}) {
+        const LineOwner::Turn turn(flags.owner, who);
+        link.watcher.timerSendTick();
+    }
     module.ModemReady = false;
     link.watcher.timerSendTick();
     EXPECT_EQ(steps, QStringList());
