@@ -106,14 +106,17 @@ QString Listing::readText()
 
 void Listing::readToEnd()
 {
+    bool isOk = false;
     for (int readings = 0; end_ == End::None && readings < kMostReadings; ++readings) {
         bool cameAnything = false;
         const bool ok = line_.WaitForModemOK([&](const QString &line) {
             cameAnything |= !line.isEmpty() && !isUnsolicited(line);
             judge(line);
         });
-        // Somebody's text may be just that; a modem sends what follows at once.
-        const bool atEnd = ok && !line_.lineFollows();
+        // Somebody's text may be just that; a modem sends what follows at once. What it says
+        // unasked may follow the end, too.
+        isOk = ok || (isOk && !cameAnything);
+        const bool atEnd = isOk && (!ok || !line_.lineFollows());
         end_ = atEnd ? End::Ok : ok || cameAnything ? End::None : End::Silence;
     }
 }

@@ -37,7 +37,7 @@ public:
     /// The modem started anew, the line is gone, or a header is cut: what came counts for nothing.
     bool isBroken() const { return isBroken_; }
     /// It stopped somewhere: the rest may come yet.
-    bool isSilent() const { return end_ == End::Silence && !isBroken_; }
+    bool isSilent() const { return end_ == End::Silence && !hasStarted_; }
     /// For the next listing.
     const QSet<QString> &oddLines() const { return oddLines_; }
 

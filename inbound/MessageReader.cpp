@@ -14,6 +14,7 @@
 #include "platform/RuntimeFailure.h"
 #include "platform/Text.h"
 
+#include <optional>
 #include <utility>
 
 namespace {
@@ -65,10 +66,13 @@ void MessageReader::Read_SMS_MessageTEXT()
         if (!rule_.step([&] { text = ownCharacters(listing.readText()); })) {
             listing.breakOff(); // the port is gone
         }
+        if (link_.flags.initialisations != initialisations) {
+            listing.breakOff(); // a click has read lines of it away, or chosen another modem
+        }
     }
     const bool comesAgain = isKnown(place, header, text);
     bool stored = comesAgain;
-    QString why;
+    std::optional<QString> why;
     if (!comesAgain && !listing.isBroken()) {
         if (received) {
             rule_.step([&] { record.setText(text); });
@@ -76,12 +80,15 @@ void MessageReader::Read_SMS_MessageTEXT()
         // All that a message changes, or nothing: a file that cannot be had leaves it in the modem,
         // and a power cut doesn't leave half of it. One that refuses a single row loses that row.
         const auto store = [&] {
+            if (!recordsets_.rsSmsReceived.isOpen()) {
+                recordsets_.reopen(); // or every step is passed over, and nothing fails
+            }
             if (received) {
                 file(record, stamp);
             }
             runFamilies(record, received);
         };
-        stored = rule_.step([&] { recordsets_.atOnce(store); }, &why);
+        stored = rule_.step([&] { recordsets_.atOnce(store); }, &why.emplace());
     }
 
     view_.setPanel(2, u"Klar for innkommende SMS"_qs); // in every language
@@ -93,7 +100,7 @@ void MessageReader::Read_SMS_MessageTEXT()
     }
     oddLines_ = listing.oddLines();
     bool isAnswered = true;
-    if (!listing.isBroken()) {
+    if (listing.isWhole()) {
         link_.line.takeSigns(); // a text may look like one
     }
     // A click may have chosen another modem meanwhile: what lies at the place there is not ours.
@@ -109,7 +116,9 @@ void MessageReader::Read_SMS_MessageTEXT()
     link_.TimerCom->setEnabled(true);
     link_.flags.ReadingMessages = false;
     link_.pace.restart(3000ms);
-    tellOnce(why);
+    if (why) {
+        tellOnce(*why);
+    }
 }
 
 /// A file that cannot be written keeps every message in the modem, which fills up: somebody must

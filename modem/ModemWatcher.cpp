@@ -143,7 +143,12 @@ bool ModemWatcher::startAnew()
     startedAnew_ = clock_.elapsed();
     view_.setPanel(kInboundPanel,
                    QCoreApplication::translate("ModemWatcher", "Modemet settes opp på nytt"));
-    kept([this] { hasForgotten_ = !SetUpAgain() && hasForgotten_; });
+    kept([this] {
+        if (SetUpAgain()) {
+            hasForgotten_ = false;
+            view_.setPanel(kInboundPanel, u"Klar for innkommende SMS"_qs); // in every language
+        }
+    });
     return true;
 }
 
@@ -155,16 +160,22 @@ bool ModemWatcher::awaitsListing() const
 
 void ModemWatcher::timerSendTick()
 {
-    if (!lineIsFree() || awaitsListing() || !module_.ModemReady || flags_.QueueRunning ||
-        flags_.ReadingMessages || flags_.ComposingSms || flags_.ModemInitRunning ||
-        flags_.WaitingForCmgs || startAnew()) {
+    // Without a line every message would be given up, one after the other.
+    if (!lineIsFree() || awaitsListing() || !module_.ModemReady || !line_.isOpen() ||
+        flags_.QueueRunning || flags_.ReadingMessages || flags_.ComposingSms ||
+        flags_.ModemInitRunning || flags_.WaitingForCmgs || startAnew()) {
         return;
     }
     const bool isOwed = listing_ == Listing::Owed || listing_ == Listing::AskedAndOwed;
     listing_ = Listing::None; // or lost
-    // A box may stand open in one of the steps, and other ticks do all of it meanwhile.
+    // A box may stand open in one of the steps, and other ticks do all of it meanwhile, or a
+    // listing begins, or the operator chooses another line.
     const auto unlessOvertaken = [this, tick = ++sendTicks_](const std::function<void()> &step) {
-        return [this, tick, step] { tick == sendTicks_ ? step() : void(); };
+        return [this, tick, step] {
+            const bool goesOn = tick == sendTicks_ && lineIsFree() && !awaitsListing() &&
+                                module_.ModemReady && !flags_.ModemInitRunning;
+            goesOn ? step() : void();
+        };
     };
     const auto refresh = unlessOvertaken([&] { refresh_([&] { recordsets_.reopen(); }); });
     skipped({unlessOvertaken([&] { StartNyBruker(); }), refresh,

@@ -141,6 +141,19 @@ const Listed kListings[] = {
      kOk,
      {"Hei"},
      1},
+    {"a notice behind the end of others",
+     {kUnread + QByteArray("Hei\r\n+CMGL: 8,\"REC READ\",\"+47\"\r\nHo\r\n") + kOk +
+      "\r\n^RSSI:3\r\n"},
+     kOk,
+     {"Hei"},
+     1},
+    {"a modem that starts anew behind another record",
+     {kUnread + QByteArray("Hei\r\n+CMGL: 8,\"REC READ\",\"+47\"\r\n\r\nRDY\r\n"),
+      kRead + QByteArray("Hei\r\n") + kOk},
+     kOk,
+     {"Hei"},
+     1,
+     true},
     {"a text that looks unasked",
      {kUnread + QByteArray("*100:5\r\n") + kOk, kUnread + QByteArray("RDY\r\n") + kOk},
      kOk,
@@ -251,6 +264,24 @@ TEST_F(MessageReading, RecordIsFiledOnceAndDeletedWhenItsListingWasSeenWhole)
     }
 }
 
+TEST_F(MessageReading, MessageWaitsForSetsThatCouldNotBeOpened)
+{
+    recordsets.rsSmsReceived.close(); // as when another PC held the file that was chosen
+    doorSays("Hovedport\n91234567 er lagt til");
+    EXPECT_EQ(rows("SMS_Received").size(), 1U);
+    EXPECT_EQ(rows("TBLbrukere").size(), 1U);
+}
+
+TEST_F(MessageReading, NothingIsFiledOfATextThatAClickHasReadInto)
+{
+    endsListing = false;
+    person.answers(u"Modem not found"_qs);
+    clock.after(1500ms, [&] { link.initialiser.InitModem(); });
+    port.feed(kUnread);
+    clock.run(2min);
+    EXPECT_THAT(rows("SMS_Received"), IsEmpty());
+}
+
 TEST_F(MessageReading, NothingIsDeletedOnAModemThatWasChosenMeanwhile)
 {
     shown = [&] { link.initialiser.InitModem(); };
@@ -275,7 +306,7 @@ TEST_F(MessageReading, PortThatGoesInTheMiddleLeavesTheLinkReady)
     shown = [] {};
     port.plugIn();
     open(false);
-    lists();
+    clock.run(10s);
     EXPECT_EQ(rows("SMS_Received").size(), 1U);
     EXPECT_THAT(commands, ElementsAre("AT+CMGD=7"));
 }

@@ -143,7 +143,10 @@ TEST_F(Watcher, TakesLinesThoughABoxHoldsUpTheReadThatItWasOpenedIn)
 TEST_F(Watcher, SetsUpAModemThatHasForgottenItsSettingsOnceAMinute)
 {
     int starts = 0;
-    link.watcher.SetUpAgain = [&] { return ++starts > 0; };
+    link.watcher.SetUpAgain = [&] {
+        EXPECT_EQ(view.panels.value(2), u"Modemet settes opp på nytt"_qs);
+        return ++starts > 0;
+    };
     const auto tickBehind = [&](const QByteArray &line) {
         link.line.SendData(u"AT+CMGL=ALL\r"_qs);
         port.feed(line + "\r\n");
@@ -155,7 +158,7 @@ TEST_F(Watcher, SetsUpAModemThatHasForgottenItsSettingsOnceAMinute)
     for (const char *sign : {"^SYSSTART", "AT+CMGL=ALL", "+CMGL: 7,1,,26"}) {
         tickBehind(sign);
         EXPECT_EQ(starts, ++expected) << sign;
-        EXPECT_EQ(view.panels.value(2), u"Modemet settes opp på nytt"_qs);
+        EXPECT_EQ(view.panels.value(2), u"Klar for innkommende SMS"_qs);
         tickBehind(sign);
         EXPECT_EQ(starts, expected) << "not so soon";
         clock.run(2min);
