@@ -3,8 +3,8 @@
 #include <utility>
 
 /// Who speaks with the modem: one at a time, since whoever reads takes the other's lines. A timer
-/// begins nothing while somebody does, unless a box holds his read up; a click may (a change of
-/// line, an initialisation), and then the line goes back to whom it belonged to.
+/// begins nothing while somebody does, unless a box holds the watcher's read up; a click may (a
+/// change of line, an initialisation), and then the line goes back to whom it belonged to.
 ///
 ///     Nobody ──► Queue          TimerSEND_SMS
 ///       │ │ └──► Initialiser    a click, or a modem that has forgotten its settings

@@ -67,7 +67,9 @@ private:
     ///       │ └─────────────────┘                        ▼
     ///       └──────────── (at the next tick) ─────────── Owed
     ///
-    /// What is not ended within kListingTimeOut is given up at the next tick.
+    /// What is not ended within kListingTimeOut is given up at the next tick; listingRests begins
+    /// that time anew. A notice inside the interpreter leads from None to Owed, another one behind
+    /// it straight to Asked.
     enum class Listing { None, Asked, AskedAndOwed, Owed };
 
     const Clock &clock_;

@@ -76,7 +76,7 @@ public:
     void queue(const OutboundSms &sms);
 
     /// Hands at most one waiting row to the modem. It never fails; what happened to the row stands
-    /// in its CMGS.
+    /// in its CMGS, as soon as the file takes it.
     /// @throws ProgramEnds when the program ends meanwhile.
     void SendQueuedSms();
 
