@@ -134,30 +134,27 @@ std::string Rules::noFiledMessageGoes()
     return {};
 }
 
-std::string Rules::noUserTwiceOnADoor()
+/// The first row of the statement in any file.
+std::string Rules::firstRow(const QString &sql)
 {
     for (int file = 0; file < Site::kFiles; ++file) {
-        const QStringList rows = site_.rows(
-            file, u"SELECT KeyBruker, KeyNummer, count(*) FROM TBLbrukere GROUP BY "
-                  "upper(rtrim(KeyBruker)), upper(rtrim(KeyNummer)) HAVING count(*) > 1"_qs);
-        if (!rows.isEmpty()) {
-            return rows.first().toStdString();
+        if (const QString row = site_.value(file, sql); !row.isEmpty()) {
+            return row.toStdString();
         }
     }
     return {};
 }
 
+std::string Rules::noUserTwiceOnADoor()
+{
+    return firstRow(u"SELECT KeyBruker, KeyNummer, count(*) FROM TBLbrukere GROUP BY "
+                    "upper(rtrim(KeyBruker)), upper(rtrim(KeyNummer)) HAVING count(*) > 1"_qs);
+}
+
 std::string Rules::everyUserIsInTheCatalogue()
 {
-    for (int file = 0; file < Site::kFiles; ++file) {
-        const QStringList rows =
-            site_.rows(file, u"SELECT KeyBruker FROM TBLbrukere WHERE upper(rtrim(KeyBruker)) NOT "
-                             "IN (SELECT upper(rtrim(Bruker)) FROM Katalog)"_qs);
-        if (!rows.isEmpty()) {
-            return rows.first().toStdString();
-        }
-    }
-    return {};
+    return firstRow(u"SELECT KeyBruker FROM TBLbrukere WHERE upper(rtrim(KeyBruker)) NOT IN "
+                    "(SELECT upper(rtrim(Bruker)) FROM Katalog)"_qs);
 }
 
 /// A lost SMS may leave "Registrerer" for ever: nothing ties an answer to its command. So this asks

@@ -37,6 +37,7 @@ private:
     std::string memoryIsFlat();
 
     void readMessages();
+    std::string firstRow(const QString &sql);
     std::string others(int file);
 
     Site &site_;
