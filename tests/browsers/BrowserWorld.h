@@ -6,6 +6,7 @@
 #include "support/FakeMachine.h"
 #include "support/TestDatabase.h"
 
+#include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QHeaderView>
 #include <QLabel>
@@ -16,10 +17,19 @@
 
 #include <gtest/gtest.h>
 
-/// A database, an operator of level "6" and one of the table screens, driven by keys.
-struct BrowserWorld : testing::Test, FakeMachine {
-    BrowserWorld() { database.use(module); }
+/// A database and an operator of level "6".
+struct ScreenWorld : testing::Test, FakeMachine {
+    ScreenWorld() { database.use(module); }
 
+    std::string rows(const QString &sql) { return database.rows(sql).join(u';').toStdString(); }
+    void run(const QString &sql) { database.look().run(sql); }
+
+    TestDatabase database;
+    Module1 module;
+};
+
+/// With one of the table screens, driven by keys.
+struct BrowserWorld : ScreenWorld {
     BrowserTools tools() { return {module, person, clock, settings}; }
     /// Opens a screen as the menu does.
     template <class Screen, class... Parts> Screen &open(Parts &&...parts)
@@ -30,6 +40,9 @@ struct BrowserWorld : testing::Test, FakeMachine {
         opened.load();
         opened.show();
         QApplication::setActiveWindow(&opened);
+        // From here on Qt's own tester watches the grid's rows.
+        new QAbstractItemModelTester(
+            grid().model(), QAbstractItemModelTester::FailureReportingMode::Fatal, &opened);
         clock.run(10ms);
         return opened;
     }
@@ -39,6 +52,20 @@ struct BrowserWorld : testing::Test, FakeMachine {
     }
     QTableView &grid() { return control<QTableView>("grdDataGrid"); }
     QString status() { return control<QLabel>("lblStatus").text(); }
+    QString hits() { return control<QLabel>("lblHits").text(); }
+    QLineEdit &searchLine() { return control<QLineEdit>("txtSearch"); }
+    int sortedBy() { return grid().horizontalHeader()->sortIndicatorSection(); }
+    int row() { return grid().currentIndex().row(); }
+    void standOn(int row, int column = 0)
+    {
+        grid().setCurrentIndex(grid().model()->index(row, column));
+    }
+    /// Presses the button and lets the clock go on.
+    void clickAndWait(const char *button, milliseconds wait)
+    {
+        click(button);
+        clock.run(wait);
+    }
     void click(const char *button)
     {
         QTest::mouseClick(&control<QAbstractButton>(button), Qt::LeftButton);
@@ -50,7 +77,7 @@ struct BrowserWorld : testing::Test, FakeMachine {
     /// Types into the cell that the grid stands on, as an operator does.
     void type(int row, int column, const QString &text, Qt::Key end = Qt::Key_Return)
     {
-        grid().setCurrentIndex(grid().model()->index(row, column));
+        standOn(row, column);
         QTest::keyClick(&grid(), Qt::Key_F2);
         auto *cell = qobject_cast<QLineEdit *>(grid().indexWidget(grid().currentIndex()));
         ASSERT_NE(cell, nullptr) << "not to be typed in";
@@ -67,7 +94,7 @@ struct BrowserWorld : testing::Test, FakeMachine {
     }
     void search(const QString &text)
     {
-        control<QLineEdit>("txtSearch").setText(text);
+        searchLine().setText(text);
         clock.run(1s);
     }
     /// A column of the grid from the top, the first rows of it.
@@ -89,10 +116,5 @@ struct BrowserWorld : testing::Test, FakeMachine {
         }
         return texts.join(u'|').toStdString();
     }
-    std::string rows(const QString &sql) { return database.rows(sql).join(u';').toStdString(); }
-    void run(const QString &sql) { database.look().run(sql); }
-
-    TestDatabase database;
-    Module1 module;
     std::unique_ptr<RecordBrowser> screen;
 };
