@@ -1,30 +1,19 @@
 #include "app/Application.h"
 #include "app/Shell.h"
 
-#include <QApplication>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTest>
 
-#include <algorithm>
-
 namespace {
-
-QWidget *visible(const QString &name)
-{
-    const QWidgetList screens = QApplication::topLevelWidgets();
-    const auto found = std::find_if(screens.begin(), screens.end(), [&](const QWidget *screen) {
-        return screen->isVisible() && screen->objectName() == name;
-    });
-    return found == screens.end() ? nullptr : *found;
-}
 
 struct Program : Desk {
     void logInAfter(milliseconds delay)
     {
         clock.after(delay, [] {
-            QTest::keyClicks(visible(u"frmLogin"_qs)->focusWidget(), u"hemmelig"_qs);
-            QTest::keyClick(visible(u"frmLogin"_qs)->focusWidget(), Qt::Key_Return);
+            QWidget *password = visibleScreen(u"frmLogin"_qs)->focusWidget();
+            QTest::keyClicks(password, u"hemmelig"_qs);
+            QTest::keyClick(password, Qt::Key_Return);
         });
     }
     Application lukora{{clock, person, settings, host, port, socket}};
@@ -41,7 +30,7 @@ TEST(Program, GoesFromLoginOverSplashToTheMainScreen)
     for (const milliseconds moment : {1100ms, 3990ms}) {
         run.clock.after(moment, [&] {
             const auto labels =
-                visible(u"frmSplash"_qs)
+                visibleScreen(u"frmSplash"_qs)
                     ->findChildren<QLabel *>(QRegularExpression(u"^(picLogo.*|S)$"_qs));
             for (const QLabel *label : labels) {
                 splash += label->isVisible() ? label->objectName() : QString();
@@ -50,7 +39,7 @@ TEST(Program, GoesFromLoginOverSplashToTheMainScreen)
     }
     ASSERT_TRUE(run.lukora.start());
     EXPECT_EQ(splash, u"picLogoBRENVIKpicLogoBRENVIK") << "the maker alone, to the end";
-    EXPECT_EQ(visible(u"frmSplash"_qs), nullptr);
+    EXPECT_EQ(visibleScreen(u"frmSplash"_qs), nullptr);
     EXPECT_TRUE(run.lukora.mainScreen()->isVisible());
     EXPECT_EQ(run.lukora.mainScreen()->modemLink().tables.out('@'), 0);
     run.lukora.close();
@@ -60,8 +49,9 @@ TEST(Program, GoesFromLoginOverSplashToTheMainScreen)
 TEST(Program, EndsWithoutALoginAndWithoutADatabase)
 {
     Program cancelled;
-    cancelled.clock.after(
-        10ms, [] { visible(u"frmLogin"_qs)->findChild<QPushButton *>(u"cmdCancel"_qs)->click(); });
+    cancelled.clock.after(10ms, [] {
+        visibleScreen(u"frmLogin"_qs)->findChild<QPushButton *>(u"cmdCancel"_qs)->click();
+    });
     EXPECT_FALSE(cancelled.lukora.start());
     EXPECT_EQ(cancelled.lukora.mainScreen(), nullptr);
 
@@ -69,7 +59,7 @@ TEST(Program, EndsWithoutALoginAndWithoutADatabase)
     missing.settings.values[u"dbpath"_qs] = missing.database.filePath(u"borte.mdb"_qs);
     missing.person.answers(u"borte.mdb"_qs);
     EXPECT_FALSE(missing.lukora.start());
-    EXPECT_EQ(visible(u"frmLogin"_qs), nullptr);
+    EXPECT_EQ(visibleScreen(u"frmLogin"_qs), nullptr);
 }
 
 // A mute modem on COM 2: its initialisation takes minutes.

@@ -1,9 +1,6 @@
 #include "app/Shell.h"
 
-#include <QApplication>
 #include <QTableView>
-
-#include <algorithm>
 
 namespace {
 
@@ -33,15 +30,6 @@ struct Closings : QObject {
     QStringList names;
 };
 
-QWidget *screenNamed(const QString &name)
-{
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    const auto found = std::ranges::find_if(windows, [&](const QWidget *window) {
-        return window->isVisible() && window->objectName() == name;
-    });
-    return found == windows.end() ? nullptr : *found;
-}
-
 } // namespace
 
 TEST(Screens, OpenBesideTheMainScreenOnceEachAndCloseFromTheLastToTheFirst)
@@ -63,22 +51,22 @@ TEST(Screens, OpenBesideTheMainScreenOnceEachAndCloseFromTheLastToTheFirst)
         {"mnuSpråkLanguage", u"frmLanguage:&Language Table"_qs}};
     for (const auto &[entry, screen] : kEntries) {
         shell.entry(entry).trigger();
-        screenNamed(screen.section(u':', 0, 0))->showMinimized();
+        visibleScreen(screen.section(u':', 0, 0))->showMinimized();
         shell.entry(entry).trigger();
-        const QString title = QString(screen).remove(u'&');
-        EXPECT_EQ(screensBeside(*shell.screen).count(title), 1)
-            << title.toStdString() << " among "
+        EXPECT_EQ(screensBeside(*shell.screen).count(QString(screen).remove(u'&')), 1)
+            << screen.toStdString() << " among "
             << screensBeside(*shell.screen).join(u", "_qs).toStdString();
         EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     }
     EXPECT_EQ(screensBeside(*shell.screen).size(), 8) << "sent and waiting share one";
     EXPECT_FALSE(shell.module.SmsListSent);
-    auto *doors = screenNamed(u"frmKEY"_qs)->findChild<QTableView *>();
+    auto *doors = visibleScreen(u"frmKEY"_qs)->findChild<QTableView *>();
     emit doors->doubleClicked(doors->model()->index(0, 0)); // opens the configuration
     shell.entry("mnuSpråkSvensk").trigger();
-    EXPECT_TRUE(screensBeside(*shell.screen).contains(u"frmKeyProperties:KEY Inställningar"_qs))
-        << screensBeside(*shell.screen).join(u", "_qs).toStdString();
-    EXPECT_TRUE(screensBeside(*shell.screen).contains(u"frmSMSSent:Utkorg"_qs));
+    for (const QString &swedish :
+         {u"frmKeyProperties:KEY Inställningar"_qs, u"frmSMSSent:Utkorg"_qs}) {
+        EXPECT_TRUE(screensBeside(*shell.screen).contains(swedish)) << swedish.toStdString();
+    }
     Closings closings;
     shell.screen->unload();
     EXPECT_EQ(closings.names.join(u' '), u"frmLanguage frmSMSSent frmSMSReceived frmBrukere "

@@ -7,11 +7,24 @@
 #include "support/TestDatabase.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+
+/// The window of this name, when it can be seen.
+inline QWidget *visibleScreen(const QString &name)
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto found = std::ranges::find_if(windows, [&](const QWidget *window) {
+        return window->isVisible() && window->objectName() == name;
+    });
+    return found == windows.end() ? nullptr : *found;
+}
 
 /// A machine of doubles with a modem, whose settings name a fresh database.
 struct Desk : FakeMachine, FarModem {
@@ -65,11 +78,24 @@ struct Shell : Desk {
     template <class Control> Control &find(const char *name)
     {
         auto *control = screen->findChild<Control *>(QString::fromUtf8(name));
-        Q_ASSERT(control != nullptr);
+        if (control == nullptr) {
+            throw std::runtime_error(std::string("No such control: ") + name);
+        }
         return *control;
     }
     QAction &entry(const char *name) { return find<QAction>(name); }
-    QString menu(const char *name) { return find<QMenu>(name).title(); }
+    /// Properties of controls, "name.property" each with blanks between; joined by "|".
+    std::string shows(const QString &properties)
+    {
+        QStringList values;
+        for (const QString &each : properties.split(u' ')) {
+            const QByteArray property = each.section(u'.', 1).toUtf8();
+            values += find<QObject>(qPrintable(each.section(u'.', 0, 0)))
+                          .property(property.constData())
+                          .toString();
+        }
+        return values.join(u'|').toStdString();
+    }
 
     Module1 module;
     std::unique_ptr<frmMain> screen;
