@@ -285,21 +285,4 @@ TEST_F(UserPanelTest, StatusUnlocksAboveLevelFourUntilItIsLeft)
     }
 }
 
-TEST_F(UserPanelTest, TabKeyWalksThroughTheFormAsItIsLaidOut)
-{
-    field(0).setFocus();
-    QStringList walk;
-    for (int step = 0; step < 21; ++step) {
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        const QWidget *focus = QApplication::focusWidget();
-        walk.append(focus->objectName().isEmpty() ? focus->parentWidget()->objectName()
-                                                  : focus->objectName());
-    }
-    walk.removeDuplicates(); // the parts of a date, the arrows of a stepper
-    EXPECT_EQ(walk.join(u' ').toStdString(),
-              "Txtfields_1 Txtfields_2 Txtfields_3 DTPickerFrom DTPickerTo FraTid TilTid "
-              "Txtfields_4 Saldo UpDown3 cmdNyBruker CommandRegistrerBruker CommandSlettBruker "
-              "CommandSendSMS TabStrip1 DataGrid1");
-}
-
 } // namespace
