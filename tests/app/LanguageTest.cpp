@@ -1,3 +1,4 @@
+#include "app/LanguagePositions.h"
 #include "app/Shell.h"
 
 namespace {
@@ -25,6 +26,9 @@ TEST_F(Language, FeedsEachPlaceFromItsPosition)
     EXPECT_EQ(shows(u"mnuFile.title mnuSMSSendingsbekreftelsePå.text NummerLBL.text"
                     " CommandSlettBruker.text CommandSlettBruker.toolTip Txtfields_3.toolTip"_qs),
               "Tekst 2|Tekst 20|Tekst 39|Tekst 59|Tekst 150|Tekst 228");
+    for (const CaptionPosition &caption : captionPositions()) {
+        EXPECT_NO_THROW(find<QObject>(qPrintable(caption.control.toString()))) << "was renamed";
+    }
     EXPECT_EQ(module.texts.ventTilSending, u"Tekst 224");
     EXPECT_EQ(module.GridFilter, QString()) << "the last step of the load";
 }

@@ -1,5 +1,3 @@
-#include "app/LanguagePositions.h"
-#include "app/SecurityLevels.h"
 #include "app/Shell.h"
 
 namespace {
@@ -46,22 +44,5 @@ TEST(Levels, DecideWhatTheScreenShows)
                     << level.toStdString() << ' ' << name.toStdString();
             }
         }
-    }
-}
-
-// A control that was renamed would slip through in silence.
-TEST(Levels, AndLanguageNameOnlyControlsThatExist)
-{
-    Shell shell;
-    shell.load();
-    QStringList names;
-    for (const LevelRule &rule : levelRules()) {
-        names += rule.control.toString();
-    }
-    for (const CaptionPosition &caption : captionPositions()) {
-        names += caption.control.toString();
-    }
-    for (const QString &name : names) {
-        EXPECT_TRUE(shell.screen->findChild<QObject *>(name)) << name.toStdString();
     }
 }

@@ -300,21 +300,16 @@ TEST_F(KeyProperties, StoresAListAtTheChoiceAndTheHoursAtTheButton)
 
 TEST_F(KeyProperties, AsksForThePeriodUntilItPassesOrIsEmpty)
 {
-    const struct {
-        QStringList typed;
-        const char *command;
-    } cases[] = {
-        {{u"24-16"_qs, u"syv til fire"_qs, u"7:45-16:15 xyz"_qs}, "O 07:45-16:15 xyz*5"},
-        {{u"7-60"_qs, QString()}, ""},
-    };
-    for (const auto &[typed, command] : cases) {
+    for (const auto &[typed, command] :
+         {std::pair(u"24-16|syv til fire|7:45-16:15 xyz"_qs, "O 07:45-16:15 xyz*5"),
+          {u"7-60|"_qs, ""}}) {
         run(u"DELETE FROM SMS_Sent"_qs);
         open();
         chooseModel(1);
         person.answers(u"Dette vil Åpne eller Lukke port eller dør for alle brukere."_qs,
                        Answer::Ok);
         choose(kModes, 3);
-        for (const QString &text : typed) {
+        for (const QString &text : typed.split(u'|')) {
             person.types(u"ÅPNE"_qs, text);
         }
         person.beeps = 0;
@@ -335,10 +330,9 @@ TEST_F(KeyProperties, StepsWithTheFieldsAloneAndBeepsAtTheEnds)
     type(15, u"Nytt"_qs);
     clickArrow(0); // past the door above the level
     EXPECT_EQ(stored(u"Tekst1"_qs), "Nytt");
-    EXPECT_EQ(module.KeySelect, u"+4790000002"_qs);
-    EXPECT_EQ(field(1).text(), u"Port 2"_qs);
-    EXPECT_EQ(button(1).text(), u"Registrer ADMIN"_qs);
-    EXPECT_EQ(list(0).currentText() + field(21).text(), u"07Ring: 90000001"_qs);
+    const QStringList shown = {module.KeySelect, field(1).text(), button(1).text(),
+                               list(0).currentText(), field(21).text()};
+    EXPECT_EQ(shown.join(u'|'), u"+4790000002|Port 2|Registrer ADMIN|07|Ring: 90000001"_qs);
     EXPECT_EQ(shownButtons(), "1 11 12 13 14 15 21 +");
     step(Qt::Key_PageDown);
     EXPECT_EQ(field(1).text(), u"Port 2"_qs);
