@@ -247,27 +247,70 @@ TEST_F(UserPanelTest, HeadingSortsAndEmptiesTheForm)
     EXPECT_EQ(field(0).text(), u"+4790009002"_qs);
 }
 
-TEST_F(UserPanelTest, TabAndStepperDecideTheModeAndTheRows)
+TEST_F(UserPanelTest, TabsAreTheAccountsOfTheDoorAndEachShowsItsRows)
+{
+    addWaiting(u"+4790009025"_qs, u"2/12/2026"_qs);
+    addWaiting(u"+4790009026"_qs, u"2/12/2026"_qs, u"NY"_qs, kOtherDoor);
+    for (const auto &[number, konto, status] : {std::tuple(u"9020"_qs, u"Gjest"_qs, u"NY"_qs),
+                                                {u"9021"_qs, u"Gjest"_qs, u"Ny"_qs},
+                                                {u"9022"_qs, u"GJEST"_qs, u"Aktiv "_qs},
+                                                {u"9023"_qs, u"Saldo"_qs, u"Registrerer"_qs},
+                                                {u"9027"_qs, u" Vakt"_qs, u"Aktiv "_qs},
+                                                {u"9028"_qs, QString(), u"Aktiv "_qs},
+                                                {u"9029"_qs, u"O'Hara"_qs, u"Aktiv "_qs}}) {
+        addUser(u"+479000"_qs + number, konto, status);
+    }
+    addUser(u"+4790009024"_qs, u"Annen"_qs, u"Aktiv "_qs, kOtherDoor);
+    std::string shown;
+    for (int tab = 0; tab < tabs.count(); ++tab) {
+        clickTab(tabs.tabText(tab));
+        shown += tabs.tabText(tab).toStdString() + ": " + numbersShown() + '\n';
+    }
+    EXPECT_EQ(shown, "Nye: 9025\n"
+                     " Vakt: 9027\n" // an account counts as typed
+                     "Gjest: 9022\n"
+                     "O'Hara: 9022\n" // which no filter can hold: what stood there stays
+                     "Saldo: 9023\n"
+                     "Alle: 9020 9021 9022 9023 9027 9028 9029\n");
+}
+
+TEST_F(UserPanelTest, TabDecidesTheModeAndStaysWhenItsAccountGoes)
 {
     addUser(kUser, u"Fast & fri"_qs);
-    addUser(kOtherUser, u"Fast"_qs, u"Aktiv "_qs, kOtherDoor);
     const auto shown = [&] {
         return (module.GridFilter + u": "_qs).toStdString() + numbersShown() + form();
     };
     clickTab(u"Fast && fri"_qs);
     EXPECT_EQ(shown(), "Fast & fri: 4567|||||9999 1-3 00-24 False");
-    run(u"DELETE FROM TBLbrukere WHERE KeyNummer = '+4790000001'"_qs); // the tab vanishes
+    run(u"DELETE FROM TBLbrukere"_qs); // the tab vanishes
     EXPECT_EQ(tabs.count(), 2);
     EXPECT_EQ(shown(), "Fast & fri: |||||9999 1-3 00-24 False");
     clickTab(u"Nye"_qs); // looks selected already
     EXPECT_EQ(shown(), "Nye: |||||9999 1-3 00-24 True");
+}
 
+TEST_F(UserPanelTest, StepperTakesTheWholeScreenToTheNextDoorPastEitherEnd)
+{
+    addUser(kUser, u"Fast"_qs, u"Aktiv "_qs, kOtherDoor);
     clickTab(u"Alle"_qs);
-    field(2).setText(u"Ås"_qs);
-    QTest::keyClick(&control<QWidget>("UpDown1"), Qt::Key_Up);
-    EXPECT_EQ(module.KeySelect, kOtherDoor);
-    EXPECT_EQ(control<QLineEdit>("KeyTXT_1").text(), u"Garasje"_qs);
-    EXPECT_EQ(shown(), "Alle: 9000|||||9999 1-3 00-24 False");
+    const auto step = [&](Qt::Key key) {
+        field(2).setText(u"Ås"_qs);
+        QTest::keyClick(&control<QWidget>("UpDown1"), key);
+        const QString door = control<QLineEdit>("KeyTXT_1").text();
+        return (module.KeySelect + u' ' + door + u' ').toStdString() + numbersShown() + form();
+    };
+    const char *const kFirst = "+4790000001 Hovedport |||||9999 1-3 00-24 False";
+    const char *const kSecond = "+4790000002 Garasje 4567|||||9999 1-3 00-24 False";
+    const char *const kNone = "+4790000001  |||||9999 1-3 00-24 False";
+    EXPECT_EQ(step(Qt::Key_Up), kSecond);
+    EXPECT_EQ(step(Qt::Key_Up), kFirst);
+    EXPECT_EQ(step(Qt::Key_Down), kSecond);
+    standOn(u"+4799999999"_qs); // which is none
+    EXPECT_EQ(step(Qt::Key_Up), kFirst);
+    module.SecurityLevel = u"0"_qs; // sees no door
+    refresh();
+    EXPECT_EQ(step(Qt::Key_Up), kNone);
+    EXPECT_EQ(step(Qt::Key_Down), kNone);
 }
 
 TEST_F(UserPanelTest, StatusUnlocksAboveLevelFourUntilItIsLeft)
