@@ -27,7 +27,6 @@ struct RecordsetModelTest : testing::Test {
                                   .columns = {u"Bruker"_qs, u"Etternavn"_qs},
                                   .key = u"Rad"_qs});
         model.setColumns({{.isEditable = true}, {.isEditable = true}});
-        model.setAddsRows(true);
         model.show(set);
     }
     std::string text(int row, int column = 0)
@@ -48,6 +47,7 @@ TEST_F(RecordsetModelTest, StoppedReadingKeepsWhatWasFoundAndANewRowStandsBehind
     people(10'000);
     show();
     model.stopReading();
+    model.setAddsRows(true);
     EXPECT_TRUE(model.setData(model.index(2000, 0), u"ny"_qs, Qt::EditRole));
     EXPECT_FALSE(model.setData(model.index(1, 1), u"Berg"_qs, Qt::EditRole)) << "one at a time";
     model.saveEdit();
@@ -59,7 +59,7 @@ TEST_F(RecordsetModelTest, StoppedReadingKeepsWhatWasFoundAndANewRowStandsBehind
 }
 
 // The first rows of another door's users are not shown among those of the one before.
-TEST_F(RecordsetModelTest, RowsOfAnotherQueryGiveWayAtOnce)
+TEST_F(RecordsetModelTest, RowsOfAnotherQueryGiveWayAtOnceAndASearchStandsOnItsFirstHit)
 {
     people(10'000);
     show();
@@ -73,6 +73,12 @@ TEST_F(RecordsetModelTest, RowsOfAnotherQueryGiveWayAtOnce)
     EXPECT_EQ(model.recordCount(), 0);
     clock.run(1s);
     EXPECT_EQ(text(0, 1), "Navn 1");
+    set.moveLast();
+    set.search(u"navn 12"_qs);
+    EXPECT_EQ(set.text(u"Etternavn"_qs), u"Navn 12"_qs) << "stands on the first hit";
+    model.show(set);
+    clock.run(1s);
+    EXPECT_EQ(model.recordCount(), 111);
 }
 
 TEST_F(RecordsetModelTest, RowsThatOthersDeleteGoWhenTheyComeIntoSight)
@@ -89,6 +95,7 @@ TEST_F(RecordsetModelTest, RowsThatOthersDeleteGoWhenTheyComeIntoSight)
 TEST_F(RecordsetModelTest, LockedFileLeavesCellsEmptyUntilItIsFree)
 {
     people(100);
+    model.setAddsRows(true);
     show();
     EXPECT_EQ(text(0), "1000001");
     database.look().setPatience(1ms);
