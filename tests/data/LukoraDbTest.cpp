@@ -42,10 +42,15 @@ QStringList with(int place, const QString &value)
     return arguments;
 }
 
-TEST_F(LukoraDbTest, MakesAFileThatTheProgramOpens)
+TEST_F(LukoraDbTest, MakesAFileThatTheProgramOpensAndNeverOverwritesOneOrMakesAFolder)
 {
     EXPECT_EQ(run(kCreate), 0) << said;
     EXPECT_EQ(made(), u"Åse/hemmelig 1/6/?");
+    EXPECT_EQ(run(with(3, u"Ola"_qs)), 1);
+    EXPECT_THAT(said, HasSubstr("exists already"));
+    EXPECT_EQ(made(), u"Åse/hemmelig 1/6/?");
+    EXPECT_EQ(run(with(1, u"borte/ny.mdb"_qs)), 1);
+    EXPECT_THAT(said, HasSubstr("borte/ny.mdb"));
 }
 
 TEST_F(LukoraDbTest, AsksForWhatIsNotGiven)
@@ -53,16 +58,6 @@ TEST_F(LukoraDbTest, AsksForWhatIsNotGiven)
     EXPECT_EQ(run({u"create"_qs, u"ny.mdb"_qs, u"--level"_qs, u"4"_qs}, "Ola\npass ord\n"), 0);
     EXPECT_EQ(made(), u"Ola/pass ord/4/?");
     EXPECT_THAT(said, HasSubstr("Password: "));
-}
-
-TEST_F(LukoraDbTest, NeverOverwritesAFileOrMakesAFolder)
-{
-    DataTest::write(folder.filePath(u"ny.mdb"_qs), "viktig");
-    EXPECT_EQ(run(kCreate), 1);
-    EXPECT_THAT(said, HasSubstr("exists already"));
-    EXPECT_EQ(QFile(folder.filePath(u"ny.mdb"_qs)).size(), 6);
-    EXPECT_EQ(run(with(1, u"borte/ny.mdb"_qs)), 1);
-    EXPECT_THAT(said, HasSubstr("borte/ny.mdb"));
 }
 
 TEST_F(LukoraDbTest, WrongUseIsToldAndLeavesNoFile)

@@ -14,10 +14,15 @@ struct RecordsetTest : DataTest {
     Recordset catalogue(const QString &sort = {})
     {
         Recordset set;
-        set.open(database.own(), {.source = u"Katalog"_qs,
-                                  .columns = {u"Bruker"_qs, u"Etternavn"_qs, u"Fornavn"_qs},
-                                  .sort = sort});
+        set.open(database.open(), {.source = u"Katalog"_qs,
+                                   .columns = {u"Bruker"_qs, u"Etternavn"_qs, u"Fornavn"_qs},
+                                   .sort = sort});
         return set;
+    }
+    static void change(Recordset &set, const QString &Etternavn)
+    {
+        set.setValue(u"Etternavn"_qs, Etternavn);
+        set.update();
     }
 };
 
@@ -176,16 +181,38 @@ TEST_F(RecordsetTest, SavedQueryShowsTheDoorsUsersOnceEach)
     EXPECT_THROW(set.update(), RuntimeFailure);
 }
 
-TEST_F(RecordsetTest, DoorTakesItsUsersAlong)
+// Two PCs on one file, both on the same row.
+TEST_F(RecordsetTest, RowThatAnotherPcChangedOrDeletedIsNeitherChangedNorDeleted)
 {
-    database.add(u"KEYTable"_qs, u"KeyNummer"_qs, {u"+4790000100"_qs});
-    addUser(u"a"_qs, u"+4790000100 "_qs);
-    addUser(u"a"_qs, u"+4790000101"_qs);
-    Recordset doors;
-    doors.open(database.own(), {.source = u"KEYTable"_qs, .columns = {u"KeyNummer"_qs}});
-    doors.remove();
-    EXPECT_EQ(database.single(u"SELECT group_concat(KeyNummer) FROM TBLbrukere"_qs),
-              u"+4790000101");
+    Recordset ours = catalogue();
+    Recordset theirs = catalogue();
+    run(u"UPDATE Katalog SET Poststed = 'Moss'"_qs); // which neither set reads
+    change(theirs, u"ØDEGÅRD "_qs);                  // case and blanks count
+    EXPECT_THROW(change(ours, u"Moe"_qs), RuntimeFailure);
+    change(theirs, u"Ødegård"_qs);
+    change(ours, u"Ødegård"_qs);
+    theirs.setValue(u"Fornavn"_qs, QString());
+    theirs.update();
+    EXPECT_THROW(change(ours, u"Moe"_qs), RuntimeFailure);
+    EXPECT_THROW(ours.remove(), RuntimeFailure);
+    EXPECT_EQ(database.single(u"SELECT Poststed FROM Katalog"_qs), u"Moss");
+    theirs.remove();
+    EXPECT_THROW(change(ours, u"Moe"_qs), RuntimeFailure);
+    EXPECT_THROW(ours.remove(), RuntimeFailure);
+    EXPECT_EQ(ours.text(u"Etternavn"_qs), u"Moe") << "what was typed is not lost";
+    EXPECT_EQ(ours.recordCount(), 2);
+}
+
+TEST_F(RecordsetTest, SortedWalkPassesOverARowDeletedByAnother)
+{
+    EXPECT_THROW(addPerson(u"+4790000001 "_qs, {}), RuntimeFailure); // the same person
+    Recordset ours = catalogue(u"Etternavn"_qs);
+    EXPECT_EQ(ours.text(u"Etternavn"_qs), u"Hansen");
+    Recordset theirs = catalogue();
+    theirs.findFirst(u"Bruker"_qs, u"+4790000001"_qs);
+    theirs.remove();
+    ours.moveNext();
+    EXPECT_EQ(ours.text(u"Etternavn"_qs), u"Ås  ");
 }
 
 } // namespace

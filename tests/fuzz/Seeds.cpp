@@ -2,7 +2,6 @@
 // listed record each, and FOLDER/dialogues, all that the modem says in a transcript.
 
 #include "support/Corpus.h"
-#include "transcripts/Transcript.h"
 
 #include <QDir>
 #include <QFile>
@@ -28,7 +27,7 @@ void write(const QDir &folder, const QByteArrayList &inputs)
 QByteArrayList dialogues()
 {
     QByteArrayList result;
-    for (const Transcript &transcript : transcripts(QStringLiteral(LUKORA_TRANSCRIPT_CORPUS))) {
+    for (const Transcript &transcript : transcripts(QStringLiteral("transcripts"))) {
         QByteArray said;
         for (const TranscriptStep &step : transcript.steps) {
             said += step.kind == TranscriptStep::Kind::Says ? step.bytes : QByteArray();

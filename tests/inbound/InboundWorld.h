@@ -65,6 +65,14 @@ struct InboundWorld : ReaderBench {
         return corpusTables(database.look())[table];
     }
 
+    /// How many rows there are of messages and users, and what was deleted from the modem.
+    std::string outcome()
+    {
+        return std::to_string(rows("SMS_Received").size()) + " filed, " +
+               std::to_string(rows("TBLbrukere").size()) + " added, " +
+               commands.join(' ').toStdString();
+    }
+
     void answer(const QByteArray &command)
     {
         if (command == "AT+CMGL=ALL") {

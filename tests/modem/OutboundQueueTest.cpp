@@ -76,66 +76,36 @@ TEST_F(Queue, HasFourFormsWhichDifferOnPurpose)
     }
 }
 
-TEST_F(Queue, SendsTheEarliestDayFirstInTheOrderOfTheTableAndThenSlowsDown)
-{
-    waits(u"late"_qs, 46360);
-    waits(u"withdrawn"_qs, 46300, u"SLETTET"_qs);
-    waits(u"first of the day"_qs, 46357);
-    waits(u"second of the day"_qs, 46357);
-    becomes(u"refuse"_qs);
-    link.queue.SendQueuedSms();
-    EXPECT_FALSE(link.flags.QueuePending);
-    EXPECT_EQ(link.pace.interval(), 4500ms) << "what stays unsent is tried again on each tick";
-    becomes();
-    for (int i = 0; i < 3; ++i) {
-        link.queue.SendQueuedSms();
-        EXPECT_EQ(link.pace.interval(), 30000ms);
-        recordsets.OpenRecordsets();
-    }
-    const QStringList inOrder{u"2:OK"_qs, u"SLETTET"_qs, u"0:OK"_qs, u"1:OK"_qs};
-    EXPECT_EQ(sent(u"CMGS"_qs), inOrder);
-    EXPECT_TRUE(link.flags.QueuePending);
-    link.pace.restart(4500ms);
-    link.queue.SendQueuedSms();
-    EXPECT_EQ(sent(u"CMGS"_qs), inOrder);
-    EXPECT_FALSE(link.flags.QueuePending);
-    EXPECT_FALSE(link.flags.QueueRunning);
-    EXPECT_EQ(link.pace.interval(), 6750ms);
-}
-
 TEST_F(Queue, ClosesTheRowThatItSentWhateverScreensDoMeanwhile)
 {
-    waits(u"hei"_qs, 46357);
-    clock.after(10ms, [&] {
-        link.queue.QueueOutboundSms(kOtherDoor, u"annet"_qs, {}, {});
-        recordsets.OpenRecordsets();
-    });
-    link.queue.SendQueuedSms();
-    EXPECT_EQ(sent(u"SMS_Text, CMGS"_qs), (QStringList{u"hei|0:OK"_qs, u"annet|UNSENT"_qs}));
+    const auto sendsWhile = [&](const std::function<void()> &happens) {
+        clock.after(10ms, happens);
+        link.queue.SendQueuedSms();
+        EXPECT_EQ(link.pace.interval(), 30s) << "it went out all the same";
+        EXPECT_FALSE(link.flags.QueueRunning);
+        EXPECT_TRUE(link.TimerCom->isEnabled());
+        return sent(u"SMS_Text, CMGS"_qs).join(u", "_qs);
+    };
+    waits(u"hei"_qs);
+    EXPECT_EQ(sendsWhile([&] {
+                  link.queue.QueueOutboundSms(kOtherDoor, u"annet"_qs, {}, {});
+                  recordsets.OpenRecordsets();
+              }),
+              u"hei|0:OK, annet|UNSENT"_qs);
+    waits(u"siste"_qs, 46360);
+    EXPECT_EQ(sendsWhile([&] { database.look().run(u"DELETE FROM SMS_Sent WHERE ID = 2"_qs); }),
+              u"hei|0:OK, siste|UNSENT"_qs);
 
     // The same row of another file is another message.
     TestDatabase other;
     other.add(u"SMS_Sent"_qs, u"ID,TilNummer,SMS_Text,CMGS"_qs,
-              {2, kOtherDoor, u"annet"_qs, u"UNSENT"_qs});
-    clock.after(10ms, [&] {
+              {3, u"+4790000001"_qs, u"siste"_qs, u"UNSENT"_qs});
+    recordsets.OpenRecordsets();
+    sendsWhile([&] {
         other.use(module);
         recordsets.OpenRecordsets();
     });
-    link.queue.SendQueuedSms();
     EXPECT_EQ(other.rows(u"SELECT CMGS FROM SMS_Sent"_qs), QStringList{u"UNSENT"_qs});
-    EXPECT_EQ(link.pace.interval(), 30s) << "it went out all the same";
-}
-
-TEST_F(Queue, LeavesTheOthersWaitingWhenTheRowIsWithdrawnDuringTheSend)
-{
-    waits(u"hei"_qs, 46357);
-    waits(u"annet"_qs, 46357);
-    clock.after(10ms, [&] { database.look().run(u"DELETE FROM SMS_Sent WHERE ID = 1"_qs); });
-    link.queue.SendQueuedSms();
-    EXPECT_EQ(sent(u"SMS_Text, CMGS"_qs), QStringList{u"annet|UNSENT"_qs});
-    EXPECT_FALSE(link.flags.QueueRunning);
-    EXPECT_TRUE(link.TimerCom->isEnabled());
-    EXPECT_EQ(link.pace.interval(), 30s);
 }
 
 TEST_F(Queue, WritesLaterWhatBecameOfAnAcceptedMessageInsteadOfSendingItTwice)

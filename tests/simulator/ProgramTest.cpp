@@ -149,8 +149,12 @@ TEST(Program, GivesItsTcpLineToTheLastClientAndRefusesWhatItCannotBe)
 
     QTemporaryFile file; // which is no link, and stays
     ASSERT_TRUE(file.open());
-    for (const QString &refused : {u"--tcp x"_qs, u"--tcp 0 --pty LINK"_qs,
-                                   u"--tcp 0 --delay -1"_qs, u"--pty "_qs + file.fileName()}) {
+    const QString door = u"--tcp 0 --door +4790000002:Port"_qs;
+    for (const QString &refused :
+         {u"--tcp x"_qs, u"--tcp 0 --pty LINK"_qs, u"--tcp 0 --delay -1"_qs,
+          u"--pty "_qs + file.fileName(), door, door + u":fi"_qs, door + u":no:long"_qs,
+          door + u":no --door +4790000002:Twice:no"_qs, u"--tcp 0 --user +4790000009:91234567"_qs,
+          door + u":no --administrator +4790000002:"_qs}) {
         Simulator other(refused);
         EXPECT_EQ(other.waitForEnd(), 1) << qPrintable(refused);
     }

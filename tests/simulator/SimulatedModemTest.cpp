@@ -92,20 +92,6 @@ TEST_F(SimulatedModemTest, FaultStrikesWhereItShould)
     }
 }
 
-TEST_F(SimulatedModemTest, NoticeDoesNotComeIntoACommandOrAText)
-{
-    const auto arrives = [this] {
-        network.send(kStranger, modem.ownNumber(), "Hei");
-        return say({}, 2s);
-    };
-    say("AT+CM");
-    EXPECT_EQ(arrives(), QByteArray());
-    EXPECT_EQ(say("GF=1\r"), kOk + "\r\n+CMTI: \"SM\",1\r\n");
-    say("AT+CMGS=+4799999999\r");
-    EXPECT_EQ(arrives(), QByteArray());
-    EXPECT_EQ(say("Hei\x1a", 2s), kSent + "\r\n+CMTI: \"SM\",2\r\n");
-}
-
 TEST_F(SimulatedModemTest, DoorSaysAndDoesNothingToWhatIsNoCommand)
 {
     DoorUnit door(network, u"+4790000001"_qs, u"Hovedport"_qs, DoorLanguage::Norwegian);

@@ -30,12 +30,6 @@ struct Bench : FakeMachine {
         open(network);
         module.ModemReady = true;
     }
-    milliseconds timed(const std::function<void()> &work)
-    {
-        const milliseconds start = clock.elapsed();
-        work();
-        return clock.elapsed() - start;
-    }
 
     RecordingView view;
     Module1 module;

@@ -4,111 +4,226 @@
 
 #include <QDir>
 #include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
+#include <QRegularExpression>
 #include <QSet>
 
+#include <functional>
 #include <stdexcept>
+#include <utility>
 
 namespace {
 
-[[noreturn]] void fail(const QString &text)
+/// Line ends and other controls as in C++, and without the empty values at the end.
+std::string told(const QString &row)
 {
-    throw std::runtime_error(text.toStdString());
+    QString result;
+    for (const QChar character : row) {
+        const int code = character.unicode();
+        result += character == u'\r'   ? u"\\r"_qs
+                  : character == u'\n' ? u"\\n"_qs
+                  : code < 0x20        ? u"\\x%1"_qs.arg(code, 2, 16, QChar(u'0'))
+                                       : QString(character);
+    }
+    while (result.endsWith(u'|')) {
+        result.chop(1);
+    }
+    return result.toStdString();
 }
 
-QDir folder()
+using Kind = TranscriptStep::Kind;
+
+[[noreturn]] void fail(const std::string &what)
 {
-    return QDir(QStringLiteral(LUKORA_CORPUS "/sentences"));
+    throw std::runtime_error(what);
 }
 
-void expectKeys(const QStringList &keys, const QStringList &known)
+/// Bytes of the line: "\r", "\n", "\\" and "\x1a"; all other characters are their own byte.
+QByteArray bytesOf(const QString &text)
 {
-    for (const QString &key : keys) {
-        if (!known.contains(key)) {
-            fail(u"unknown key "_qs + key);
+    QByteArray result;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i].unicode() > 0x7E) {
+            fail("bytes from 127 on are written as \\x7f and so on");
+        }
+        if (text[i] != u'\\') {
+            result += text[i].toLatin1();
+            continue;
+        }
+        static const QString kLetters = QStringLiteral("rn\\");
+        const QChar letter = text.mid(++i, 1).isEmpty() ? QChar() : text[i];
+        if (const qsizetype known = kLetters.indexOf(letter); known >= 0) {
+            result += "\r\n\\"[known];
+            continue;
+        }
+        bool isNumber = letter == u'x' && text.size() > i + 2;
+        const int code = isNumber ? text.mid(i + 1, 2).toInt(&isNumber, 16) : 0;
+        if (!isNumber) {
+            fail("unknown escape");
+        }
+        result += static_cast<char>(code);
+        i += 2;
+    }
+    return result;
+}
+
+std::chrono::milliseconds timeOf(const QString &text)
+{
+    static const QRegularExpression kTime(QStringLiteral("^([0-9]+)(ms|s|min)$"));
+    const QRegularExpressionMatch match = kTime.match(text);
+    if (!match.hasMatch()) {
+        fail("a time is 500ms, 14s or 2min");
+    }
+    const QString unit = match.captured(2);
+    const int inMilliseconds = unit == u"ms" ? 1 : unit == u"s" ? 1000 : 60000;
+    return std::chrono::milliseconds(match.captured(1).toInt() * inMilliseconds);
+}
+
+class Reader {
+public:
+    explicit Reader(QString file) : file_(std::move(file)) {}
+
+    std::vector<Transcript> read(QIODevice &lines)
+    {
+        while (!lines.atEnd()) {
+            ++number_;
+            QString line = QString::fromUtf8(lines.readLine());
+            while (line.endsWith(u'\n')) {
+                line.chop(1);
+            }
+            try {
+                take(line);
+            } catch (const std::runtime_error &failure) {
+                fail(place() + failure.what());
+            }
+        }
+        endTranscript();
+        if (result_.empty()) {
+            fail(file_.toStdString() + ": no transcript");
+        }
+        return std::move(result_);
+    }
+
+private:
+    std::string place() const
+    {
+        return (file_ + u':').toStdString() + std::to_string(number_) + ": ";
+    }
+
+    void endTranscript()
+    {
+        if (!result_.empty()) {
+            const Transcript &last = result_.back();
+            if (last.steps.empty()) {
+                fail(last.name + ": nothing happens");
+            }
+            if (last.after.isEmpty() && last.told.isEmpty() && last.showed.isEmpty() &&
+                last.ready.isEmpty() && last.records.isEmpty()) {
+                fail(last.name + ": nothing comes of it");
+            }
         }
     }
-}
 
-QString text(const QJsonValue &value)
-{
-    if (!value.isString()) {
-        fail(u"a text is expected"_qs);
-    }
-    return value.toString();
-}
-
-/// One text or a list of them.
-QStringList texts(const QJsonValue &value)
-{
-    QStringList result;
-    for (const QJsonValue &one : value.isArray() ? value.toArray() : QJsonArray{value}) {
-        result += text(one);
-    }
-    return result;
-}
-
-QByteArray lineBytes(const QString &text)
-{
-    for (const QChar character : text) {
-        if (character.unicode() > 0xFF) {
-            fail(u"no byte of a line: "_qs + character);
+    void take(const QString &line)
+    {
+        if (line.startsWith(u"  ") && rows_ != nullptr) {
+            rows_->append(line.mid(2));
+            return;
         }
+        rows_ = nullptr;
+        if (line.isEmpty() || line.startsWith(u'#')) {
+            return;
+        }
+        const QString word = line.section(u' ', 0, 0);
+        const QString rest = line.mid(word.size() + 1);
+        if (word == u"==") {
+            endTranscript();
+            if (titles_.contains(rest)) {
+                fail("the name is used before");
+            }
+            titles_ += rest;
+            result_.emplace_back();
+            result_.back().name = place() + rest.toStdString();
+            return;
+        }
+        if (result_.empty()) {
+            fail("a name is expected, behind ==");
+        }
+        directive(word, rest);
     }
-    return text.toLatin1();
-}
 
-QMap<QString, QStringList> tables(const QJsonValue &value)
-{
-    QMap<QString, QStringList> result;
-    if (!value.isObject() && !value.isUndefined()) {
-        fail(u"tables are expected"_qs);
+    void directive(const QString &word, const QString &rest)
+    {
+        Transcript &now = result_.back();
+        const QMap<QString, std::function<void()>> kDirectives = {
+            {QStringLiteral("on"), [&] { chooseLine(rest); }},
+            {QStringLiteral("reports"), [&] { now.reports = true; }},
+            {QStringLiteral("init"), [&] { now.init = true; }},
+            {QStringLiteral("country"), [&] { now.country = rest; }},
+            {QStringLiteral("dates"), [&] { now.dates = rest; }},
+            {QStringLiteral("refuses"), [&] { now.refuses = rest; }},
+            {QStringLiteral("from"), [&] { now.from = bytesOf(rest); }},
+            {QStringLiteral("says"), [&] { addMessage(listed(now.from, bytesOf(rest)), true); }},
+            {QStringLiteral("record"), [&] { addMessage(bytesOf(rest), false); }},
+            {QStringLiteral(">"), [&] { add(Kind::Writes, withEnd(bytesOf(rest))); }},
+            {QStringLiteral("<"), [&] { add(Kind::Says, bytesOf(rest)); }},
+            {QStringLiteral("@"), [&] { add(Kind::Waits, {}, timeOf(rest)); }},
+            {QStringLiteral("within"), [&] { add(Kind::Within, {}, timeOf(rest)); }},
+            {QStringLiteral("..."), [&] { add(Kind::Anything, {}); }},
+            {QStringLiteral("told"), [&] { now.told += rest; }},
+            {QStringLiteral("showed"), [&] { now.showed += rest; }},
+            {QStringLiteral("ready"), [&] { now.ready = rest; }},
+            {QStringLiteral("has"), [&] { rows_ = &table(now.before, rest); }},
+            {QStringLiteral("then"), [&] { rows_ = &table(now.after, rest); }}};
+        const auto found = kDirectives.find(word);
+        if (found == kDirectives.end()) {
+            fail("unknown directive " + word.toStdString());
+        }
+        (*found)();
     }
-    const QJsonObject object = value.toObject();
-    expectKeys(object.keys(), corpusColumns().keys());
-    for (const QString &table : object.keys()) {
-        result[table] = texts(object[table]);
-    }
-    return result;
-}
 
-std::string told(QString row)
-{
-    row.replace(u"\r"_qs, u"\\r"_qs).replace(u"\n"_qs, u"\\n"_qs);
-    while (row.endsWith(u'|')) {
-        row.chop(1);
+    void chooseLine(const QString &rest)
+    {
+        if (rest != u"COM" && rest != u"TCP") {
+            fail("a line is COM or TCP");
+        }
+        result_.back().onCom = rest == u"COM";
+        result_.back().onTcp = rest == u"TCP";
     }
-    return row.toStdString();
-}
+    static QByteArray withEnd(const QByteArray &written)
+    {
+        return written.endsWith('\x1A') ? written : written + '\r';
+    }
+    void add(Kind kind, const QByteArray &bytes, std::chrono::milliseconds time = {})
+    {
+        std::vector<TranscriptStep> &steps = result_.back().steps;
+        if (kind != Kind::Writes && !steps.empty() && steps.back().kind == Kind::Anything) {
+            fail("behind ... the program writes something");
+        }
+        steps.push_back({kind, number_, bytes, time});
+    }
+    /// The modem brings it unasked, and deletes it when it is told to.
+    void addMessage(const QByteArray &record, bool isFiled)
+    {
+        add(Kind::Says, "\r\n" + record + "\r\nOK\r\n");
+        add(Kind::Writes, "AT+CMGD=" + QByteArray::number(corpusIndex(record)) + '\r');
+        add(Kind::Says, "\r\nOK\r\n");
+        result_.back().records += record;
+        result_.back().filed += isFiled ? 1 : 0;
+    }
+    static QStringList &table(QMap<QString, QStringList> &tables, const QString &name)
+    {
+        if (!corpusColumns().contains(name) || tables.contains(name)) {
+            fail("no such table, or named before: " + name.toStdString());
+        }
+        return tables[name];
+    }
 
-CorpusSentence sentence(const QJsonObject &line)
-{
-    expectKeys(line.keys(), {u"name"_qs, u"from"_qs, u"country"_qs, u"dates"_qs, u"before"_qs,
-                             u"refuses"_qs, u"says"_qs, u"record"_qs, u"after"_qs});
-    if (line.contains(u"says"_qs) == line.contains(u"record"_qs) || !line[u"after"_qs].isObject()) {
-        fail(u"says or record is expected, and after"_qs);
-    }
-    const auto optional = [&](const QString &key, const QString &otherwise) {
-        return line.contains(key) ? text(line[key]) : otherwise;
-    };
-    CorpusSentence result{.name = text(line[u"name"_qs]).toStdString(),
-                          .from = lineBytes(optional(u"from"_qs, u"+4790000001"_qs)),
-                          .messages = 0,
-                          .records = {},
-                          .country = optional(u"country"_qs, u"47"_qs),
-                          .dates = optional(u"dates"_qs, u"dd/MM/yyyy"_qs),
-                          .refuses = optional(u"refuses"_qs, {}),
-                          .before = tables(line[u"before"_qs]),
-                          .after = tables(line[u"after"_qs])};
-    const bool says = line.contains(u"says"_qs);
-    for (const QString &body : texts(line[says ? u"says"_qs : u"record"_qs])) {
-        result.records += says ? listed(result.from, lineBytes(body)) : lineBytes(body);
-        result.messages += says;
-    }
-    return result;
-}
+    QString file_;
+    int number_ = 0;
+    std::vector<Transcript> result_;
+    QSet<QString> titles_;
+    QStringList *rows_ = nullptr;
+};
 
 } // namespace
 
@@ -122,7 +237,8 @@ const QMap<QString, QString> &corpusColumns()
         {u"KEYTable"_qs, u"KeyNummer,KeyNavn,KeySikkerhet,Admin,Admin1,Admin2,Admin3,Admin4,"
                          "Admin5,Eget_Nummer,Beskrivelse"_qs},
         {u"Modem"_qs, u"IMEICODE,ModemManufacturer,ModemName,ModemStatus,ModemOwner"_qs},
-        {u"SMS_Sent"_qs, u"TilNummer,SMS_Text,CMGS,TimeSent,TimeReceived,ReceivedStatus"_qs},
+        {u"SMS_Sent"_qs,
+         u"TilNummer,SMS_Text,CMGS,TimeSent,TimeReceived,ReceivedStatus,DatoLNG"_qs},
         {u"SMS_Received"_qs, u"FraNummer,FraNummerKort,Etternavn,Fornavn,Dato,SMS_Text"_qs}};
     return kColumns;
 }
@@ -168,48 +284,27 @@ void fillCorpusTable(Connection &connection, const QString &table, const QString
     }
 }
 
-std::vector<CorpusSentence> corpusSentences(const QString &file)
+std::vector<Transcript> transcripts(const QString &folder)
 {
-    QFile lines(folder().filePath(file + u".jsonl"_qs));
-    if (!lines.open(QIODevice::ReadOnly) || lines.size() == 0) {
-        fail(u"cannot read "_qs + lines.fileName());
-    }
-    std::vector<CorpusSentence> result;
-    QSet<std::string> names;
-    for (int number = 1; !lines.atEnd(); ++number) {
-        const QString place = u"%1.jsonl:%2: "_qs.arg(file).arg(number);
-        QJsonParseError error;
-        const auto line = QJsonDocument::fromJson(lines.readLine(), &error);
-        try {
-            if (!line.isObject()) {
-                fail(u"no object, "_qs + error.errorString());
-            }
-            CorpusSentence one = sentence(line.object());
-            if (names.contains(one.name)) {
-                fail(u"the name is used before"_qs);
-            }
-            names += one.name;
-            one.name = place.toStdString() + one.name;
+    std::vector<Transcript> result;
+    const QDir files(QStringLiteral(LUKORA_CORPUS "/") + folder);
+    for (const QFileInfo &info : files.entryInfoList(QDir::Files, QDir::Name)) {
+        QFile file(info.filePath());
+        if (!file.open(QIODevice::ReadOnly)) {
+            fail("cannot read " + info.filePath().toStdString());
+        }
+        for (Transcript &one : Reader(info.fileName()).read(file)) {
             result.push_back(std::move(one));
-        } catch (const std::runtime_error &failure) {
-            fail(place + QString::fromUtf8(failure.what()));
         }
     }
     return result;
 }
 
-QStringList corpusSentenceFiles()
-{
-    return folder().entryList({u"*.jsonl"_qs}).replaceInStrings(u".jsonl"_qs, QString());
-}
-
 QByteArrayList corpusRecords()
 {
     QByteArrayList result;
-    for (const QString &file : corpusSentenceFiles()) {
-        for (const CorpusSentence &one : corpusSentences(file)) {
-            result += one.records;
-        }
+    for (const Transcript &one : transcripts(u"sentences"_qs)) {
+        result += one.records;
     }
     return result;
 }

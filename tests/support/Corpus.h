@@ -4,24 +4,46 @@
 #include <QMap>
 #include <QStringList>
 
+#include <chrono>
 #include <map>
 #include <string>
 #include <vector>
 
 class Connection;
 
-// Messages as data: each line of a file in tests/corpus/sentences is a case, told in
+// Messages and whole dialogues with modems as data: the files in tests/corpus, told in
 // docs/corpus.md.
 
-/// What the modem lists, and what the tables hold before and after it.
-struct CorpusSentence {
-    std::string name;       ///< with file and line
-    QByteArray from;        ///< sender of the messages
-    int messages = 0;       ///< how many of the records are messages of that sender
-    QByteArrayList records; ///< as listed: header and body, each ended by CR LF
-    QString country;
-    QString dates;   ///< the system's short date, as a format of QDate
+struct TranscriptStep {
+    enum class Kind {
+        Writes,  ///< the program must write this now, line end and all
+        Says,    ///< the modem says this then
+        Waits,   ///< so much time passes first, in which the program writes nothing
+        Within,  ///< the next Writes comes before this time is over
+        Anything ///< the program may write what it will, and hears "OK", until the next Writes
+    };
+    Kind kind;
+    int line; ///< in the file
+    QByteArray bytes;
+    std::chrono::milliseconds time{0};
+};
+
+struct Transcript {
+    std::string name; ///< with file and line
+    bool onCom = true;
+    bool onTcp = true;
+    QString country = QStringLiteral("47");       ///< dial prefix
+    QString dates = QStringLiteral("dd/MM/yyyy"); ///< the system's, as a format of QDate
     QString refuses; ///< writes that the database refuses, as in a trigger: "INSERT ON Katalog"
+    bool reports = false;
+    bool init = false; ///< begins with the start of the modem, else with one that is ready
+    std::vector<TranscriptStep> steps;
+    QByteArray from = "+4790000001"; ///< sender of the messages behind it
+    QByteArrayList records;          ///< messages as listed that are dealt with one by one
+    qsizetype filed = 0;             ///< how many of them get their row, from that sender
+    QStringList told;                ///< boxes, in order
+    QStringList showed;              ///< texts of the status panels, in order, others between them
+    QString ready;                   ///< "yes" or "no" behind it all; empty when it doesn't matter
     /// By table; each row is the values of corpusColumns() joined by "|".
     QMap<QString, QStringList> before;
     QMap<QString, QStringList> after;
@@ -40,15 +62,12 @@ CorpusTables corpusTables(CorpusTables before, const QMap<QString, QStringList> 
 /// Puts these rows into the place of all others.
 void fillCorpusTable(Connection &connection, const QString &table, const QStringList &rows);
 
-/// The sentences of a file, such as "norwegian".
-/// @throws std::runtime_error with file and line for a file that cannot be read or is empty, a line
-/// that is no such object, an unknown key or table, a name used twice and a character that is no
-/// byte of a line.
-std::vector<CorpusSentence> corpusSentences(const QString &file);
+/// All transcripts of all files of a folder of the corpus, in the order of their names.
+/// @throws std::runtime_error with file and line for a file without a transcript, an unknown
+/// directive or table, a name used twice in a file, a transcript that does or expects nothing.
+std::vector<Transcript> transcripts(const QString &folder);
 
-/// The files' names, without ".jsonl".
-QStringList corpusSentenceFiles();
-/// The records of all sentences of all files, for whoever needs many different messages.
+/// The messages of all sentences, for whoever needs many different ones.
 QByteArrayList corpusRecords();
 
 /// A message as a modem lists it, at place 7.

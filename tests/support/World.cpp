@@ -124,16 +124,13 @@ void World::registerUser(const QString &number, const QString &saldo)
     click("CommandRegistrerBruker");
 }
 
-void World::chooseLineAgain(const QStringList &boxes)
+void World::chooseLineAgain()
 {
     if (line_ == Line::Tcp) {
         if (socket.state() != TcpSocket::State::Closed) {
             click("cmdDisconnect");
         }
         person.answers(QStringLiteral("Kobler til: "), Answer::Ok);
-    }
-    for (const QString &box : boxes) {
-        person.answers(box);
     }
     if (line_ == Line::Tcp) {
         click("cmdConnect");

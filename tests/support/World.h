@@ -62,9 +62,8 @@ public:
     /// New user: button, number, names, button.
     void registerUser(const QString &number, const QString &saldo = {});
 
-    /// The operator chooses the line again, which initialises the modem again; further boxes are
-    /// answered behind the network's question.
-    void chooseLineAgain(const QStringList &boxes = {});
+    /// The operator chooses the line again, which initialises the modem again.
+    void chooseLineAgain();
 
     /// First value of the statement's first row, as text, read through a connection of its own.
     QString value(const QString &sql) { return database_.single(sql); }

@@ -6,6 +6,7 @@
 
 namespace {
 
+const QString kDoor = QStringLiteral("+4790000001");
 const QString kUser = QStringLiteral("+4791234567");
 
 using Line = World::Line;
@@ -45,23 +46,21 @@ const RoadCase kRoads[] = {
      "Saldo| 25|31/12/2099"},
 };
 
-struct WorldOnCom : testing::Test, World {};
-
 } // namespace
 
-TEST(Road, EndsActive)
+TEST(Road, EndsActiveAndTheWayBackWithoutTheUser)
 {
     for (const RoadCase &road : kRoads) {
         SCOPED_TRACE(road.name);
         World world({.line = road.line,
                      .reports = road.reports,
-                     .doors = {{u"+4790000001"_qs, u"Hovedport"_qs, road.language}}});
+                     .doors = {{kDoor, u"Hovedport"_qs, road.language}}});
         world.door().setAnswers(road.answers);
         world.registerUser(road.number, road.saldo);
 
         EXPECT_TRUE(world.runUntilStatus(road.number, u"Aktiv "_qs, 60s))
             << world.status(road.number).toStdString();
-        EXPECT_EQ(world.received(u"+4790000001"_qs), QStringList{QString::fromUtf8(road.command)});
+        EXPECT_EQ(world.received(kDoor), QStringList{QString::fromUtf8(road.command)});
         const DoorUser &user = world.door().users().at(road.number.mid(3));
         EXPECT_EQ(user.foreign, road.number != kUser);
         EXPECT_EQ(user.hasBalance() ? user.balance() : 0, road.saldo.toInt());
@@ -77,69 +76,45 @@ TEST(Road, EndsActive)
         }
         // With reports by the network's word, else at once.
         EXPECT_EQ(world.value(u"SELECT CMGS FROM SMS_Sent"_qs), u"0:OK"_qs);
+
+        world.chooseTab(u"Alle"_qs);
+        world.person.answers(u"Bruker er allerede registrert!!"_qs, Answer::Cancel);
+        world.type("Txtfields_0", road.number);
+        world.click("CommandSlettBruker");
+        EXPECT_TRUE(world.runUntilStatus(road.number, u"-"_qs));
+        EXPECT_TRUE(world.door().users().empty());
     }
 }
 
-TEST_F(WorldOnCom, DeletedUserLeavesTheDoorAndTheTable)
+TEST(Road, ClosingInTheMiddleOfASubmissionEndsAtOnceAndKeepsTheMessage)
 {
-    registerUser(kUser);
-    ASSERT_TRUE(runUntilStatus(kUser, u"Aktiv "_qs));
-    ASSERT_TRUE(runUntilIdle());
-
-    chooseTab(u"Alle"_qs);
-    person.answers(u"Bruker er allerede registrert!!"_qs, Answer::Cancel);
-    type("Txtfields_0", kUser);
-    click("CommandSlettBruker");
-
-    EXPECT_TRUE(runUntilStatus(kUser, u"-"_qs));
-    EXPECT_EQ(received(u"+4790000001"_qs).last(), u"U 91234567");
-    EXPECT_TRUE(door().users().empty());
-}
-
-// An answer that was read in between would set the pace anew.
-TEST_F(WorldOnCom, SendsOneMessageInThirtySeconds)
-{
-    door().setAnswerDelay(10min);
-    registerUser(kUser);
-    registerUser(u"+4791234568"_qs);
-    milliseconds reached[2] = {};
-    for (int i = 0; i < 2; ++i) {
-        const auto isThere = [&] { return received(u"+4790000001"_qs).size() == i + 1; };
-        ASSERT_TRUE(clock.runUntil(isThere, 2min));
-        reached[i] = clock.elapsed();
-    }
-    EXPECT_GE(reached[1] - reached[0], 30s);
-    EXPECT_LT(reached[1] - reached[0], 33s);
-}
-
-TEST_F(WorldOnCom, ClosingInTheMiddleOfASubmissionEndsAtOnceAndKeepsTheMessage)
-{
-    modem.setSubmissionTime(15s);
-    registerUser(kUser);
-    person.answers(u"Vent til SMS sending er ferdig"_qs);
+    World world;
+    world.modem.setSubmissionTime(15s);
+    world.registerUser(kUser);
+    world.person.answers(u"Vent til SMS sending er ferdig"_qs);
     milliseconds closedAt{0};
     std::function<void()> closeWhileWaiting = [&] {
-        if (modemLink().flags.WaitingForCmgs) {
-            closedAt = clock.elapsed();
-            screen().close();
+        if (world.modemLink().flags.WaitingForCmgs) {
+            closedAt = world.clock.elapsed();
+            world.screen().close();
         } else {
-            clock.after(100ms, closeWhileWaiting);
+            world.clock.after(100ms, closeWhileWaiting);
         }
     };
-    clock.after(100ms, closeWhileWaiting);
-    clock.run(1min);
+    closeWhileWaiting();
+    world.clock.run(1min);
 
-    EXPECT_TRUE(clock.hasEnded());
+    EXPECT_TRUE(world.clock.hasEnded());
     EXPECT_GT(closedAt, 0ms);
-    EXPECT_LT(clock.elapsed() - closedAt, 3s);
-    EXPECT_TRUE(settings.saved.isEmpty());
-    EXPECT_EQ(value(u"SELECT CMGS FROM SMS_Sent"_qs), u"UNSENT");
-    EXPECT_EQ(value(u"SELECT ModemOwner FROM Modem"_qs), u"KONTOR-1");
+    EXPECT_LT(world.clock.elapsed() - closedAt, 3s);
+    EXPECT_TRUE(world.settings.saved.isEmpty());
+    EXPECT_EQ(world.value(u"SELECT CMGS FROM SMS_Sent"_qs), u"UNSENT");
+    EXPECT_EQ(world.value(u"SELECT ModemOwner FROM Modem"_qs), u"KONTOR-1");
 }
 
-TEST(WorldOnNetwork, ButtonsOfTheNetworkModemWorkTheLine)
+TEST(Road, ButtonsOfTheNetworkModemWorkTheLine)
 {
-    World world({.line = World::Line::Tcp});
+    World world({.line = Line::Tcp});
     const auto enabled = [&](const char *name) { return world.control<QWidget>(name).isEnabled(); };
     EXPECT_FALSE(enabled("txtHostName"));
 
@@ -165,4 +140,68 @@ TEST(WorldOnNetwork, ButtonsOfTheNetworkModemWorkTheLine)
     world.person.answers(u"Kobler til: "_qs, Answer::Ok);
     world.click("cmdConnect");
     EXPECT_TRUE(world.application().module().ModemReady);
+}
+
+// Each kind of answer, from the operator's command to the tables, by a unit of each language. Each
+// holds two users, of whom the second has been in twice.
+TEST(Doors, AnswerEveryCommandSoThatTheTablesFollow)
+{
+    const char *const kReport = "(Beskrivelse = KeyNavn) || '|' || Admin || '|' || Admin1 || '|' "
+                                "|| Admin2 || '|' || Admin3 || '|' || Admin4 || '|' || Admin5 || "
+                                "'|' || Eget_Nummer";
+    const char *const kUsers = "(SELECT group_concat(KeyBruker || ' ' || Status || ' ' || Konto, "
+                               "'; ') FROM TBLbrukere u WHERE u.KeyNummer = d.KeyNummer)";
+    const char *const kSaldo = "(SELECT Saldo FROM TBLbrukere u WHERE u.KeyNummer = d.KeyNummer "
+                               "AND trim(KeyBruker) = '+4793456789')";
+    const char *const kLog = "(SELECT group_concat(KeyUser || ' ' || Dato, '; ') FROM LOGGData l "
+                             "WHERE l.KeyNummer = d.KeyNummer)";
+    const struct {
+        const char *command;
+        const char *shows; ///< of a door
+        QString row;
+    } kSteps[] = {
+        {"?", "Admin", u"1"_qs},
+        {"A2 92345678", kReport, u"1|99000000||92345678||||99999999"_qs},
+        {"AR", "Admin", u"0"_qs},
+        {"?", "Admin", u"1"_qs},
+        // The second user's mark is behind the first too: the first mark of a message counts.
+        {"K", kUsers, u"+4791234567 AKTIV A2 Hentet; +4792345678 AKTIV A2 Hentet"_qs},
+        // A new user, one who is there already, and one who goes.
+        {"I 93456789>26120100<26120324", kSaldo, u"0"_qs},
+        {"I 93456789*25", kSaldo, u" 25"_qs},
+        {"U 93456789", kSaldo, {}},
+        // The last entry's minute has no line feed behind it, and is that of the entry before.
+        {"r5", kLog, u"92345678 30/11,08:05; 92345678 01/12,17:05"_qs},
+        {"V0", "KeySikkerhet", u"6"_qs},
+        {"A5 99000000", "KeySikkerhet", u"4"_qs},
+        {"A6 +4790000009", kReport, u"1|99000000||92345678|||99000000|90000009"_qs},
+        {"B !Sidedør", "Beskrivelse", u"Sidedør"_qs},
+        {"A2 ", "Admin2", {}},
+    };
+    World world({.doors = {{kDoor, u"Hovedport"_qs, Language::Norwegian},
+                           {u"+4790000002"_qs, u"Bagdør"_qs, Language::Danish},
+                           {u"+4790000003"_qs, u"Källarport"_qs, Language::Swedish}}});
+    world.execute(u"UPDATE KEYTable SET KeySikkerhet = '6'"_qs);
+    for (std::size_t i = 0; i < 3; ++i) {
+        for (const auto &number : {u"91234567"_qs, u"92345678"_qs}) {
+            world.door(i).seedUser(number, {DoorPeriod{{2026, 1, 1}, 0, {2027, 1, 1}, 24}});
+        }
+        world.door(i).call(u"+4792345678"_qs, {QDate(2026, 11, 30), QTime(8, 5)});
+        world.door(i).call(u"+4792345678"_qs, {QDate(2026, 12, 1), QTime(17, 30)});
+    }
+    for (const auto &[command, shows, row] : kSteps) {
+        for (std::size_t i = 0; i < 3; ++i) {
+            const DoorUnit &door = world.door(i);
+            world.modemLink().queue.queueDoorCommand(door.number(), door.name(),
+                                                     QString::fromUtf8(command),
+                                                     world.clock.now().date(), u"UNSENT"_qs);
+            world.clock.run(1min);
+            EXPECT_TRUE(world.runUntilIdle()) << command;
+        }
+        EXPECT_EQ(world.rows(
+                      u"SELECT %1 FROM KEYTable d ORDER BY KeyNummer"_qs.arg(QLatin1String(shows))),
+                  QStringList({row, row, row}))
+            << command;
+    }
+    EXPECT_EQ(world.door(1).settings().alarmFunction, 0);
 }
