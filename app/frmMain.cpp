@@ -306,7 +306,7 @@ void frmMain::releaseModem()
 }
 
 /// From the last that was opened to the first.
-void frmMain::unloadOtherScreens()
+bool frmMain::unloadOtherScreens()
 {
     std::map<int, QPointer<QWidget>, std::greater<>> screens;
     for (const auto &[name, screen] : screens_) {
@@ -317,6 +317,8 @@ void frmMain::unloadOtherScreens()
             window->close();
         }
     }
+    return std::ranges::none_of(
+        screens, [](const auto &screen) { return screen.second && screen.second->isVisible(); });
 }
 
 void frmMain::saveSettings()

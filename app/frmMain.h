@@ -69,7 +69,8 @@ private:
     void activated();
     void deactivated();
     void releaseModem();
-    void unloadOtherScreens();
+    /// Whether none has stayed: one that is at work, or has unsaved edits, may.
+    bool unloadOtherScreens();
     void saveSettings();
 
     // frmMainMenus.cpp

@@ -104,11 +104,11 @@ void frmMain::mnuFileDatabase()
     shown(operator_, {}, [this] {
         const QString path =
             operator_.chooseFile(module_.DatabasePath, QStringLiteral("Access (*.mdb);;All (*.*)"));
-        if (path.isEmpty()) {
+        // The other screens show, and would write to, the file of before.
+        if (path.isEmpty() || !unloadOtherScreens()) {
             throw RuntimeFailure(
                 QCoreApplication::translate("frmMain", "Valget av database ble avbrutt."));
         }
-        unloadOtherScreens(); // they show, and would write to, the file of before
         module_.DatabasePath = path;
         module_.TempDatabasePath = tempDatabasePath(path);
         module_.BackupDatabasePath = backupDatabasePath(path);
@@ -128,9 +128,9 @@ void frmMain::mnuFileCompactDatabase()
         unloadOtherScreens(); // they hold the file, too
         recordsets_.CompactRequested = true;
         recordsets_.OpenDatabase();
+        recordsets_.CompactRequested = false; // or choosing another file would compact that one
         if (recordsets_.CompactFailed) {
             operator_.messageBox(module_.texts.compactFailed, {}, Buttons::Ok);
-            recordsets_.CompactRequested = false;
             recordsets_.OpenDatabase();
             recordsets_.OpenRecordsets();
             VisBrukerTabell();
@@ -138,7 +138,6 @@ void frmMain::mnuFileCompactDatabase()
         }
         recordsets_.OpenRecordsets();
         VisBrukerTabell();
-        recordsets_.CompactRequested = false;
         operator_.messageBox(module_.texts.compactDone, {}, Buttons::Ok);
     });
 }

@@ -13,6 +13,8 @@
 
 namespace {
 
+constexpr const char *kNotCopied = QT_TRANSLATE_NOOP("Compaction", "Kan ikke kopiere %1: %2");
+
 [[noreturn]] void fail(const char *text, const QFile &file)
 {
     throw RuntimeFailure(
@@ -43,8 +45,8 @@ void copyOver(const QString &path, const QString &backupPath)
     if (!copied || !copy.setPermissions(file.permissions()) || !copy.commit()) {
         const QFileDevice &failed =
             file.error() != QFileDevice::NoError ? static_cast<const QFileDevice &>(file) : copy;
-        throw RuntimeFailure(QCoreApplication::translate("Compaction", "Kan ikke kopiere %1: %2")
-                                 .arg(path, failed.errorString()));
+        throw RuntimeFailure(
+            QCoreApplication::translate("Compaction", kNotCopied).arg(path, failed.errorString()));
     }
 }
 
@@ -72,6 +74,11 @@ void compactDatabase(const QString &path, const QString &tempPath, const QString
     copyOver(path, backupPath);
     NewFile compacted(tempPath);
     rewrite(compactionString(path), compactionString(tempPath), alone);
+    // Others, under another account, write it tomorrow as they do today.
+    if (!QFile::setPermissions(tempPath, QFile::permissions(path))) {
+        throw RuntimeFailure(
+            QCoreApplication::translate("Compaction", kNotCopied).arg(path, qt_error_string()));
+    }
     compacted.keep();
     // Behind a link it is the file that others have open tomorrow.
     QFile file(QFileInfo(path).canonicalFilePath());

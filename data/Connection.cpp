@@ -343,19 +343,19 @@ void Connection::run(const QString &sql, const QVariantList &values,
         ~Loan() { owner.putBack(sql, std::move(statement)); }
     };
     d->failIfGivenUp();
-    const Loan loan{*d, sql, d->take(sql)};
-    loan.statement->bind(values);
-    QVariantList row;
-    const auto step = [&] {
+    const auto noted = [&](const auto &act) {
         try {
-            return loan.statement->step();
+            return act();
         } catch (const RuntimeFailure &failure) {
             d->givenUpBecause = failure.description();
             d->machineFailed = d->database != nullptr && isOfMachine(d->database);
             throw;
         }
     };
-    while (step()) {
+    const Loan loan{*d, sql, noted([&] { return d->take(sql); })};
+    noted([&] { loan.statement->bind(values); });
+    QVariantList row;
+    while (noted([&] { return loan.statement->step(); })) {
         if (reader) {
             loan.statement->readRow(row);
             reader(row);

@@ -159,7 +159,10 @@ TEST_F(CompactionTest, KeepsRowsNumbersPasswordAndBackup)
 {
     write(module.BackupDatabasePath, "eldre");
     const qint64 before = sizeOf(module.DatabasePath);
+    const auto everybodys = QFile::permissions(module.DatabasePath) | QFile::WriteOther;
+    QFile::setPermissions(module.DatabasePath, everybodys);
     recordsets.OpenDatabase();
+    EXPECT_EQ(QFile::permissions(module.DatabasePath), everybodys);
     ASSERT_FALSE(recordsets.CompactFailed);
     EXPECT_EQ(sizeOf(module.BackupDatabasePath), before);
     EXPECT_FALSE(QFile::exists(module.TempDatabasePath));
