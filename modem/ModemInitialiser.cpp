@@ -107,9 +107,10 @@ std::optional<ModemInitialiser::Identity> ModemInitialiser::search()
 {
     ++flags_.initialisations;
     const LineOwner::Turn turn(flags_.owner, LineOwner::Who::Initialiser);
+    line_.takeSigns(); // of before
     for (int attempts = 1; attempts <= kAttempts; ++attempts) {
         Identity identity;
-        if (attempt(identity)) {
+        if (attempt(identity) && (!identity.hasStarted || attempts == kAttempts)) {
             return identity;
         }
     }
@@ -143,6 +144,9 @@ bool ModemInitialiser::attempt(Identity &identity)
 
     QString storageLine;
     for (const Step &step : kSteps) {
+        if (step.command == u"AT&F0") {
+            identity.hasStarted = false; // until here it was told nothing that it could forget
+        }
         if (!run(step, identity, storageLine) && step.onNoOk == Retry) {
             return false;
         }
@@ -154,7 +158,6 @@ bool ModemInitialiser::attempt(Identity &identity)
 bool ModemInitialiser::run(const Step &step, Identity &identity, QString &storageLine)
 {
     const bool withReports = module_.SmsReportOn && !step.commandWithReports.isEmpty();
-    line_.takeSigns(); // only those of the last step count
     line_.SendData((withReports ? step.commandWithReports : step.command).toString() + u'\r');
     clock_.sleep(step.pauseBefore);
     switch (step.reading) {
@@ -178,7 +181,11 @@ bool ModemInitialiser::run(const Step &step, Identity &identity, QString &storag
         identity.serialNumber = line_.ReadModemLine();
         break;
     }
-    return line_.WaitForModemOK();
+    const bool isOk = line_.WaitForModemOK();
+    const auto [echo, boot] = line_.takeSigns();
+    identity.echoes = echo;
+    identity.hasStarted = identity.hasStarted || boot;
+    return isOk;
 }
 
 void ModemInitialiser::waitForStorage(QString &storageLine)
@@ -191,7 +198,7 @@ void ModemInitialiser::waitForStorage(QString &storageLine)
 
 void ModemInitialiser::found(const Identity &identity)
 {
-    flags_.EchoIsUsual = line_.takeSigns().echo;
+    flags_.EchoIsUsual = identity.echoes;
     isLossTold_ = false;
     module_.ModemReady = true;
     timerCom_.setEnabled(true);

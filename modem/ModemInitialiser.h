@@ -51,6 +51,8 @@ private:
         QString manufacturer;
         QString model;
         QString serialNumber;
+        bool echoes = false;     ///< though it was told not to
+        bool hasStarted = false; ///< in the middle, and forgotten the steps before
     };
     struct Step;
 

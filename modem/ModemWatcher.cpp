@@ -33,7 +33,7 @@ constexpr milliseconds kListingTimeOut = 20'000ms;
 constexpr milliseconds kHeldUp = 2500ms;
 constexpr int kLongestIndex = 7;
 // Two on each tick: a file that another PC holds for a moment is no news.
-constexpr int kTriesToRefresh = 3;
+constexpr int kTriesOfFile = 3;
 
 enum class Notice { None, Message, Report };
 
@@ -62,7 +62,8 @@ ModemWatcher::ModemWatcher(const Clock &clock, Module1 &module, ModemFlags &flag
       timerCom_(TimerCom),
       view_(view),
       operator_(person),
-      refresh_(person, kTriesToRefresh)
+      refresh_(person, kTriesOfFile),
+      send_(person, kTriesOfFile)
 {
     response_.onChange([this] { responseChanged(); });
 }
@@ -129,12 +130,17 @@ void ModemWatcher::tellLostPort()
 void ModemWatcher::lookForSigns(const QString &line)
 {
     const auto [echo, boot] = line_.takeSigns();
-    hasForgotten_ = hasForgotten_ || (echo && !flags_.EchoIsUsual) || boot || isPduHeader(line);
+    if ((echo && !flags_.EchoIsUsual) || boot || isPduHeader(line)) {
+        forgotten_ = flags_.initialisations;
+    }
+    if (boot) {
+        listingEnded(); // nothing more will come of it
+    }
 }
 
 bool ModemWatcher::startAnew()
 {
-    if (!hasForgotten_) {
+    if (!hasForgotten()) {
         return false;
     }
     if (startedAnew_ && clock_.elapsed() - *startedAnew_ < kBetweenStarts) {
@@ -145,8 +151,10 @@ bool ModemWatcher::startAnew()
                    QCoreApplication::translate("ModemWatcher", "Modemet settes opp på nytt"));
     kept([this] {
         if (SetUpAgain()) {
-            hasForgotten_ = false;
+            forgotten_.reset();
             view_.setPanel(kInboundPanel, u"Klar for innkommende SMS"_qs); // in every language
+        } else {
+            forgotten_ = flags_.initialisations;
         }
     });
     return true;
@@ -179,12 +187,22 @@ void ModemWatcher::timerSendTick()
     };
     const auto refresh = unlessOvertaken([&] { refresh_([&] { recordsets_.reopen(); }); });
     skipped({unlessOvertaken([&] { StartNyBruker(); }), refresh,
-             unlessOvertaken([&] { queue_.SendQueuedSms(); }), refresh, unlessOvertaken([&] {
+             unlessOvertaken([&] { sendFirst(); }), refresh, unlessOvertaken([&] {
                  if (pace_.interval() < kNoListingFrom || isOwed ||
                      clock_.elapsed() - listingAsked_ >= kIdleListing) {
                      requestListing();
                  }
              })});
+}
+
+void ModemWatcher::sendFirst()
+{
+    const auto send = [&] { queue_.SendQueuedSms(); };
+    if (refresh_.haveFailed()) {
+        kept(send); // the operator has been told of the file
+    } else {
+        send_(send);
+    }
 }
 
 void ModemWatcher::responseChanged()

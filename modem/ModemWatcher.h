@@ -53,7 +53,9 @@ private:
     bool lineIsFree() const;
     bool awaitsListing() const;
     void lookForSigns(const QString &line);
+    bool hasForgotten() const { return forgotten_ == flags_.initialisations; }
     bool startAnew();
+    void sendFirst();
     void tellLostPort();
     void responseChanged();
     void watch(const QString &text);
@@ -87,8 +89,9 @@ private:
     milliseconds listingAsked_{0};
     milliseconds takingSince_{0}; ///< by the owner of the line, if it is this
     int sendTicks_ = 0;
-    bool hasForgotten_ = false; ///< the modem, what the initialisation told it
+    std::optional<int> forgotten_; ///< the initialisation whose settings the modem has lost
     std::optional<milliseconds> startedAnew_;
     Tries refresh_;         ///< of the sets: a file that cannot be read is told of once
+    Tries send_;            ///< likewise a file that takes no result
     bool lossTold_ = false; ///< the operator has been told that the port is gone
 };

@@ -163,6 +163,10 @@ void OutboundQueue::queue(const OutboundSms &sms)
 
 void OutboundQueue::SendQueuedSms()
 {
+    if (accepted_) {
+        settle(*std::exchange(accepted_, std::nullopt));
+        return;
+    }
     const LineOwner::Turn turn(flags_.owner, LineOwner::Who::Queue);
     flags_.QueueRunning = true;
     timerCom_.setEnabled(false);
@@ -176,10 +180,6 @@ void OutboundQueue::SendQueuedSms()
 
 void OutboundQueue::sendFirst()
 {
-    if (accepted_) {
-        settle(*std::exchange(accepted_, std::nullopt));
-        return;
-    }
     Recordset &outbox = recordsets_.rsSmsOutbox;
     outbox.sort(u"datolng"_qs);
     if (!outbox.findFirst(u"CMGS"_qs, u"UNSENT"_qs)) {
@@ -197,7 +197,7 @@ void OutboundQueue::sendFirst()
 }
 
 /// Writes the outcome. When that fails the row goes on waiting, and is sent again; but one that the
-/// network took would reach the door twice, so the next tick only writes it.
+/// network took would reach the door twice, so the next tick only writes it, and says if it can't.
 void OutboundQueue::settle(const Submission &sms)
 {
     bool isAccepted = false;

@@ -75,8 +75,9 @@ public:
     /// queueSms() into rsSmsOutbox.
     void queue(const OutboundSms &sms);
 
-    /// Hands at most one waiting row to the modem. It never fails; what happened to the row stands
-    /// in its CMGS, as soon as the file takes it.
+    /// Hands at most one waiting row to the modem; what happened to it stands in its CMGS. As long
+    /// as the file doesn't take that, no other row is handed on: each call only tries to write it.
+    /// @throws RuntimeFailure when such a call fails; nothing else makes it fail.
     /// @throws ProgramEnds when the program ends meanwhile.
     void SendQueuedSms();
 

@@ -20,6 +20,7 @@ constexpr int kAttempts = 5;
 constexpr milliseconds kBetweenAttempts = 2000ms;
 constexpr milliseconds kPromptTimeOut = 2000ms;
 constexpr milliseconds kResultTimeOut = 20000ms;
+constexpr int kMostLateLines = 100;
 
 constexpr char16_t kEndOfMessage = 26;
 constexpr int kOutboundPanel = 3;
@@ -132,7 +133,10 @@ void SmsSubmitter::Get_CMGS()
 void SmsSubmitter::readResult()
 {
     const milliseconds start = clock_.elapsed();
-    while (clock_.elapsed() - start < kResultTimeOut) {
+    // A box may have held the reading up: what has come meanwhile counts, or the same message would
+    // go out again.
+    const auto isInTime = [&] { return clock_.elapsed() - start < kResultTimeOut; };
+    for (int late = 0; isInTime() || (line_.hasLine() && late++ < kMostLateLines);) {
         const QString line = line_.ReadModemLine();
         const std::optional<QString> reference = answerIn(line, u"+CMGS"_qs);
         if (reference) {

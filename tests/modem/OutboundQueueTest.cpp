@@ -108,7 +108,7 @@ TEST_F(Queue, ClosesTheRowThatItSentWhateverScreensDoMeanwhile)
     EXPECT_EQ(other.rows(u"SELECT CMGS FROM SMS_Sent"_qs), QStringList{u"UNSENT"_qs});
 }
 
-TEST_F(Queue, WritesLaterWhatBecameOfAnAcceptedMessageInsteadOfSendingItTwice)
+TEST_F(Queue, WritesLaterWhatBecameOfAnAcceptedMessageAndSaysOnceThatItCannot)
 {
     waits(u"I 912345678"_qs);
     database.look().run(u"CREATE TRIGGER locked BEFORE UPDATE ON SMS_Sent BEGIN "
@@ -117,7 +117,9 @@ TEST_F(Queue, WritesLaterWhatBecameOfAnAcceptedMessageInsteadOfSendingItTwice)
     EXPECT_EQ(sent(u"CMGS"_qs), QStringList{u"UNSENT"_qs});
     EXPECT_EQ(link.pace.interval(), 4500ms);
     EXPECT_FALSE(link.flags.QueuePending);
-    link.queue.SendQueuedSms();
+    person.answers(u"locked"_qs); // once
+    clock.run(20s);
+    EXPECT_EQ(person.texts.size(), 1);
     database.look().run(u"DROP TRIGGER locked"_qs);
     link.queue.SendQueuedSms();
     EXPECT_EQ(sent(u"CMGS"_qs), QStringList{u"0:OK"_qs});
