@@ -10,6 +10,8 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 namespace {
 
 QStringList named(const char *names)
@@ -124,6 +126,14 @@ void Recordsets::closeAll()
         module_.DatabaseConnection->close();
         module_.DatabaseConnection.reset();
     }
+}
+
+bool Recordsets::areOpen() const
+{
+    const auto opened = {&rsKeyAll,    &rsBrukereAll,  &rsNyeBrukere,  &rsBrukereKey,
+                         &rsKatalog,   &rsSmsReceived, &rsSmsSentDone, &rsSmsOutbox,
+                         &rsKeyAntall, &rsLoggData,    &rsModem};
+    return std::ranges::all_of(opened, &Recordset::isOpen);
 }
 
 void Recordsets::atOnce(const std::function<void()> &work)

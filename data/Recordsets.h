@@ -29,6 +29,8 @@ public:
     /// The same, for whoever must ask nothing now.
     /// @throws RuntimeFailure when the file cannot be read.
     void reopen();
+    /// Whether the last reopen() went well; behind one that failed, some of the sets are closed.
+    bool areOpen() const;
 
     /// Runs the work in one transaction: what it writes is on disk when this returns, or nothing
     /// of it is.

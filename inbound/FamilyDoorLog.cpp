@@ -24,7 +24,11 @@ struct Entry {
     QString hour;
     QString minute;
 
-    QString stamp() const { return day + u'/' + month + u',' + hour + u':' + minute; }
+    /// As a criterion finds it again: without blanks around it.
+    QString stamp() const
+    {
+        return QString(day + u'/' + month + u',' + hour + u':' + minute).trimmed();
+    }
 };
 
 /// Cuts the stamp from the begin of the working text. A part that cannot be cut keeps the value of

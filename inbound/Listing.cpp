@@ -4,8 +4,7 @@
 #include "modem/ModemLine.h"
 #include "modem/ModemWords.h"
 
-#include <QStringList>
-
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -28,7 +27,22 @@ void Listing::begin(const QString &header)
 
 QString Listing::nextLine()
 {
-    return ahead_.isEmpty() ? line_.ReadWholeLine() : std::exchange(ahead_, {});
+    const QString line = ahead_.isEmpty() ? line_.ReadWholeLine() : std::exchange(ahead_, {});
+    bareEnds_ = line.isEmpty() ? 0 : line_.takeBareEnds(); // of a line that comes late, all
+    return line;
+}
+
+/// Some modems put an empty line before each line, or a second carriage return at its end: what
+/// goes beyond that is a part of the text. Around a notice there may be any.
+void Listing::addLine(QStringList &lines, const QString &line, bool followsNotice)
+{
+    if (lines.isEmpty()) {
+        usualBareEnds_ = bareEnds_;
+    } else if (!followsNotice) {
+        const int empty = (bareEnds_ - usualBareEnds_) / (usualBareEnds_ + 1);
+        lines += QStringList(std::clamp(empty, 0, kMostLines));
+    }
+    lines += line;
 }
 
 /// Whether an "OK" or an error is the end of the listing, and no line of a text: somebody may have
@@ -71,7 +85,9 @@ QString Listing::readText()
 {
     QStringList lines;
     QString passedOver;
+    bool followsNotice = false;
     int silent = 0;
+    line_.takeBareEnds(); // around the header
     for (int reads = 0; reads < kMostLines && silent < kReadsOfSilence; ++reads) {
         const QString line = nextLine();
         if (line.isEmpty()) {
@@ -92,10 +108,11 @@ QString Listing::readText()
             judge(line);
             passedOver = line;
         } else {
-            lines += line;
+            addLine(lines, line, followsNotice);
         }
+        followsNotice = passedOver == line;
     }
-    isBroken_ = isBroken_ || lines.size() == kMostLines;
+    isBroken_ = isBroken_ || lines.size() >= kMostLines;
     if (silent == kReadsOfSilence) {
         end_ = End::Silence;
         isBroken_ = isBroken_ || hasStarted_ || !line_.isOpen() ||

@@ -2,6 +2,7 @@
 
 #include <QSet>
 #include <QString>
+#include <QStringList>
 
 #include <utility>
 
@@ -22,7 +23,8 @@ public:
     /// The header of the record.
     void begin(const QString &header);
 
-    /// The text of the record, its lines joined by line feeds, without what came unasked. A line
+    /// The text of the record, its lines joined by line feeds, empty ones between them too, without
+    /// what came unasked. A line
     /// that looks unasked is taken for the text where no other line is. Empty for a message without
     /// text.
     QString readText();
@@ -45,6 +47,7 @@ private:
     enum class End { None, Ok, Error, Silence };
 
     QString nextLine();
+    void addLine(QStringList &lines, const QString &line, bool followsNotice);
     bool endsWith(const QString &line, bool hasText);
     bool endsBehind(const QString &header);
     void judge(const QString &line);
@@ -52,7 +55,9 @@ private:
     ModemLine &line_;
     QSet<QString> seenBefore_;
     QSet<QString> oddLines_;
-    QString ahead_; ///< a line that was looked at already
+    QString ahead_;         ///< a line that was looked at already
+    int bareEnds_ = 0;      ///< before the line at hand
+    int usualBareEnds_ = 0; ///< before the first line of the text, as this modem ends its lines
     End end_ = End::None;
     bool isBroken_ = false;
     bool hasStarted_ = false; ///< a boot word came, if it was none of a text

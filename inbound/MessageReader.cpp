@@ -14,7 +14,7 @@
 #include "platform/RuntimeFailure.h"
 #include "platform/Text.h"
 
-#include <optional>
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -70,17 +70,24 @@ void MessageReader::Read_SMS_MessageTEXT()
             listing.breakOff(); // a click has read lines of it away, or chosen another modem
         }
     }
-    const bool comesAgain = isKnown(place, header, text);
+    const Record listedRecord{header, text};
+    const auto isThis = [&](const Record &seen) { return seen.isListedAgain(listedRecord); };
+    const bool comesAgain = std::ranges::any_of(stored_, isThis);
+    const auto silenced = std::exchange(silenced_, std::nullopt);
+    if (received && listing.isSilent() && !comesAgain) {
+        if (!silenced || !silenced->isListedAgain(listedRecord)) {
+            listing.breakOff();
+        }
+        silenced_ = listedRecord;
+    }
     bool stored = comesAgain;
     std::optional<QString> why;
     if (!comesAgain && !listing.isBroken()) {
-        if (received) {
-            rule_.step([&] { record.setText(text); });
-        }
+        rule_.step([&] { record.setText(received ? text : header); });
         // All that a message changes, or nothing: a file that cannot be had leaves it in the modem,
         // and a power cut doesn't leave half of it. One that refuses a single row loses that row.
         const auto store = [&] {
-            if (!recordsets_.rsSmsReceived.isOpen()) {
+            if (!recordsets_.areOpen()) {
                 recordsets_.reopen(); // or every step is passed over, and nothing fails
             }
             if (received) {
@@ -95,8 +102,8 @@ void MessageReader::Read_SMS_MessageTEXT()
     rule_.step([&] { recordsets_.reopen(); });         // a box would hold the line up
     rule_.step([&] { VisBrukerTabell_(); });
     rule_.step([&] { listing.readToEnd(); });
-    if (stored) {
-        stored_[place] = {header, text};
+    if (stored && !comesAgain) {
+        stored_.push_back(listedRecord);
     }
     oddLines_ = listing.oddLines();
     bool isAnswered = true;
@@ -106,7 +113,7 @@ void MessageReader::Read_SMS_MessageTEXT()
     // A click may have chosen another modem meanwhile: what lies at the place there is not ours.
     const bool isOurs = link_.flags.initialisations == initialisations;
     if (stored && isOurs && listing.isWhole() && deleteFromModem(place, isAnswered)) {
-        stored_.erase(place);
+        std::erase_if(stored_, isThis);
     }
 
     if (link_.response.text() == listed) {
@@ -130,17 +137,12 @@ void MessageReader::tellOnce(const QString &failure)
     }
 }
 
-/// Whether it was filed before and the modem has not confirmed that it is gone. Listing it has made
-/// a message that was unread a read one.
-bool MessageReader::isKnown(quint8 place, const QString &header, const QString &text) const
+/// Listing a message that was unread has made it a read one.
+bool MessageReader::Record::isListedAgain(const Record &later) const
 {
-    const auto found = stored_.find(place);
-    if (found == stored_.end() || found->second.text != text) {
-        return false;
-    }
-    QString listedAgain = found->second.header;
-    listedAgain.replace(u"\"REC UNREAD\""_qs, u"\"REC READ\""_qs);
-    return header == found->second.header || header == listedAgain;
+    QString again = header;
+    again.replace(u"\"REC UNREAD\""_qs, u"\"REC READ\""_qs);
+    return later.text == text && (later.header == header || later.header == again);
 }
 
 /// A sender that cannot be cut leaves that of the message before; a stamp none.

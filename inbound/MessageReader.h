@@ -6,8 +6,9 @@
 #include <QString>
 
 #include <functional>
-#include <map>
+#include <optional>
 #include <utility>
+#include <vector>
 
 class Clock;
 class Host;
@@ -30,7 +31,8 @@ public:
     /// From then on the line is read here: the body, and the rest of the listing, whose other
     /// records stay in the modem and come with the next one. The record is deleted once it has been
     /// stored and the listing has been seen whole; one that the modem keeps all the same is not
-    /// stored again as long as the program runs.
+    /// stored again as long as the program runs. A text that ends in silence may be cut: it is
+    /// stored when two listings have shown the same of it.
     ///
     /// No text makes it fail (see ErrorRule).
     /// @throws RuntimeFailure at its end when the file could not be written, the first time.
@@ -38,7 +40,12 @@ public:
     void Read_SMS_MessageTEXT();
 
 private:
-    bool isKnown(quint8 place, const QString &header, const QString &text) const;
+    struct Record {
+        QString header; ///< its place is a part of it
+        QString text;
+        bool isListedAgain(const Record &later) const;
+    };
+
     QString readStamp(const QString &header);
     void tellOnce(const QString &failure);
     void file(Interpretation &record, const QString &stamp);
@@ -48,11 +55,6 @@ private:
     void runFamilies(Interpretation &record, bool received);
     bool deleteFromModem(quint8 place, bool &isAnswered);
 
-    struct Record {
-        QString header;
-        QString text;
-    };
-
     ModemLink &link_;
     Module1 &module_;
     Recordsets &recordsets_;
@@ -61,7 +63,8 @@ private:
     const Host &host_;
     std::function<void()> VisBrukerTabell_;
     ErrorRule rule_;
-    QString told_;                    ///< the failure to store that the operator knows of
-    QSet<QString> oddLines_;          ///< of the last listing, that look like cut headers
-    std::map<quint8, Record> stored_; ///< by place: the modem has them still, for all that is known
+    QString told_;                   ///< the failure to store that the operator knows of
+    QSet<QString> oddLines_;         ///< of the last listing, that look like cut headers
+    std::vector<Record> stored_;     ///< some modem has them still, for all that is known
+    std::optional<Record> silenced_; ///< the last listing ended in its text
 };

@@ -13,7 +13,10 @@ constexpr int kStampLength = 17;
 
 QString closedUp(QString header)
 {
-    static const QRegularExpression kBlanks(QStringLiteral(", +(?=[\",])"));
+    // Before a number only outside of quotes: a stamp has a comma, too.
+    static const QRegularExpression kBlanks(
+        QStringLiteral(", +(?=[\",]|[0-9]+,([^\"]*\"[^\"]*\")*[^\"]*$|[0-9]+$)"),
+        QRegularExpression::DontCaptureOption);
     return header.replace(kBlanks, QStringLiteral(","));
 }
 

@@ -7,6 +7,7 @@
 #include "platform/TcpSocket.h"
 #include "platform/Text.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -17,7 +18,7 @@ constexpr milliseconds kComTimeOut = 2000ms;
 constexpr milliseconds kComPoll = 50ms;
 constexpr milliseconds kNetworkTimeOut = 1000ms;
 constexpr milliseconds kNetworkPoll = 10ms;
-constexpr milliseconds kBetweenPieces = 300ms;
+constexpr milliseconds kBetweenPieces = 300ms; // at least
 
 // A read on the network keeps so much of what it did not take, and loses the rest.
 constexpr int kKeptBehindRead = 1000;
@@ -59,6 +60,7 @@ void ModemLine::SendData(const QString &OutString)
 {
     const QByteArray bytes = toLineBytes(OutString);
     begun_.clear();
+    widestGap_ = 0ms;
     lastSent_ = withoutEnds(OutString, u'\r');
     if (!onNetwork()) {
         MSComm1_.write(bytes);
@@ -82,8 +84,12 @@ QString ModemLine::ReadModemLine()
 QString ModemLine::ReadWholeLine()
 {
     // A tick inside the read, held up by a box, goes on with what has come.
+    const milliseconds start = clock_.elapsed();
     const bool hasEnded =
         readLine(begun_, [](const QString &text) { return !withoutEnds(text, u'\n').isEmpty(); });
+    if (hasEnded) {
+        widestGap_ = std::max(widestGap_, clock_.elapsed() - start);
+    }
     return taken(hasEnded ? std::exchange(begun_, {}) : QString());
 }
 
@@ -112,6 +118,7 @@ bool ModemLine::comLine(QString &line, Test isLine)
         if (MSComm1_.bytesAvailable() > 0) {
             const QChar character(static_cast<char16_t>(MSComm1_.takeCharacter()));
             atEnd = character == u'\r';
+            bareEnds_ += atEnd && !isLine(line) ? 1 : 0;
             if (!atEnd && line.size() < kLongestInput) {
                 line += character;
             }
@@ -131,6 +138,7 @@ bool ModemLine::networkLine(QString &line, Test isLine)
         const qsizetype end = ModemRxBuffer.indexOf(u'\r');
         if (end >= 0) {
             line = ModemRxBuffer.left(end);
+            bareEnds_ += isLine(line) ? 0 : 1;
             ModemRxBuffer = ModemRxBuffer.mid(end + 1, kKeptBehindRead);
             bringWhatIsKept();
         }
@@ -203,7 +211,8 @@ bool ModemLine::hasLine() const
 bool ModemLine::lineFollows()
 {
     const milliseconds start = clock_.elapsed();
-    while (!skipLineEnds() && clock_.elapsed() - start < kBetweenPieces) {
+    const milliseconds patience = std::max(kBetweenPieces, 2 * widestGap_);
+    while (!skipLineEnds() && clock_.elapsed() - start < patience) {
         clock_.yield(kComPoll);
     }
     return skipLineEnds();
@@ -214,6 +223,7 @@ bool ModemLine::skipLineEnds()
     const auto isEnd = [](QChar character) { return character == u'\r' || character == u'\n'; };
     if (onNetwork()) {
         while (!ModemRxBuffer.isEmpty() && isEnd(ModemRxBuffer.front())) {
+            bareEnds_ += ModemRxBuffer.front() == u'\r' ? 1 : 0;
             ModemRxBuffer.remove(0, 1);
         }
         bringWhatIsKept();
@@ -222,6 +232,7 @@ bool ModemLine::skipLineEnds()
     while (begun_.isEmpty() && MSComm1_.bytesAvailable() > 0) {
         const QChar character(static_cast<char16_t>(MSComm1_.takeCharacter()));
         begun_ += isEnd(character) ? QString() : QString(character);
+        bareEnds_ += character == u'\r' ? 1 : 0;
     }
     return !begun_.isEmpty();
 }

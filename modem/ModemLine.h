@@ -35,6 +35,8 @@ public:
     /// The same for lines of any length, as texts have them. A line whose end does not come in time
     /// is no line yet: the next call has the whole. What is sent meanwhile gives it up.
     QString ReadWholeLine();
+    /// So many bare line ends have been read over since the last call.
+    int takeBareEnds() { return std::exchange(bareEnds_, 0); }
     /// Reads lines until "OK" (true), over 100 lines, or an empty line behind the third (false).
     /// Each that is no "OK" is handed over, whole.
     bool WaitForModemOK(const std::function<void(const QString &)> &use = {});
@@ -46,8 +48,8 @@ public:
     Signs takeSigns() { return std::exchange(signs_, {}); }
     /// Whether a tick may take a line: a character on the COM port, a carriage return from TCP.
     bool hasLine() const;
-    /// Whether the modem goes on behind the line that ReadWholeLine took last. Waits no longer than
-    /// the pieces of one answer lie apart.
+    /// Whether the modem goes on behind the line that ReadWholeLine took last. Waits twice as long
+    /// as any line of this answer has kept it waiting.
     bool lineFollows();
     /// Whether commands have somewhere to go: an open port, or a socket that is not closed.
     bool isOpen() const;
@@ -89,6 +91,8 @@ private:
     TelnetFilter telnet_;
     QString lastSent_;
     Signs signs_;
-    QString begun_;   ///< of a line whose end has not come
+    milliseconds widestGap_{0}; ///< before a line of the answer to what was sent last
+    QString begun_;             ///< of a line whose end has not come
+    int bareEnds_ = 0;
     QString arrived_; ///< by TCP, behind what is in ModemRxBuffer
 };

@@ -110,7 +110,7 @@ void Witness::fromModem(int modem, const QByteArray &bytes)
     for (const char byte : bytes) {
         if (byte == '\r' || byte == '\n') {
             if (!line.said.isEmpty()) {
-                modemSays(line, line.said);
+                modemSays(line, line.said, byte == '\r');
             }
             line.said.clear();
         } else {
@@ -124,7 +124,7 @@ void Witness::fromModem(int modem, const QByteArray &bytes)
     line.lastActivity = clock_.elapsed();
 }
 
-void Witness::modemSays(Line &line, const QByteArray &text)
+void Witness::modemSays(Line &line, const QByteArray &text, bool isHeard)
 {
     event('<' + text.toStdString());
     if (isFinal(text)) {
@@ -137,8 +137,9 @@ void Witness::modemSays(Line &line, const QByteArray &text)
         return;
     }
     Submission &last = submissions_.back();
-    // It comes too late for the program, which then sends again: that is required.
-    if (clock_.elapsed() - last.at >= kResultTimeOut) {
+    // What comes too late for the program, or without the end of a line, it does not hear, and
+    // then it sends again: that is required.
+    if (!isHeard || clock_.elapsed() - last.at >= kResultTimeOut) {
         return;
     }
     last.heard = true;

@@ -77,7 +77,7 @@ private:
         milliseconds outOfStepUntil{0};
     };
     void command(Line &line);
-    void modemSays(Line &line, const QByteArray &text);
+    void modemSays(Line &line, const QByteArray &text, bool isHeard);
     void complain(const char *rule, const std::string &text);
 
     Clock &clock_;
