@@ -2,26 +2,24 @@
 
 #include <sqlcipher/sqlite3.h>
 
-#include <cstring>
-#include <new>
+#include <map>
 #include <utility>
 
-// The engine's interface to files, written out in its own names: each function asks the disk for a
-// fault first, and hands the rest on to the functions of the system's VFS.
+// Each function of the engine's files that matters asks the disk for a fault first, and hands the
+// rest on to the system's.
 
 namespace {
 
 sqlite3_vfs *below = nullptr;
 
-/// The system's file stands behind it in the same memory.
-struct File {
-    sqlite3_file base;
-    sqlite3_file *real() { return reinterpret_cast<sqlite3_file *>(this + 1); }
+struct Methods {
+    sqlite3_io_methods faulty; ///< what the engine calls; the address of a file's Methods, too
+    const sqlite3_io_methods *real;
 };
 
-sqlite3_file *real(sqlite3_file *file)
+const sqlite3_io_methods &real(const sqlite3_file *file)
 {
-    return reinterpret_cast<File *>(file)->real();
+    return *reinterpret_cast<const Methods *>(file->pMethods)->real;
 }
 
 int readingResult()
@@ -60,53 +58,30 @@ int write(sqlite3_file *file, const void *bytes, int count, sqlite3_int64 at)
         return result;
     }
     const bool isLast = Disk::instance().isLastWrite();
-    const int written =
-        real(file)->pMethods->xWrite(real(file), bytes, isLast ? count / 2 : count, at);
+    const int written = real(file).xWrite(file, bytes, isLast ? count / 2 : count, at);
     return isLast ? SQLITE_IOERR_WRITE : written;
 }
 
-const sqlite3_io_methods kFile = {
-    .iVersion = 1,
-    .xClose = [](sqlite3_file *f) { return real(f)->pMethods->xClose(real(f)); },
-    .xRead =
-        [](sqlite3_file *f, void *bytes, int count, sqlite3_int64 at) {
-            return unlessFaulty(readingResult(), [&] {
-                return real(f)->pMethods->xRead(real(f), bytes, count, at);
-            });
-        },
-    .xWrite = write,
-    .xTruncate =
-        [](sqlite3_file *f, sqlite3_int64 size) {
-            return unlessFaulty(writingResult(),
-                                [&] { return real(f)->pMethods->xTruncate(real(f), size); });
-        },
-    .xSync = [](sqlite3_file *, int) { return writingResult(); }, // no power cuts: kills alone
-    .xFileSize = [](sqlite3_file *f,
-                    sqlite3_int64 *size) { return real(f)->pMethods->xFileSize(real(f), size); },
-    .xLock =
-        [](sqlite3_file *f, int lock) {
-            return Disk::instance().isDead() ? SQLITE_IOERR_LOCK
-                                             : real(f)->pMethods->xLock(real(f), lock);
-        },
-    .xUnlock = [](sqlite3_file *f, int lock) { return real(f)->pMethods->xUnlock(real(f), lock); },
-    .xCheckReservedLock =
-        [](sqlite3_file *f, int *out) {
-            return real(f)->pMethods->xCheckReservedLock(real(f), out);
-        },
-    .xFileControl =
-        [](sqlite3_file *f, int what, void *value) {
-            return real(f)->pMethods->xFileControl(real(f), what, value);
-        },
-    .xSectorSize = [](sqlite3_file *f) { return real(f)->pMethods->xSectorSize(real(f)); },
-    .xDeviceCharacteristics =
-        [](sqlite3_file *f) { return real(f)->pMethods->xDeviceCharacteristics(real(f)); },
-    .xShmMap = nullptr,
-    .xShmLock = nullptr,
-    .xShmBarrier = nullptr,
-    .xShmUnmap = nullptr,
-    .xFetch = nullptr,
-    .xUnfetch = nullptr,
-};
+/// The same methods, out of order when the disk is.
+const sqlite3_io_methods *faulty(const sqlite3_io_methods *methods)
+{
+    static std::map<const sqlite3_io_methods *, Methods> all;
+    const auto known = all.try_emplace(methods, Methods{*methods, methods}).first;
+    sqlite3_io_methods &own = known->second.faulty;
+    own.iVersion = 1; // no shared memory
+    own.xRead = [](sqlite3_file *f, void *bytes, int count, sqlite3_int64 at) {
+        return unlessFaulty(readingResult(), [&] { return real(f).xRead(f, bytes, count, at); });
+    };
+    own.xWrite = write;
+    own.xTruncate = [](sqlite3_file *f, sqlite3_int64 size) {
+        return unlessFaulty(writingResult(), [&] { return real(f).xTruncate(f, size); });
+    };
+    own.xSync = [](sqlite3_file *, int) { return writingResult(); }; // no power cuts: kills alone
+    own.xLock = [](sqlite3_file *f, int lock) {
+        return Disk::instance().isDead() ? SQLITE_IOERR_LOCK : real(f).xLock(f, lock);
+    };
+    return &own;
+}
 
 int open(sqlite3_vfs *, const char *name, sqlite3_file *file, int flags, int *outFlags)
 {
@@ -116,9 +91,9 @@ int open(sqlite3_vfs *, const char *name, sqlite3_file *file, int flags, int *ou
     if (disk.isDead() || (isNew && disk.fault() == Disk::Fault::ReadOnly)) {
         return SQLITE_CANTOPEN;
     }
-    const int result = below->xOpen(below, name, real(file), flags, outFlags);
+    const int result = below->xOpen(below, name, file, flags, outFlags);
     if (result == SQLITE_OK) {
-        file->pMethods = &kFile;
+        file->pMethods = faulty(file->pMethods);
     }
     return result;
 }
@@ -153,7 +128,6 @@ Disk::Disk()
     static sqlite3_vfs own = *below;
     own.iVersion = 1;
     own.zName = "simulated";
-    own.szOsFile = static_cast<int>(sizeof(File)) + below->szOsFile;
     own.xOpen = open;
     own.xDelete = remove;
     own.xSleep = sleep;

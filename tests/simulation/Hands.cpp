@@ -19,53 +19,14 @@ constexpr unsigned kPeople = 5;
 /// What the modem's faults are called, with how long they last. Left out are those behind which a
 /// message is lost by rule ("firstplace 0": nothing is read at place 0, and it is deleted all the
 /// same) or by the modem ("wrongplace": the deletion hits another message).
-constexpr const char *kFaults[] = {
-    "mute",
-    "slow",
-    "slow 60",
-    "split",
-    "glued",
-    "blanklines",
-    "lfonly",
-    "crcrlf",
-    "echo",
-    "garbage",
-    "noticefirst",
-    "noticeinrecord",
-    "noticeinsubmission",
-    "bareprompt",
-    "lateprompt",
-    "lateprompt 900",
-    "noprompt 2",
-    "refuse 331 2",
-    "refuse 500",
-    "refuse 0 3",
-    "lateanswer",
-    "lateanswer 25000",
-    "lost 1",
-    "lost 3",
-    "drop 1",
-    "reset 1",
-    "forget 1",
-    "nomt",
-    "nosm",
-    "noreports",
-    "full",
-    "firstplace 200",
-    "firstplace 256",
-    "nodelete",
-    "nodelete 2",
-    "names",
-    "recipient",
-    "slowlines",
-    "slowlines 700",
-    "noticeinlisting",
-    "noblanks",
-    "silentdelete",
-    "silentdelete 1",
-    "tellsfull",
-    "pdu",
-};
+const QString kFaults =
+    u"mute, slow, slow 60, split, glued, blanklines, lfonly, crcrlf, echo, garbage, "
+    "noticefirst, noticeinrecord, noticeinsubmission, bareprompt, lateprompt, "
+    "lateprompt 900, noprompt 2, refuse 331 2, refuse 500, refuse 0 3, lateanswer, "
+    "lateanswer 25000, lost 1, lost 3, drop 1, reset 1, forget 1, nomt, nosm, noreports, "
+    "full, firstplace 200, firstplace 256, nodelete, nodelete 2, names, recipient, "
+    "slowlines, slowlines 700, noticeinlisting, noblanks, silentdelete, silentdelete 1, "
+    "tellsfull, pdu"_qs;
 
 constexpr const char *kNotices[] = {
     "^RSSI: 17", "+CREG: 1",        "RING",        "+CRING: VOICE",        "NO CARRIER",
@@ -327,12 +288,13 @@ void Site::breakThings(const Step &step)
     const milliseconds shortTime{500 * (1 + step.b % 20)};
     const milliseconds longTime{1000 * (1 + step.b % 1800)};
     SimulatedModem &one = modem(std::max(0, chosenModem()));
+    static const QStringList faults = kFaults.split(u", "_qs);
     if (step.act <= Act::Unplug) {
         faultySince_ = world.clock.elapsed() + longTime;
     }
     switch (step.act) {
     case Act::Fault:
-        addPersonality(one.faults(), QString::fromLatin1(kFaults[step.a % std::size(kFaults)]));
+        addPersonality(one.faults(), faults[step.a % faults.size()]);
         one.faults().unsolicited = kNotices[step.b % (std::size(kNotices) - 1)];
         world.clock.after(longTime, [&one] { one.faults() = {}; });
         break;

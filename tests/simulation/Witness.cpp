@@ -10,6 +10,8 @@ namespace {
 constexpr size_t kEvents = 20;
 /// No read of the program gives up sooner than this behind the last character.
 constexpr milliseconds kShortestPatience = 900ms;
+/// Notices may keep the line busy meanwhile: behind so long a time it may be given up all the same.
+constexpr milliseconds kLongestPatience = 20s;
 /// The answer to a command that was given up may come yet, and is taken for that to the next.
 constexpr milliseconds kOutOfStep = 5min;
 constexpr milliseconds kResultTimeOut = 20'000ms;
@@ -81,7 +83,8 @@ void Witness::toModem(int modem, const QByteArray &bytes)
 void Witness::command(Line &line)
 {
     const milliseconds now = clock_.elapsed();
-    if (line.isOpen && now - line.lastActivity >= kShortestPatience) {
+    if (line.isOpen &&
+        (now - line.lastActivity >= kShortestPatience || now - line.opened >= kLongestPatience)) {
         line.outOfStepUntil = now + kOutOfStep;
     } else if (line.isOpen && now >= line.outOfStepUntil) {
         complain("one dialogue at a time",
@@ -89,6 +92,7 @@ void Witness::command(Line &line)
     }
     event('>' + line.typed.toStdString());
     line.isOpen = true;
+    line.opened = now;
     line.command = line.typed;
     if (line.typed.startsWith("AT&F")) {
         paced_ = false; // an initialisation sets its own pace

@@ -73,6 +73,7 @@ private:
         bool isOpen = false; ///< a command waits for its result
         QByteArray command;
         QString recipient;
+        milliseconds opened{0};
         milliseconds lastActivity{0};
         milliseconds outOfStepUntil{0};
     };
