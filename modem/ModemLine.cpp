@@ -61,6 +61,7 @@ void ModemLine::SendData(const QString &OutString)
     const QByteArray bytes = toLineBytes(OutString);
     begun_.clear();
     widestGap_ = 0ms;
+    bareEnds_ = 0;
     lastSent_ = withoutEnds(OutString, u'\r');
     if (!onNetwork()) {
         MSComm1_.write(bytes);

@@ -35,7 +35,7 @@ public:
     /// The same for lines of any length, as texts have them. A line whose end does not come in time
     /// is no line yet: the next call has the whole. What is sent meanwhile gives it up.
     QString ReadWholeLine();
-    /// So many bare line ends have been read over since the last call.
+    /// So many bare line ends have been read over since the last call, or since something was sent.
     int takeBareEnds() { return std::exchange(bareEnds_, 0); }
     /// Reads lines until "OK" (true), over 100 lines, or an empty line behind the third (false).
     /// Each that is no "OK" is handed over, whole.
