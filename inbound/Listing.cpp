@@ -115,8 +115,8 @@ QString Listing::readText()
     isBroken_ = isBroken_ || lines.size() >= kMostLines;
     if (silent == kReadsOfSilence) {
         end_ = End::Silence;
-        isBroken_ = isBroken_ || hasStarted_ || !line_.isOpen() ||
-                    (lines.isEmpty() && passedOver.isEmpty());
+        // A slow modem may bring the text behind a notice yet.
+        isBroken_ = isBroken_ || hasStarted_ || !line_.isOpen() || lines.isEmpty();
     }
     return lines.isEmpty() ? passedOver : lines.join(u'\n');
 }
