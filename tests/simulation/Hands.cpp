@@ -28,6 +28,12 @@ const QString kFaults =
     "slowlines, slowlines 700, noticeinlisting, noblanks, silentdelete, silentdelete 1, "
     "tellsfull, pdu"_qs;
 
+/// How much in a file is left to be done.
+const QString kWaiting =
+    u"SELECT (SELECT count(*) FROM NYEbrukere n WHERE NOT EXISTS (SELECT 1 FROM TBLbrukere b WHERE "
+    "b.KeyBruker = n.Bruker AND b.KeyNummer = n.KeyNummer)) + (SELECT count(*) FROM SMS_Sent WHERE "
+    "CMGS = 'UNSENT')"_qs;
+
 constexpr const char *kNotices[] = {
     "^RSSI: 17", "+CREG: 1",        "RING",        "+CRING: VOICE",        "NO CARRIER",
     "^BOOT:1,0", "*PSUTTZ: 1",      "%CSQ: 18,99", "+CLIP: \"+4791\",145", "^SMMEMFULL: \"SM\"",
@@ -110,7 +116,7 @@ void Site::operate(const Step &step)
         chooseLine(static_cast<int>(step.a % kModems));
         break;
     case Act::File:
-        chooseFile(1);
+        chooseOtherFile();
         break;
     case Act::Reports:
         witness_.interrupted();
@@ -226,13 +232,11 @@ void Site::chooseLine(int modem)
         .trigger();
 }
 
-void Site::chooseFile(int file)
+void Site::chooseOtherFile()
 {
-    if (file == 1) {
-        world_->control<QAction>("mnuFileDatabase").trigger();
-        witness_.setTrouble(true); // a result on its way is nobody's now
-        note(false);
-    }
+    world_->control<QAction>("mnuFileDatabase").trigger();
+    witness_.setTrouble(true); // a result on its way is nobody's now
+    note(false);
 }
 
 void Site::closes(milliseconds time)
@@ -389,10 +393,12 @@ void Site::settle()
         run(2min);
     }
     settleFile();
-    if (file() != 0) {
-        closes(20s); // the usual file comes with the next start
-        run(2min);
-        settleFile();
+    if (file() != 0 || value(1, kWaiting) != u"0") {
+        for (int choices = file() == 0 ? 2 : 1; choices > 0; --choices) {
+            world.clock.after(1ms, [this] { operate({.act = Act::File}); });
+            run(1min);
+            settleFile();
+        }
     }
 }
 
@@ -414,10 +420,5 @@ void Site::settleFile()
 
 bool Site::waits(int i)
 {
-    return !modem(i).store().records().empty() ||
-           value(file(),
-                 u"SELECT (SELECT count(*) FROM NYEbrukere n WHERE NOT EXISTS (SELECT 1 "
-                 "FROM TBLbrukere b WHERE b.KeyBruker = n.Bruker AND b.KeyNummer = "
-                 "n.KeyNummer)) + (SELECT count(*) FROM SMS_Sent WHERE CMGS = 'UNSENT')"_qs) !=
-               u"0";
+    return !modem(i).store().records().empty() || value(file(), kWaiting) != u"0";
 }

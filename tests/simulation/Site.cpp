@@ -60,17 +60,18 @@ Site::~Site()
     world_.reset();
 }
 
-/// One that has no password: the program chooses no other by its menu.
 void Site::makeOtherFile()
 {
     const Disk::Aside aside;
     const QString path = world_->database().filePath(u"Annen.mdb"_qs);
     QFile(path).open(QIODevice::WriteOnly); // the engine makes none
     looks_[0] = world_->database().open();
-    looks_[0]->run(u"ATTACH DATABASE ? AS annen KEY ''"_qs, {path});
+    const QString string = connectionString(path);
+    looks_[0]->run(u"ATTACH DATABASE ? AS annen KEY ?"_qs,
+                   {path, connectionParts(string).password});
     looks_[0]->run(u"SELECT sqlcipher_export('annen')"_qs);
     looks_[0]->run(u"DETACH DATABASE annen"_qs);
-    looks_[1] = Connection::open(chosenString(path));
+    looks_[1] = Connection::open(string);
 }
 
 void Site::wire()
@@ -110,7 +111,10 @@ void Site::wire()
         }
     });
     world.person.habit = [this](const QString &text) { return answerBox(text); };
-    world.person.browsing = [this] { return world_->database().filePath(u"Annen.mdb"_qs); };
+    world.person.browsing = [this] {
+        return file() == 0 ? world_->database().filePath(u"Annen.mdb"_qs)
+                           : world_->database().path();
+    };
     world.person.typing = [this](const QString &title) {
         ++serial_;
         return title == u"Nettverksmodem" || title == u"Com Port"
@@ -274,8 +278,6 @@ void Site::bringUp()
         }
     }
     world.clock.run(std::exchange(downFor_, 20s));
-    // A file without a password cannot be opened at the start; whoever chose it chooses it again.
-    world.settings.values[u"dbpath"_qs] = world.database().path();
     witness_.event("start");
     ++hands_; // whoever starts it is told of what fails
     isUp_ = world.start();
@@ -339,7 +341,11 @@ void Site::setDisk(Disk::Fault fault, milliseconds time)
 /// Whether the modem in use, in good order, holds a message that the program knows how to get.
 bool Site::hasMessage()
 {
-    return isUp_ && chosenModem() >= 0 && world_->application().module().ModemReady &&
+    if (!isUp_) {
+        return false;
+    }
+    const Module1 &module = world_->application().module();
+    return chosenModem() >= 0 && module.ModemReady && module.DatabaseConnection &&
            !modem(chosenModem()).store().records().empty();
 }
 

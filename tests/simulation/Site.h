@@ -87,7 +87,7 @@ private:
     void deletes(const Step &step);
     void writesFreeText(const Step &step);
     void chooseLine(int modem);
-    void chooseFile(int file);
+    void chooseOtherFile();
     void closes(milliseconds time);
     void anotherWrites(const Step &step);
     QString numberOf(unsigned i) const;
