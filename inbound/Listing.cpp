@@ -13,6 +13,8 @@ constexpr int kReadsOfSilence = 4;
 // Far over what a store of 255 places fills: a line that never rests must not hold the reader.
 constexpr int kMostReadings = 60;
 constexpr int kMostLines = 500;
+constexpr int kMostNotices = 20; ///< behind an "OK"
+constexpr milliseconds kAWhile = 2s;
 
 } // namespace
 
@@ -53,7 +55,9 @@ bool Listing::endsWith(const QString &line, bool hasText)
         return false;
     }
     // A text is there mostly. Only where none is, the next line is worth a wait.
-    while (ahead_.isEmpty() && (!hasText || line_.lineFollows())) {
+    for (int passes = 0; ahead_.isEmpty() && passes < kMostNotices &&
+                         (hasText ? line_.lineFollows() : line_.lineFollows(kAWhile));
+         ++passes) {
         ahead_ = line_.ReadWholeLine();
         if (ahead_.isEmpty()) {
             return true;
@@ -73,7 +77,7 @@ bool Listing::endsBehind(const QString &header)
     if (isHeader(header) && !isReceivedMessage(header)) {
         return false;
     }
-    ahead_ = line_.ReadWholeLine();
+    ahead_ = line_.lineFollows(kAWhile) ? line_.ReadWholeLine() : QString();
     if (ahead_.isEmpty() || isFinalOk(ahead_) || beginsLikeHeader(ahead_)) {
         return true;
     }
@@ -94,7 +98,6 @@ QString Listing::readText()
             ++silent;
             continue;
         }
-        silent = 0;
         const bool isNext = !passedOver.isEmpty() && isHeader(closedUp(line));
         if (beginsLikeHeader(line) && (!lines.isEmpty() || isNext || !endsBehind(line))) {
             judge(line);
@@ -109,6 +112,7 @@ QString Listing::readText()
             passedOver = line;
         } else {
             addLine(lines, line, followsNotice);
+            silent = 0; // a notice is no sign that the listing goes on
         }
         followsNotice = passedOver == line;
     }

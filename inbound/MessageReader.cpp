@@ -20,6 +20,7 @@
 namespace {
 
 constexpr int kDeleteAttempts = 3;
+constexpr size_t kMostPlaces = 255; ///< of a modem's store
 
 Interpretation interpretation(ModemLink &link, Module1 &module, Recordsets &recordsets,
                               ErrorRule &rule, const Clock &clock, const Host &host)
@@ -73,12 +74,13 @@ void MessageReader::Read_SMS_MessageTEXT()
     const Record listedRecord{header, text};
     const auto isThis = [&](const Record &seen) { return seen.isListedAgain(listedRecord); };
     const bool comesAgain = std::ranges::any_of(stored_, isThis);
-    const auto silenced = std::exchange(silenced_, std::nullopt);
-    if (received && listing.isSilent() && !comesAgain) {
-        if (!silenced || !silenced->isListedAgain(listedRecord)) {
-            listing.breakOff();
-        }
-        silenced_ = listedRecord;
+    const bool wasDoubtful = std::erase_if(doubtful_, isThis) > 0;
+    if (received && listing.isSilent() && !comesAgain && !wasDoubtful) {
+        listing.breakOff();
+        doubtful_.push_back(listedRecord);
+    }
+    if (doubtful_.size() > kMostPlaces) {
+        doubtful_.erase(doubtful_.begin());
     }
     bool stored = comesAgain;
     std::optional<QString> why;
@@ -110,9 +112,7 @@ void MessageReader::Read_SMS_MessageTEXT()
     if (listing.isWhole()) {
         link_.line.takeSigns(); // a text may look like one
     }
-    // A click may have chosen another modem meanwhile: what lies at the place there is not ours.
-    const bool isOurs = link_.flags.initialisations == initialisations;
-    if (stored && isOurs && listing.isWhole() && deleteFromModem(place, isAnswered)) {
+    if (stored && listing.isWhole() && deleteFromModem(place, initialisations, isAnswered)) {
         std::erase_if(stored_, isThis);
     }
 
@@ -219,10 +219,12 @@ void MessageReader::runFamilies(Interpretation &record, bool received)
 }
 
 /// A command that was refused is repeated. One that nobody answered may have been heard, and by now
-/// another message may have come to the place: the next listing shows.
-bool MessageReader::deleteFromModem(quint8 place, bool &isAnswered)
+/// another message may have come to the place: the next listing shows. A click may choose another
+/// modem at any time: what lies at the place there is not ours.
+bool MessageReader::deleteFromModem(quint8 place, int initialisations, bool &isAnswered)
 {
-    for (int attempt = 0; attempt < kDeleteAttempts; ++attempt) {
+    const auto isOurs = [&] { return link_.flags.initialisations == initialisations; };
+    for (int attempt = 0; attempt < kDeleteAttempts && isOurs(); ++attempt) {
         bool isGone = false;
         bool isRefused = false;
         rule_.step([&] {

@@ -6,7 +6,6 @@
 #include <QString>
 
 #include <functional>
-#include <optional>
 #include <utility>
 #include <vector>
 
@@ -53,7 +52,7 @@ private:
     /// Etternavn and Fornavn: of the catalogue, else the door's name and a blank, else "?" twice.
     std::pair<QString, QString> senderName(Interpretation &record);
     void runFamilies(Interpretation &record, bool received);
-    bool deleteFromModem(quint8 place, bool &isAnswered);
+    bool deleteFromModem(quint8 place, int initialisations, bool &isAnswered);
 
     ModemLink &link_;
     Module1 &module_;
@@ -63,8 +62,8 @@ private:
     const Host &host_;
     std::function<void()> VisBrukerTabell_;
     ErrorRule rule_;
-    QString told_;                   ///< the failure to store that the operator knows of
-    QSet<QString> oddLines_;         ///< of the last listing, that look like cut headers
-    std::vector<Record> stored_;     ///< some modem has them still, for all that is known
-    std::optional<Record> silenced_; ///< the last listing ended in its text
+    QString told_;                 ///< the failure to store that the operator knows of
+    QSet<QString> oddLines_;       ///< of the last listing, that look like cut headers
+    std::vector<Record> stored_;   ///< some modem has them still, for all that is known
+    std::vector<Record> doubtful_; ///< seen once, in a listing that fell silent in the text
 };

@@ -18,7 +18,7 @@ constexpr milliseconds kComTimeOut = 2000ms;
 constexpr milliseconds kComPoll = 50ms;
 constexpr milliseconds kNetworkTimeOut = 1000ms;
 constexpr milliseconds kNetworkPoll = 10ms;
-constexpr milliseconds kBetweenPieces = 300ms; // at least
+constexpr milliseconds kMostPatience = 10s;
 
 // A read on the network keeps so much of what it did not take, and loses the rest.
 constexpr int kKeptBehindRead = 1000;
@@ -61,6 +61,8 @@ void ModemLine::SendData(const QString &OutString)
     const QByteArray bytes = toLineBytes(OutString);
     begun_.clear();
     widestGap_ = 0ms;
+    lastLine_ = 0ms;
+    isAwaited_ = false;
     bareEnds_ = 0;
     lastSent_ = withoutEnds(OutString, u'\r');
     if (!onNetwork()) {
@@ -85,11 +87,14 @@ QString ModemLine::ReadModemLine()
 QString ModemLine::ReadWholeLine()
 {
     // A tick inside the read, held up by a box, goes on with what has come.
-    const milliseconds start = clock_.elapsed();
+    isAwaited_ = isAwaited_ || !hasLine();
     const bool hasEnded =
         readLine(begun_, [](const QString &text) { return !withoutEnds(text, u'\n').isEmpty(); });
     if (hasEnded) {
-        widestGap_ = std::max(widestGap_, clock_.elapsed() - start);
+        if (std::exchange(isAwaited_, false) && lastLine_ > 0ms) {
+            widestGap_ = std::max(widestGap_, clock_.elapsed() - lastLine_);
+        }
+        lastLine_ = clock_.elapsed();
     }
     return taken(hasEnded ? std::exchange(begun_, {}) : QString());
 }
@@ -209,10 +214,11 @@ bool ModemLine::hasLine() const
     return onNetwork() ? ModemRxBuffer.contains(u'\r') : MSComm1_.bytesAvailable() > 0;
 }
 
-bool ModemLine::lineFollows()
+bool ModemLine::lineFollows(milliseconds atLeast)
 {
     const milliseconds start = clock_.elapsed();
-    const milliseconds patience = std::max(kBetweenPieces, 2 * widestGap_);
+    const milliseconds patience = std::max(atLeast, std::min(2 * widestGap_, kMostPatience));
+    isAwaited_ = isAwaited_ || !hasLine();
     while (!skipLineEnds() && clock_.elapsed() - start < patience) {
         clock_.yield(kComPoll);
     }

@@ -49,8 +49,8 @@ public:
     /// Whether a tick may take a line: a character on the COM port, a carriage return from TCP.
     bool hasLine() const;
     /// Whether the modem goes on behind the line that ReadWholeLine took last. Waits twice as long
-    /// as any line of this answer has kept it waiting.
-    bool lineFollows();
+    /// as any line of this answer has kept it waiting, up to 10 s, and no shorter than asked for.
+    bool lineFollows(milliseconds atLeast = 300ms);
     /// Whether commands have somewhere to go: an open port, or a socket that is not closed.
     bool isOpen() const;
 
@@ -91,7 +91,9 @@ private:
     TelnetFilter telnet_;
     QString lastSent_;
     Signs signs_;
-    milliseconds widestGap_{0}; ///< before a line of the answer to what was sent last
+    milliseconds widestGap_{0}; ///< between two lines of the answer to what was sent last
+    milliseconds lastLine_{0};  ///< when it was taken; 0 for none yet
+    bool isAwaited_ = false;    ///< the next one was not there when it was asked for
     QString begun_;             ///< of a line whose end has not come
     int bareEnds_ = 0;
     QString arrived_; ///< by TCP, behind what is in ModemRxBuffer

@@ -258,7 +258,8 @@ void ModemWatcher::listed(const QString &record)
 {
     // A header in the text of a message is a stranger's: an index of his choice would have another
     // record deleted instead of this one, which would come again with each listing.
-    if (flags_.owner.who() == LineOwner::Who::Interpreter) {
+    // Behind a silence a line of the text may come yet, and look like one.
+    if (flags_.owner.who() == LineOwner::Who::Interpreter || restIsComing_) {
         return;
     }
     module_.MessageIndex = 0;
@@ -280,6 +281,7 @@ void ModemWatcher::requestListing()
 {
     line_.SendData(u"AT+CMGL=ALL\r"_qs);
     listing_ = Listing::Asked;
+    restIsComing_ = false;
     listingAsked_ = clock_.elapsed();
 }
 

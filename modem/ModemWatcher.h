@@ -43,7 +43,11 @@ public:
     /// The interpreter has seen the end of the listing, or has given it up.
     void listingEnded();
     /// It has fallen silent: the rest may come yet.
-    void listingRests() { listingAsked_ = clock_.elapsed(); }
+    void listingRests()
+    {
+        listingAsked_ = clock_.elapsed();
+        restIsComing_ = true;
+    }
 
     void timerComTick();
     void timerSendTick();
@@ -87,6 +91,7 @@ private:
     Operator &operator_;
     Listing listing_ = Listing::None;
     milliseconds listingAsked_{0};
+    bool restIsComing_ = false; ///< of a listing that was given up: texts and headers, in any order
     milliseconds takingSince_{0}; ///< by the owner of the line, if it is this
     int sendTicks_ = 0;
     std::optional<int> forgotten_; ///< the initialisation whose settings the modem has lost

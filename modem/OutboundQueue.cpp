@@ -163,8 +163,11 @@ void OutboundQueue::queue(const OutboundSms &sms)
 
 void OutboundQueue::SendQueuedSms()
 {
-    if (accepted_) {
-        settle(*std::exchange(accepted_, std::nullopt));
+    const auto unwritten = std::ranges::find(accepted_, module_.DatabasePath, &Submission::file);
+    if (unwritten != accepted_.end()) {
+        const Submission sms = *unwritten;
+        accepted_.erase(unwritten);
+        settle(sms);
         return;
     }
     const LineOwner::Turn turn(flags_.owner, LineOwner::Who::Queue);
@@ -200,23 +203,28 @@ void OutboundQueue::sendFirst()
 /// network took would reach the door twice, so the next tick only writes it, and says if it can't.
 void OutboundQueue::settle(const Submission &sms)
 {
-    bool isAccepted = false;
-    sms.result.trimmed().toUInt(&isAccepted);
+    // With reports off a result that is no number is not to be written at all: the row waits on.
+    const bool wasTaken = !sms.result.isEmpty() && !same(sms.result, u"Error"_qs);
+    bool isNumber = false;
+    sms.result.trimmed().toUInt(&isNumber);
+    const bool isAccepted = wasTaken && (isNumber || module_.SmsReportOn);
     auto unwritten = qScopeGuard([&] {
         if (isAccepted) {
-            accepted_ = sms;
+            accepted_.push_back(sms);
         }
     });
     // A screen may have queued something meanwhile, or had the sets opened anew, even on another
     // file; somebody may have deleted the row or the door. The result is that of this row alone.
-    if (module_.DatabasePath == sms.file && isStillQueued(sms)) {
-        writeResult(sms.result);
+    if (module_.DatabasePath == sms.file) {
+        const bool isQueued = isStillQueued(sms);
+        if (isQueued) {
+            writeResult(sms.result);
+        }
         unwritten.dismiss();
-        if (!sms.result.isEmpty() && !same(sms.result, u"Error"_qs)) {
+        if (isQueued && wasTaken) {
             markUser(sms.text, sms.recipient);
         }
     }
-    unwritten.dismiss();
     pace_.restart(kBetweenMessages);
     flags_.QueuePending = true;
 }

@@ -5,7 +5,7 @@
 #include <QDate>
 #include <QString>
 
-#include <optional>
+#include <vector>
 
 class Clock;
 class ModemView;
@@ -76,7 +76,8 @@ public:
     void queue(const OutboundSms &sms);
 
     /// Hands at most one waiting row to the modem; what happened to it stands in its CMGS. As long
-    /// as the file doesn't take that, no other row is handed on: each call only tries to write it.
+    /// as the file doesn't take that, no other row of it is handed on: each call only tries to
+    /// write it. For a file that is not in use just now it waits.
     /// @throws RuntimeFailure when such a call fails; nothing else makes it fail.
     /// @throws ProgramEnds when the program ends meanwhile.
     void SendQueuedSms();
@@ -103,5 +104,5 @@ private:
     SmsSubmitter &submitter_;
     SendPace &pace_;
     Timer &timerCom_;
-    std::optional<Submission> accepted_; ///< by the network, but its result is not written yet
+    std::vector<Submission> accepted_; ///< by the network, but their results are not written yet
 };

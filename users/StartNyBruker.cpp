@@ -4,6 +4,7 @@
 #include "data/Module1.h"
 #include "data/Recordsets.h"
 #include "platform/Host.h"
+#include "platform/Rules.h"
 #include "platform/Text.h"
 #include "users/Commands.h"
 #include "users/StoredDays.h"
@@ -109,6 +110,18 @@ void UserOperations::moveOntoDoor()
     user.tilTid = waiting.text(QStringLiteral("TilTid"));
     user.saldo = waiting.text(QStringLiteral("Saldo"));
 
+    // Every other reader takes the stored day/month/year as it stands; here the system's own order
+    // of day and month counts.
+    const auto readDays = [&] {
+        user.from = regionalDay(GyldigFra, host_.dateFormat());
+        user.to = regionalDay(GyldigTil, host_.dateFormat());
+    };
+    const bool isNew = same(Status, QStringLiteral("NY"));
+    bool isReadable = false;
+    kept([&] {
+        readDays();
+        isReadable = true;
+    });
     recordsets_.atOnce([&] {
         waiting.remove();
         if (findOnDoor(user.number, door)) {
@@ -121,16 +134,14 @@ void UserOperations::moveOntoDoor()
         }
         setPeriod(present, period);
         present.update();
+        if (isNew && isReadable) {
+            queueCommand(door, nameOfDoor(door), registerCommand(user, module_.CountryCode),
+                         user.from);
+        }
     });
-    if (!same(Status, QStringLiteral("NY"))) {
-        return;
+    if (isNew && !isReadable) {
+        readDays(); // the period stands on the door all the same, and the walk hears why
     }
-
-    // Every other reader takes the stored day/month/year as it stands; here the system's own order
-    // of day and month counts.
-    user.from = regionalDay(GyldigFra, host_.dateFormat());
-    user.to = regionalDay(GyldigTil, host_.dateFormat());
-    queueCommand(door, nameOfDoor(door), registerCommand(user, module_.CountryCode), user.from);
 }
 
 QString UserOperations::nameOfDoor(const QString &door)
