@@ -43,7 +43,7 @@ struct InboundWorld : ReaderBench {
     }
     void addDoors()
     {
-        fillCorpusTable(database.look(), u"KEYTable"_qs,
+        fillCorpusTable(database.look(), u"KEYTable"_qs, corpusColumns()[u"KEYTable"_qs],
                         {u"+4790000001|Hovedport|4"_qs, u"+4790000002||4"_qs});
     }
     /// The modem lists its store once, as asked or not, and what it brings is dealt with.

@@ -13,23 +13,6 @@
 
 namespace {
 
-/// Line ends and other controls as in C++, and without the empty values at the end.
-std::string told(const QString &row)
-{
-    QString result;
-    for (const QChar character : row) {
-        const int code = character.unicode();
-        result += character == u'\r'   ? u"\\r"_qs
-                  : character == u'\n' ? u"\\n"_qs
-                  : code < 0x20        ? u"\\x%1"_qs.arg(code, 2, 16, QChar(u'0'))
-                                       : QString(character);
-    }
-    while (result.endsWith(u'|')) {
-        result.chop(1);
-    }
-    return result.toStdString();
-}
-
 using Kind = TranscriptStep::Kind;
 
 [[noreturn]] void fail(const std::string &what)
@@ -66,114 +49,60 @@ QByteArray bytesOf(const QString &text)
     return result;
 }
 
-std::chrono::milliseconds timeOf(const QString &text)
-{
-    static const QRegularExpression kTime(QStringLiteral("^([0-9]+)(ms|s|min)$"));
-    const QRegularExpressionMatch match = kTime.match(text);
-    if (!match.hasMatch()) {
-        fail("a time is 500ms, 14s or 2min");
-    }
-    const QString unit = match.captured(2);
-    const int inMilliseconds = unit == u"ms" ? 1 : unit == u"s" ? 1000 : 60000;
-    return std::chrono::milliseconds(match.captured(1).toInt() * inMilliseconds);
-}
-
+/// Takes one case as a transcript.
 class Reader {
 public:
-    explicit Reader(QString file) : file_(std::move(file)) {}
-
-    std::vector<Transcript> read(QIODevice &lines)
+    explicit Reader(const CorpusCase &told)
     {
-        while (!lines.atEnd()) {
-            ++number_;
-            QString line = QString::fromUtf8(lines.readLine());
-            while (line.endsWith(u'\n')) {
-                line.chop(1);
-            }
+        now_.name = told.name;
+        for (const CorpusLine &line : told.lines) {
             try {
-                take(line);
+                number_ = line.number;
+                rows_ = nullptr;
+                directive(line.word, line.rest);
+                if (rows_ == nullptr && !line.rows.isEmpty()) {
+                    fail("no rows stand below " + line.word.toStdString());
+                }
+                if (rows_ != nullptr) {
+                    *rows_ = line.rows;
+                }
             } catch (const std::runtime_error &failure) {
-                fail(place() + failure.what());
+                fail(line.place + failure.what());
             }
         }
-        endTranscript();
-        if (result_.empty()) {
-            fail(file_.toStdString() + ": no transcript");
+        if (now_.steps.empty()) {
+            fail(now_.name + ": nothing happens");
         }
-        return std::move(result_);
+        if (now_.after.isEmpty() && now_.told.isEmpty() && now_.showed.isEmpty() &&
+            now_.ready.isEmpty() && now_.records.isEmpty()) {
+            fail(now_.name + ": nothing comes of it");
+        }
     }
+    Transcript read() { return std::move(now_); }
 
 private:
-    std::string place() const
-    {
-        return (file_ + u':').toStdString() + std::to_string(number_) + ": ";
-    }
-
-    void endTranscript()
-    {
-        if (!result_.empty()) {
-            const Transcript &last = result_.back();
-            if (last.steps.empty()) {
-                fail(last.name + ": nothing happens");
-            }
-            if (last.after.isEmpty() && last.told.isEmpty() && last.showed.isEmpty() &&
-                last.ready.isEmpty() && last.records.isEmpty()) {
-                fail(last.name + ": nothing comes of it");
-            }
-        }
-    }
-
-    void take(const QString &line)
-    {
-        if (line.startsWith(u"  ") && rows_ != nullptr) {
-            rows_->append(line.mid(2));
-            return;
-        }
-        rows_ = nullptr;
-        if (line.isEmpty() || line.startsWith(u'#')) {
-            return;
-        }
-        const QString word = line.section(u' ', 0, 0);
-        const QString rest = line.mid(word.size() + 1);
-        if (word == u"==") {
-            endTranscript();
-            if (titles_.contains(rest)) {
-                fail("the name is used before");
-            }
-            titles_ += rest;
-            result_.emplace_back();
-            result_.back().name = place() + rest.toStdString();
-            return;
-        }
-        if (result_.empty()) {
-            fail("a name is expected, behind ==");
-        }
-        directive(word, rest);
-    }
-
     void directive(const QString &word, const QString &rest)
     {
-        Transcript &now = result_.back();
         const QMap<QString, std::function<void()>> kDirectives = {
             {QStringLiteral("on"), [&] { chooseLine(rest); }},
-            {QStringLiteral("reports"), [&] { now.reports = true; }},
-            {QStringLiteral("init"), [&] { now.init = true; }},
-            {QStringLiteral("country"), [&] { now.country = rest; }},
-            {QStringLiteral("dates"), [&] { now.dates = rest; }},
-            {QStringLiteral("refuses"), [&] { now.refuses = rest; }},
-            {QStringLiteral("from"), [&] { now.from = bytesOf(rest); }},
-            {QStringLiteral("says"), [&] { addMessage(listed(now.from, bytesOf(rest)), true); }},
+            {QStringLiteral("reports"), [&] { now_.reports = true; }},
+            {QStringLiteral("init"), [&] { now_.init = true; }},
+            {QStringLiteral("country"), [&] { now_.country = rest; }},
+            {QStringLiteral("dates"), [&] { now_.dates = rest; }},
+            {QStringLiteral("refuses"), [&] { now_.refuses = rest; }},
+            {QStringLiteral("from"), [&] { now_.from = bytesOf(rest); }},
+            {QStringLiteral("says"), [&] { addMessage(listed(now_.from, bytesOf(rest)), true); }},
             {QStringLiteral("record"), [&] { addMessage(bytesOf(rest), false); }},
             {QStringLiteral(">"), [&] { add(Kind::Writes, withEnd(bytesOf(rest))); }},
             {QStringLiteral("<"), [&] { add(Kind::Says, bytesOf(rest)); }},
-            {QStringLiteral("@"), [&] { add(Kind::Waits, {}, timeOf(rest)); }},
-            {QStringLiteral("within"), [&] { add(Kind::Within, {}, timeOf(rest)); }},
+            {QStringLiteral("@"), [&] { add(Kind::Waits, {}, corpusTime(rest)); }},
+            {QStringLiteral("within"), [&] { add(Kind::Within, {}, corpusTime(rest)); }},
             {QStringLiteral("..."), [&] { add(Kind::Anything, {}); }},
-            {QStringLiteral("told"), [&] { now.told += rest; }},
-            {QStringLiteral("showed"), [&] { now.showed += rest; }},
-            {QStringLiteral("ready"), [&] { now.ready = rest; }},
-            {QStringLiteral("has"), [&] { rows_ = &table(now.before, rest); }},
-            {QStringLiteral("then"), [&] { rows_ = &table(now.after, rest); }}};
+            {QStringLiteral("told"), [&] { now_.told += rest; }},
+            {QStringLiteral("showed"), [&] { now_.showed += rest; }},
+            {QStringLiteral("ready"), [&] { now_.ready = rest; }},
+            {QStringLiteral("has"), [&] { rows_ = &table(now_.before, rest); }},
+            {QStringLiteral("then"), [&] { rows_ = &table(now_.after, rest); }}};
         const auto found = kDirectives.find(word);
         if (found == kDirectives.end()) {
             fail("unknown directive " + word.toStdString());
@@ -186,8 +115,8 @@ private:
         if (rest != u"COM" && rest != u"TCP") {
             fail("a line is COM or TCP");
         }
-        result_.back().onCom = rest == u"COM";
-        result_.back().onTcp = rest == u"TCP";
+        now_.onCom = rest == u"COM";
+        now_.onTcp = rest == u"TCP";
     }
     static QByteArray withEnd(const QByteArray &written)
     {
@@ -195,7 +124,7 @@ private:
     }
     void add(Kind kind, const QByteArray &bytes, std::chrono::milliseconds time = {})
     {
-        std::vector<TranscriptStep> &steps = result_.back().steps;
+        std::vector<TranscriptStep> &steps = now_.steps;
         if (kind != Kind::Writes && !steps.empty() && steps.back().kind == Kind::Anything) {
             fail("behind ... the program writes something");
         }
@@ -207,8 +136,8 @@ private:
         add(Kind::Says, "\r\n" + record + "\r\nOK\r\n");
         add(Kind::Writes, "AT+CMGD=" + QByteArray::number(corpusIndex(record)) + '\r');
         add(Kind::Says, "\r\nOK\r\n");
-        result_.back().records += record;
-        result_.back().filed += isFiled ? 1 : 0;
+        now_.records += record;
+        now_.filed += isFiled ? 1 : 0;
     }
     static QStringList &table(QMap<QString, QStringList> &tables, const QString &name)
     {
@@ -218,10 +147,8 @@ private:
         return tables[name];
     }
 
-    QString file_;
-    int number_ = 0;
-    std::vector<Transcript> result_;
-    QSet<QString> titles_;
+    Transcript now_;
+    int number_ = 0; ///< of the line that is read
     QStringList *rows_ = nullptr;
 };
 
@@ -232,6 +159,8 @@ const QMap<QString, QString> &corpusColumns()
     static const QMap<QString, QString> kColumns = {
         {u"TBLbrukere"_qs, u"KeyBruker,KeyNummer,Status,Gyldig fra,FraTid,Gyldig til,TilTid,"
                            "Konto,Saldo"_qs},
+        {u"NYEbrukere"_qs, u"Bruker,KeyNummer,Status,Gyldig fra,FraTid,Gyldig til,TilTid,"
+                           "Konto,Saldo,Etternavn,Fornavn"_qs},
         {u"Katalog"_qs, u"Bruker,BrukerKort,Etternavn,Fornavn"_qs},
         {u"LOGGData"_qs, u"KeyNummer,KeyUser,Dato,Etternavn,Fornavn"_qs},
         {u"KEYTable"_qs, u"KeyNummer,KeyNavn,KeySikkerhet,Admin,Admin1,Admin2,Admin3,Admin4,"
@@ -243,16 +172,33 @@ const QMap<QString, QString> &corpusColumns()
     return kColumns;
 }
 
+CorpusRows corpusRows(const QStringList &rows)
+{
+    CorpusRows result;
+    for (const QString &row : rows) {
+        result.push_back(corpusText(row));
+        while (result.back().ends_with('|')) {
+            result.back().pop_back();
+        }
+    }
+    return result;
+}
+
+CorpusRows corpusRows(Connection &connection, const QString &table, const QString &columns)
+{
+    QStringList rows;
+    const QString names = QString(columns).replace(u","_qs, u"],["_qs);
+    connection.run(
+        u"SELECT [%1] FROM %2 ORDER BY rowid"_qs.arg(names, table), {},
+        [&](const QVariantList &row) { rows += QVariant(row).toStringList().join(u'|'); });
+    return corpusRows(rows);
+}
+
 CorpusTables corpusTables(Connection &connection)
 {
     CorpusTables result;
     for (const auto &[table, columns] : corpusColumns().asKeyValueRange()) {
-        auto &rows = result[table.toStdString()];
-        const QString names = QString(columns).replace(u","_qs, u"],["_qs);
-        connection.run(u"SELECT [%1] FROM %2 ORDER BY rowid"_qs.arg(names, table), {},
-                       [&](const QVariantList &row) {
-                           rows.push_back(told(QVariant(row).toStringList().join(u'|')));
-                       });
+        result[table.toStdString()] = corpusRows(connection, table, columns);
     }
     return result;
 }
@@ -260,18 +206,15 @@ CorpusTables corpusTables(Connection &connection)
 CorpusTables corpusTables(CorpusTables before, const QMap<QString, QStringList> &named)
 {
     for (const auto &[table, rows] : named.asKeyValueRange()) {
-        auto &expected = before[table.toStdString()];
-        expected.clear();
-        for (const QString &row : rows) {
-            expected.push_back(told(row));
-        }
+        before[table.toStdString()] = corpusRows(rows);
     }
     return before;
 }
 
-void fillCorpusTable(Connection &connection, const QString &table, const QStringList &rows)
+void fillCorpusTable(Connection &connection, const QString &table, const QString &names,
+                     const QStringList &rows)
 {
-    const QStringList columns = corpusColumns()[table].split(u',');
+    const QStringList columns = names.split(u',');
     connection.run(u"DELETE FROM "_qs + table);
     for (const QString &row : rows) {
         const QStringList given = row.split(u'|');
@@ -284,18 +227,83 @@ void fillCorpusTable(Connection &connection, const QString &table, const QString
     }
 }
 
-std::vector<Transcript> transcripts(const QString &folder)
+std::string corpusText(const QString &text)
 {
-    std::vector<Transcript> result;
+    QString result;
+    for (const QChar character : text) {
+        const int code = character.unicode();
+        result += character == u'\r'   ? u"\\r"_qs
+                  : character == u'\n' ? u"\\n"_qs
+                  : code < 0x20        ? u"\\x%1"_qs.arg(code, 2, 16, QChar(u'0'))
+                                       : QString(character);
+    }
+    return result.toStdString();
+}
+
+std::chrono::milliseconds corpusTime(const QString &text)
+{
+    static const QRegularExpression kTime(QStringLiteral("^([0-9]+)(ms|s|min)$"));
+    const QRegularExpressionMatch match = kTime.match(text);
+    if (!match.hasMatch()) {
+        fail("a time is 500ms, 14s or 2min");
+    }
+    const QString unit = match.captured(2);
+    const int inMilliseconds = unit == u"ms" ? 1 : unit == u"s" ? 1000 : 60000;
+    return std::chrono::milliseconds(match.captured(1).toInt() * inMilliseconds);
+}
+
+std::vector<CorpusCase> corpusCases(const QString &folder)
+{
+    std::vector<CorpusCase> result;
     const QDir files(QStringLiteral(LUKORA_CORPUS "/") + folder);
     for (const QFileInfo &info : files.entryInfoList(QDir::Files, QDir::Name)) {
         QFile file(info.filePath());
         if (!file.open(QIODevice::ReadOnly)) {
             fail("cannot read " + info.filePath().toStdString());
         }
-        for (Transcript &one : Reader(info.fileName()).read(file)) {
-            result.push_back(std::move(one));
+        std::vector<CorpusLine> always;
+        std::vector<CorpusLine> *lines = &always;
+        QSet<QString> titles;
+        bool takesRows = false;
+        const QStringList all = QString::fromUtf8(file.readAll()).split(u'\n');
+        for (int i = 0; i < all.size(); ++i) {
+            const QString &line = all[i];
+            if (takesRows && line.startsWith(u"  ")) {
+                lines->back().rows.append(line.mid(2));
+                continue;
+            }
+            takesRows = !line.isEmpty() && !line.startsWith(u'#');
+            if (!takesRows) {
+                continue;
+            }
+            const std::string place =
+                (info.fileName() + u':').toStdString() + std::to_string(i + 1) + ": ";
+            const QString word = line.section(u' ', 0, 0);
+            const QString rest = line.mid(word.size() + 1);
+            if (word != u"==") {
+                lines->push_back({place, i + 1, word, rest, {}});
+                continue;
+            }
+            if (titles.contains(rest)) {
+                fail(place + "the name is used before");
+            }
+            titles += rest;
+            takesRows = false;
+            result.push_back({place + rest.toStdString(), always});
+            lines = &result.back().lines;
         }
+        if (titles.isEmpty()) {
+            fail(info.fileName().toStdString() + ": no case");
+        }
+    }
+    return result;
+}
+
+std::vector<Transcript> transcripts(const QString &folder)
+{
+    std::vector<Transcript> result;
+    for (const CorpusCase &each : corpusCases(folder)) {
+        result.push_back(Reader(each).read());
     }
     return result;
 }

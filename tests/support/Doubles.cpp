@@ -4,9 +4,16 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 ScriptedOperator::~ScriptedOperator()
 {
-    for (const Line &line : script_) {
+    expectAllAsked();
+}
+
+void ScriptedOperator::expectAllAsked()
+{
+    for (const Line &line : std::exchange(script_, {})) {
         ADD_FAILURE() << "Never asked: " << line.expected.toStdString();
     }
 }
@@ -22,9 +29,10 @@ void ScriptedOperator::answers(const QString &text, Answer answer, milliseconds 
     script_.push_back({Kind::Question, text, title, answer, {}, openFor});
 }
 
-void ScriptedOperator::types(const QString &title, const QString &answer, milliseconds openFor)
+void ScriptedOperator::types(const QString &title, const QString &answer, milliseconds openFor,
+                             const QString &text)
 {
-    script_.push_back({Kind::Input, {}, title, Answer::Ok, answer, openFor});
+    script_.push_back({Kind::Input, text, title, Answer::Ok, answer, openFor});
 }
 
 void ScriptedOperator::picksFile(const QString &startFrom, const QString &filter,
@@ -55,7 +63,9 @@ std::optional<ScriptedOperator::Line> ScriptedOperator::next(Kind kind, const QS
         return {};
     }
     const Line &expected = script_.front();
-    if (expected.kind != kind || expected.title != title || !says.contains(expected.expected)) {
+    const bool holds =
+        wantsWholeTexts ? says == expected.expected : says.contains(expected.expected);
+    if (expected.kind != kind || expected.title != title || !holds) {
         ADD_FAILURE() << "Not expected: " << told(kind, says, title) << "\nbut "
                       << told(expected.kind, expected.expected, expected.title);
         return {};
@@ -89,7 +99,8 @@ QString ScriptedOperator::inputBox(const QString &prompt, const QString &title,
     if (typing) {
         return typing(title);
     }
-    const auto line = next(Kind::Input, prompt, title);
+    const QString text = preset.isEmpty() ? prompt : prompt + u'\n' + preset;
+    const auto line = next(Kind::Input, text, title);
     return line ? line->typed : QString();
 }
 

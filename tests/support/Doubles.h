@@ -25,14 +25,19 @@ public:
     /// The same for a question, with OK and Cancel.
     void answers(const QString &text, Answer answer, milliseconds openFor = 0ms,
                  const QString &title = {});
-    /// The next input box must have this title; an empty answer stands for Cancel.
-    void types(const QString &title, const QString &answer, milliseconds openFor = 0ms);
+    /// The next input box must have this title and hold this text; an empty answer stands for
+    /// Cancel.
+    void types(const QString &title, const QString &answer, milliseconds openFor = 0ms,
+               const QString &text = {});
     /// The next question for a file must start from this one and have this filter; an empty path
     /// stands for Cancel.
     void picksFile(const QString &startFrom, const QString &filter, const QString &path);
     /// The next question for a file to write must suggest this name and have this filter; an empty
     /// path stands for Cancel.
     void picksNewFile(const QString &suggestedName, const QString &filter, const QString &path);
+
+    /// Fails the test for each line of the script that is still waited for, and forgets it.
+    void expectAllAsked();
 
     Answer messageBox(const QString &text, const QString &title, Buttons buttons) override;
     QString inputBox(const QString &prompt, const QString &title, const QString &preset) override;
@@ -45,7 +50,8 @@ public:
     }
     bool isBusy() const { return !busy_.isEmpty(); }
 
-    bool isPatient = false; ///< closes every box, script or not
+    bool wantsWholeTexts = false; ///< what a box must hold is all that it holds
+    bool isPatient = false;       ///< closes every box, script or not
     /// Instead of a script: what this person does at every box, types into every input box, and
     /// picks whenever a file is asked for.
     std::function<Answer(const QString &text)> habit;

@@ -21,8 +21,8 @@ struct Site {
             {u"Modem"_qs, {u"0| | |0|?"_qs}}};
         module.DatabaseConnection->run(u"DROP TRIGGER IF EXISTS refusal"_qs);
         module.DatabaseConnection->transaction([&] {
-            for (const QString &table : corpusColumns().keys()) {
-                fillCorpusTable(*module.DatabaseConnection, table,
+            for (const auto &[table, columns] : corpusColumns().asKeyValueRange()) {
+                fillCorpusTable(*module.DatabaseConnection, table, columns,
                                 transcript.before.value(table, kAlways.value(table)));
             }
         });

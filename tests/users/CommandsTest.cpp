@@ -1,9 +1,12 @@
 #include "users/Commands.h"
 #include "platform/RuntimeFailure.h"
 #include "users/Balance.h"
-#include "users/UsersWorld.h"
+
+#include <gtest/gtest.h>
 
 namespace {
+
+const QString kUser = QStringLiteral("+4791234567");
 
 struct RegisterCase {
     const char *command;
