@@ -4,6 +4,7 @@
 #include "simulator/GsmAlphabet.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -191,8 +192,6 @@ void Witness::programEnded(const std::vector<const MessageStore *> &stores)
                   .again;
         }
     }
-    setTrouble(true);
-    setTrouble(false);
     interrupted();
     for (Line &line : lines_) {
         line = {};
@@ -201,7 +200,10 @@ void Witness::programEnded(const std::vector<const MessageStore *> &stores)
 
 void Witness::interrupted()
 {
-    paced_ = false;
+    // The result of a submission may go to another reader.
+    const bool wasTroubled = std::exchange(troubled_, false);
+    setTrouble(true);
+    troubled_ = wasTroubled;
     for (Line &line : lines_) {
         line.isOpen = false;
     }
