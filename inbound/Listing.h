@@ -24,9 +24,8 @@ public:
     void begin(const QString &header);
 
     /// The text of the record, its lines joined by line feeds, empty ones between them too, without
-    /// what came unasked. A line
-    /// that looks unasked is taken for the text where no other line is. Empty for a message without
-    /// text.
+    /// what came unasked. A line that looks unasked is taken for the text where no other line is.
+    /// Empty for a message without text.
     QString readText();
     /// What came counts for nothing.
     void breakOff() { isBroken_ = true; }

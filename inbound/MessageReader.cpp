@@ -15,6 +15,7 @@
 #include "platform/Text.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace {

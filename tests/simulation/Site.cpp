@@ -147,7 +147,8 @@ void Site::toModem(const QByteArray &bytes)
     if (isDead_ || chosen < 0) {
         return;
     }
-    const bool dies = bytesToDeath_ > 0 && bytes.size() >= bytesToDeath_;
+    // A start goes on: cutting what it sends would hand the modem half a message.
+    const bool dies = isUp_ && bytesToDeath_ > 0 && bytes.size() >= bytesToDeath_;
     const QByteArray sent = dies ? bytes.left(bytesToDeath_) : bytes;
     bytesToDeath_ = std::max(0, bytesToDeath_ - static_cast<int>(bytes.size()));
     witness_.toModem(chosen, sent);
