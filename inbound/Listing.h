@@ -39,6 +39,9 @@ public:
     bool isBroken() const { return isBroken_; }
     /// It stopped somewhere: the rest may come yet.
     bool isSilent() const { return end_ == End::Silence && !hasStarted_; }
+    /// Nothing has shown where the text that was read ends: the rest may be missing. Asked before
+    /// the records behind it are read over.
+    bool isTextCut() const { return isSilent() || end_ == End::Error; }
     /// For the next listing.
     const QSet<QString> &oddLines() const { return oddLines_; }
 

@@ -76,7 +76,7 @@ void MessageReader::Read_SMS_MessageTEXT()
     const auto isThis = [&](const Record &seen) { return seen.isListedAgain(listedRecord); };
     const bool comesAgain = std::ranges::any_of(stored_, isThis);
     const bool wasDoubtful = std::erase_if(doubtful_, isThis) > 0;
-    if (received && listing.isSilent() && !comesAgain && !wasDoubtful) {
+    if (received && listing.isTextCut() && !comesAgain && !wasDoubtful) {
         listing.breakOff();
         doubtful_.push_back(listedRecord);
     }

@@ -30,8 +30,8 @@ public:
     /// From then on the line is read here: the body, and the rest of the listing, whose other
     /// records stay in the modem and come with the next one. The record is deleted once it has been
     /// stored and the listing has been seen whole; one that the modem keeps all the same is not
-    /// stored again as long as the program runs. A text that ends in silence may be cut: it is
-    /// stored when two listings have shown the same of it.
+    /// stored again as long as the program runs. A text that ends in silence or in an error may be
+    /// cut: it is stored when two listings have shown the same of it.
     ///
     /// No text makes it fail (see ErrorRule).
     /// @throws RuntimeFailure at its end when the file could not be written, the first time.

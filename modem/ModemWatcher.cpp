@@ -32,6 +32,7 @@ constexpr milliseconds kListingTimeOut = 20'000ms;
 // No read takes so long, unless a box holds it up that was opened inside it.
 constexpr milliseconds kHeldUp = 2500ms;
 constexpr int kLongestIndex = 7;
+constexpr int kHighestPlace = 255;
 // Two on each tick: a file that another PC holds for a moment is no news.
 constexpr int kTriesOfFile = 3;
 
@@ -263,12 +264,20 @@ void ModemWatcher::listed(const QString &record)
         return;
     }
     module_.MessageIndex = 0;
+    int place = 0;
     for (const QChar digit : record.left(kLongestIndex)) {
         if (digit < u'0' || digit > u'9') {
             break;
         }
-        module_.MessageIndex = byteOf(10 * module_.MessageIndex + (digit.unicode() - u'0'));
+        place = 10 * place + (digit.unicode() - u'0');
     }
+    // The place is held in a byte. A record behind that is in each listing of this modem, and is no
+    // news from the second on.
+    if (place > kHighestPlace &&
+        std::exchange(highPlaceTold_, flags_.initialisations) == flags_.initialisations) {
+        return;
+    }
+    module_.MessageIndex = byteOf(place);
     flags_.ReadingMessages = true;
     view_.setPanel(kInboundPanel,
                    u"Melding "_qs + QString::number(module_.MessageIndex) + u" MOTTATT"_qs);

@@ -216,14 +216,15 @@ void OutboundQueue::settle(const Submission &sms)
     // A screen may have queued something meanwhile, or had the sets opened anew, even on another
     // file; somebody may have deleted the row or the door. The result is that of this row alone.
     if (module_.DatabasePath == sms.file) {
-        const bool isQueued = isStillQueued(sms);
-        if (isQueued) {
-            writeResult(sms.result);
-        }
+        // The user's state goes with the result: a file that cannot be had takes neither. A number
+        // that cannot be looked up costs the state alone.
+        recordsets_.atOnce([&] {
+            if (isStillQueued(sms)) {
+                writeResult(sms.result);
+                kept([&] { wasTaken ? markUser(sms.text, sms.recipient) : void(); });
+            }
+        });
         unwritten.dismiss();
-        if (isQueued && wasTaken) {
-            markUser(sms.text, sms.recipient);
-        }
     }
     pace_.restart(kBetweenMessages);
     flags_.QueuePending = true;
