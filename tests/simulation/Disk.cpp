@@ -98,13 +98,13 @@ int open(sqlite3_vfs *, const char *name, sqlite3_file *file, int flags, int *ou
     return result;
 }
 
-int remove(sqlite3_vfs *, const char *name, int syncDirectory)
+int remove(sqlite3_vfs *, const char *name, int)
 {
     return unlessFaulty(writingResult(), [&] {
         if (Disk::instance().isLastWrite()) {
             return SQLITE_IOERR_DELETE; // before the journal is gone: the work is undone
         }
-        return below->xDelete(below, name, syncDirectory);
+        return below->xDelete(below, name, 0); // no power cuts here either
     });
 }
 

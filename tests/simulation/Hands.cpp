@@ -31,8 +31,8 @@ const QString kFaults =
 /// How much in a file is left to be done.
 const QString kWaiting =
     u"SELECT (SELECT count(*) FROM NYEbrukere n WHERE NOT EXISTS (SELECT 1 FROM TBLbrukere b WHERE "
-    "b.KeyBruker = n.Bruker AND b.KeyNummer = n.KeyNummer)) + (SELECT count(*) FROM SMS_Sent WHERE "
-    "CMGS = 'UNSENT')"_qs;
+    "rtrim(b.KeyBruker) = rtrim(n.Bruker) AND b.KeyNummer = n.KeyNummer)) + (SELECT count(*) FROM "
+    "SMS_Sent WHERE CMGS = 'UNSENT')"_qs;
 
 constexpr const char *kNotices[] = {
     "^RSSI: 17", "+CREG: 1",        "RING",        "+CRING: VOICE",        "NO CARRIER",
@@ -291,7 +291,8 @@ void Site::breakThings(const Step &step)
     World &world = *world_;
     const milliseconds shortTime{500 * (1 + step.b % 20)};
     const milliseconds longTime{1000 * (1 + step.b % 1800)};
-    SimulatedModem &one = modem(std::max(0, chosenModem()));
+    const int chosen = std::max(0, chosenModem());
+    SimulatedModem &one = modem(chosen);
     static const QStringList faults = kFaults.split(u", "_qs);
     if (step.act <= Act::Unplug) {
         faultySince_ = world.clock.elapsed() + longTime;
@@ -315,6 +316,7 @@ void Site::breakThings(const Step &step)
     case Act::Unplug:
         plug(false);
         one.lineClosed();
+        witness_.lineClosed(chosen);
         world.clock.after(longTime, [this] { plug(true); });
         break;
     case Act::Full:

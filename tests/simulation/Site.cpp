@@ -97,6 +97,7 @@ void Site::wire()
         modem(i).setLineDrop([this, i] {
             plug(false);
             modem(i).lineClosed();
+            witness_.lineClosed(i);
             world_->clock.after(1min, [this] { plug(true); });
         });
         modem(i).store().onRemoval = [this](const MessageRecord &record) {

@@ -193,9 +193,7 @@ void Witness::programEnded(const std::vector<const MessageStore *> &stores)
         }
     }
     interrupted();
-    for (Line &line : lines_) {
-        line = {};
-    }
+    std::ranges::fill(lines_, Line());
 }
 
 void Witness::interrupted()

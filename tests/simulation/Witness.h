@@ -39,6 +39,8 @@ public:
     void setTrouble(bool troubled);
     /// The program ended, whichever way, with these records left in the stores.
     void programEnded(const std::vector<const MessageStore *> &stores);
+    /// What stands half in this modem's line will never be ended.
+    void lineClosed(int modem) { lines_[modem] = {}; }
     /// The operator chose a line, or whatever else may interrupt a dialogue.
     void interrupted();
     void event(const std::string &what);
