@@ -2,15 +2,19 @@
 #include "platform/qt/QtHost.h"
 #include "platform/qt/QtSerialPort.h"
 #include "platform/qt/QtTcpSocket.h"
+#include "platform/qt/SystemClock.h"
 
+#include <QAbstractEventDispatcher>
 #include <QDir>
 #include <QFile>
 #include <QStandardPaths>
 #include <QTcpServer>
 #include <QTest>
 
+#include <arpa/inet.h>
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <netinet/tcp.h>
 #include <stdlib.h>
 #include <unistd.h>
 
@@ -132,6 +136,46 @@ TEST_F(Network, DeliversTheLastBytesBeforeTheEndAndNothingOfAClosedConnection)
     EXPECT_TRUE(logs(2));
     EXPECT_EQ(log, (QStringList{u"connected"_qs, u"closed at 100000"_qs}));
     EXPECT_EQ(socket.state(), TcpSocket::State::Closed);
+}
+
+// The kernel's own count of seconds is taken for granted: half a minute is too long for a test.
+TEST_F(Network, AsksAFarSideThatHasFallenSilent)
+{
+    connectAndSay(0);
+    const auto isOurs = [&](int descriptor) {
+        sockaddr_in far{};
+        socklen_t size = sizeof far;
+        return ::getpeername(descriptor, reinterpret_cast<sockaddr *>(&far), &size) == 0 &&
+               ntohs(far.sin_port) == server.serverPort();
+    };
+    int descriptor = 0;
+    while (descriptor < 1000 && !isOurs(descriptor)) {
+        ++descriptor;
+    }
+    const auto option = [&](int level, int name) {
+        int value = -1;
+        socklen_t size = sizeof value;
+        EXPECT_EQ(::getsockopt(descriptor, level, name, &value, &size), 0);
+        return value;
+    };
+    EXPECT_NE(option(SOL_SOCKET, SO_KEEPALIVE), 0);
+    EXPECT_EQ(option(IPPROTO_TCP, TCP_KEEPIDLE), 15);
+    EXPECT_EQ(option(IPPROTO_TCP, TCP_KEEPINTVL) * option(IPPROTO_TCP, TCP_KEEPCNT), 15);
+    EXPECT_EQ(option(IPPROTO_TCP, TCP_USER_TIMEOUT), 30'000);
+}
+
+TEST(TimerOfTheMachine, IsPrecise)
+{
+    SystemClock clock;
+    const std::unique_ptr<Timer> timer = clock.timer([] {});
+    timer->setInterval(30s);
+    timer->setEnabled(true);
+    auto *object = dynamic_cast<QObject *>(timer.get());
+    ASSERT_NE(object, nullptr);
+    const auto running = QAbstractEventDispatcher::instance()->registeredTimers(object);
+    ASSERT_EQ(running.size(), 1);
+    EXPECT_EQ(running.front().interval, 30'000);
+    EXPECT_EQ(running.front().timerType, Qt::PreciseTimer);
 }
 
 TEST_F(Network, BearsTheNumberOfARefusal)
