@@ -26,6 +26,7 @@
 namespace {
 
 constexpr milliseconds kTimerCom = 1000ms;
+constexpr milliseconds kLongestSubmission = 25s; ///< with one attempt
 constexpr int kLinesOfReceived = 16;
 constexpr int kUsersWidth = 620;
 constexpr int kModemWidth = 310;
@@ -292,8 +293,16 @@ void frmMain::unload()
         }
     }
     hide();
-    clock_.end();
-    QCoreApplication::quit();
+    // The network may have taken the message that is under way: without its result the next run
+    // would send it again.
+    const auto end = [this] {
+        clock_.end();
+        QCoreApplication::quit();
+    };
+    endTimer_ = clock_.timer(end);
+    endTimer_->setInterval(kLongestSubmission);
+    endTimer_->setEnabled(true);
+    link_.queue.whenIdle(end);
 }
 
 void frmMain::releaseModem()

@@ -142,4 +142,5 @@ private:
 
     bool hasFocus_ = false; ///< the screen, or a question that it asks, has the focus
     bool unloading_ = false;
+    std::unique_ptr<Timer> endTimer_;
 };

@@ -178,7 +178,15 @@ void OutboundQueue::SendQueuedSms()
     kept([&] { sendFirst(); });
     flags_.QueueRunning = false;
     timerCom_.setEnabled(true);
+    if (next_) {
+        std::exchange(next_, {})();
+    }
     passOnTheEnd(clock_);
+}
+
+void OutboundQueue::whenIdle(std::function<void()> next)
+{
+    flags_.QueueRunning ? void(next_ = std::move(next)) : next();
 }
 
 void OutboundQueue::sendFirst()

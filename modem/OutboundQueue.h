@@ -5,6 +5,7 @@
 #include <QDate>
 #include <QString>
 
+#include <functional>
 #include <vector>
 
 class Clock;
@@ -81,6 +82,8 @@ public:
     /// @throws RuntimeFailure when such a call fails; nothing else makes it fail.
     /// @throws ProgramEnds when the program ends meanwhile.
     void SendQueuedSms();
+    /// Calls this once, behind the message that is under way, or at once when there is none.
+    void whenIdle(std::function<void()> next);
 
 private:
     struct Submission {
@@ -105,4 +108,5 @@ private:
     SendPace &pace_;
     Timer &timerCom_;
     std::vector<Submission> accepted_; ///< by the network, but their results are not written yet
+    std::function<void()> next_;       ///< once it is idle
 };

@@ -88,7 +88,7 @@ void Site::operate(const Step &step)
         return;
     }
     // A box that is open takes all input; nobody has more than two hands.
-    if (!isUp_ || world_->clock.hasEnded() || openBoxes_ > 0 || hands_ > 0) {
+    if (!isUp_ || !world_->screen().isVisible() || openBoxes_ > 0 || hands_ > 0) {
         return;
     }
     const bool needsTabs = step.act <= Act::FreeText;

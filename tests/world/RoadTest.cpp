@@ -86,10 +86,16 @@ TEST(Road, EndsActiveAndTheWayBackWithoutTheUser)
     }
 }
 
-TEST(Road, ClosingInTheMiddleOfASubmissionEndsAtOnceAndKeepsTheMessage)
+struct ClosingInASubmission : testing::TestWithParam<std::pair<milliseconds, QString>> {};
+// Behind an answer of the network, or when it has not come for long enough.
+INSTANTIATE_TEST_SUITE_P(Road, ClosingInASubmission,
+                         testing::Values(std::pair(15s, u"0:OK"_qs), std::pair(60s, u"UNSENT"_qs)));
+
+TEST_P(ClosingInASubmission, EndsBehindItsResult)
 {
+    const auto &[time, state] = GetParam();
     World world;
-    world.modem.setSubmissionTime(15s);
+    world.modem.setSubmissionTime(time);
     world.registerUser(kUser);
     world.person.answers(u"Vent til SMS sending er ferdig"_qs);
     milliseconds closedAt{0};
@@ -106,9 +112,10 @@ TEST(Road, ClosingInTheMiddleOfASubmissionEndsAtOnceAndKeepsTheMessage)
 
     EXPECT_TRUE(world.clock.hasEnded());
     EXPECT_GT(closedAt, 0ms);
-    EXPECT_LT(world.clock.elapsed() - closedAt, 3s);
+    EXPECT_LT(world.clock.elapsed() - closedAt, std::min<milliseconds>(time, 25s) + 3s);
+    EXPECT_FALSE(world.screen().isVisible());
     EXPECT_TRUE(world.settings.saved.isEmpty());
-    EXPECT_EQ(world.value(u"SELECT CMGS FROM SMS_Sent"_qs), u"UNSENT");
+    EXPECT_EQ(world.value(u"SELECT CMGS FROM SMS_Sent"_qs), state);
     EXPECT_EQ(world.value(u"SELECT ModemOwner FROM Modem"_qs), u"KONTOR-1");
 }
 
