@@ -97,7 +97,7 @@ private:
     std::optional<int> forgotten_; ///< the initialisation whose settings the modem has lost
     std::optional<milliseconds> startedAnew_;
     int highPlaceTold_ = -1; ///< the initialisation behind which the operator was told of one
-    Tries refresh_;         ///< of the sets: a file that cannot be read is told of once
-    Tries send_;            ///< likewise a file that takes no result
-    bool lossTold_ = false; ///< the operator has been told that the port is gone
+    Tries refresh_;          ///< of the sets: a file that cannot be read is told of once
+    Tries send_;             ///< likewise a file that takes no result
+    bool lossTold_ = false;  ///< the operator has been told that the port is gone
 };
