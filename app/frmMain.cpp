@@ -89,14 +89,25 @@ void frmMain::wirePanels()
     const auto toggleTerminal = [&selection] { selection.ComShowCom(); };
     connect(modemPanel_, &ModemPanel::imageClicked, this, toggleTerminal);
     connect(networkPanel_, &NetworkModemPanel::ComShowComClicked, this, toggleTerminal);
-    connect(networkPanel_, &NetworkModemPanel::cmdConnectClicked, this,
-            [&selection] { selection.cmdConnect(); });
-    connect(networkPanel_, &NetworkModemPanel::cmdDisconnectClicked, this,
-            [&selection] { selection.cmdDisconnect(); });
-    connect(networkPanel_, &NetworkModemPanel::Command2Clicked, this,
-            [&selection] { selection.Command2(); });
-    connect(networkPanel_, &NetworkModemPanel::Command3Clicked, this,
-            [&selection] { selection.Command3(); });
+    const auto onClick = [&](void (NetworkModemPanel::*clicked)(), void (LineSelection::*act)()) {
+        connect(networkPanel_, clicked, this,
+                [this, act] { whenQueueIsIdle([this, act] { (link_.selection.*act)(); }); });
+    };
+    onClick(&NetworkModemPanel::cmdConnectClicked, &LineSelection::cmdConnect);
+    onClick(&NetworkModemPanel::cmdDisconnectClicked, &LineSelection::cmdDisconnect);
+    onClick(&NetworkModemPanel::Command2Clicked, &LineSelection::Command2);
+    onClick(&NetworkModemPanel::Command3Clicked, &LineSelection::Command3);
+}
+
+void frmMain::whenQueueIsIdle(const std::function<void()> &click)
+{
+    operator_.setBusy(&link_.queue, true);
+    link_.queue.whenIdle([this, click] {
+        operator_.setBusy(&link_.queue, false);
+        if (!unloading_) {
+            click();
+        }
+    });
 }
 
 void frmMain::placePanels()

@@ -81,6 +81,8 @@ private:
     void ApplyLanguage();
     void chooseLanguage(const QString &CountryCode);
     void chooseSmsReport(bool on);
+    /// A click that speaks with the modem or takes it away waits for the message under way.
+    void whenQueueIsIdle(const std::function<void()> &click);
     void mnuFileDatabase();
     void mnuFileCompactDatabase();
     void VisBrukerTabell();

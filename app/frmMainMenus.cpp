@@ -36,8 +36,10 @@ void frmMain::wireMenus()
     onClick(ui_->mnuFileDatabase, this, [this] { mnuFileDatabase(); });
     onClick(ui_->mnuFileCompactDatabase, this, [this] { mnuFileCompactDatabase(); });
     onClick(ui_->mnuFileExit, this, [this] { close(); });
-    onClick(ui_->mnuSMSSendingsbekreftelseAv, this, [this] { chooseSmsReport(false); });
-    onClick(ui_->mnuSMSSendingsbekreftelsePå, this, [this] { chooseSmsReport(true); });
+    onClick(ui_->mnuSMSSendingsbekreftelseAv, this,
+            [this] { whenQueueIsIdle([this] { chooseSmsReport(false); }); });
+    onClick(ui_->mnuSMSSendingsbekreftelsePå, this,
+            [this] { whenQueueIsIdle([this] { chooseSmsReport(true); }); });
     onClick(ui_->mnuSpråkNorsk, this, [this] { chooseLanguage(QStringLiteral("47")); });
     onClick(ui_->mnuSpråkDansk, this, [this] { chooseLanguage(QStringLiteral("45")); });
     onClick(ui_->mnuSpråkSvensk, this, [this] { chooseLanguage(QStringLiteral("46")); });
@@ -48,10 +50,14 @@ void frmMain::wireMenus()
 void frmMain::wirePortMenu()
 {
     for (int port = 0; port <= kLastPortInMenu; ++port) {
-        onClick(portMenu()[port], this, [this, port] { link_.selection.mnuComPortCom(port); });
+        onClick(portMenu()[port], this, [this, port] {
+            whenQueueIsIdle([this, port] { link_.selection.mnuComPortCom(port); });
+        });
     }
-    onClick(ui_->mnuComPortComOther, this, [this] { link_.selection.mnuComPortComOther(); });
-    onClick(ui_->mnuComPortWinsock, this, [this] { link_.selection.mnuComPortWinsock(); });
+    onClick(ui_->mnuComPortComOther, this,
+            [this] { whenQueueIsIdle([this] { link_.selection.mnuComPortComOther(); }); });
+    onClick(ui_->mnuComPortWinsock, this,
+            [this] { whenQueueIsIdle([this] { link_.selection.mnuComPortWinsock(); }); });
 }
 
 void frmMain::VisBrukerTabell()

@@ -23,7 +23,9 @@ void Listing::begin(const QString &header)
     // In PDU mode none can be read.
     if (!isHeader(closedUp(header))) {
         oddLines_ += header;
-        isBroken_ = !seenBefore_.contains(header) || isPduHeader(header);
+        // In the middle of a line it is somebody's text, and the place in it of his choice.
+        isBroken_ =
+            !beginsLikeHeader(header) || !seenBefore_.contains(header) || isPduHeader(header);
     }
 }
 
@@ -63,6 +65,7 @@ bool Listing::endsWith(const QString &line, bool hasText)
             return true;
         }
         if (isUnsolicited(ahead_)) {
+            hasRestarted_ = hasRestarted_ || isBootWord(ahead_);
             judge(std::exchange(ahead_, {}));
             hasText = true; // nothing to wait for any more
         }
@@ -130,8 +133,10 @@ void Listing::readToEnd()
     bool isOk = false;
     for (int readings = 0; end_ == End::None && readings < kMostReadings; ++readings) {
         bool cameAnything = false;
+        const bool isBehindOk = isOk;
         const bool ok = line_.WaitForModemOK([&](const QString &line) {
             cameAnything |= !line.isEmpty() && !isUnsolicited(line);
+            hasRestarted_ = hasRestarted_ || (isBehindOk && isBootWord(line));
             judge(line);
         });
         // Somebody's text may be just that; a modem sends what follows at once. What it says

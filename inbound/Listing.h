@@ -42,6 +42,8 @@ public:
     /// Nothing has shown where the text that was read ends: the rest may be missing. Asked before
     /// the records behind it are read over.
     bool isTextCut() const { return isSilent() || end_ == End::Error; }
+    /// The modem has said behind the end of the listing that it starts anew.
+    bool hasRestarted() const { return hasRestarted_; }
     /// For the next listing.
     const QSet<QString> &oddLines() const { return oddLines_; }
 
@@ -62,5 +64,6 @@ private:
     int usualBareEnds_ = 0; ///< before the first line of the text, as this modem ends its lines
     End end_ = End::None;
     bool isBroken_ = false;
-    bool hasStarted_ = false; ///< a boot word came, if it was none of a text
+    bool hasStarted_ = false;   ///< a boot word came, if it was none of a text
+    bool hasRestarted_ = false; ///< likewise behind an "OK"
 };

@@ -72,11 +72,12 @@ void MessageReader::Read_SMS_MessageTEXT()
             listing.breakOff(); // a click has read lines of it away, or chosen another modem
         }
     }
+    const bool isTextCut = listing.isTextCut();
     const Record listedRecord{header, text};
     const auto isThis = [&](const Record &seen) { return seen.isListedAgain(listedRecord); };
     const bool comesAgain = std::ranges::any_of(stored_, isThis);
     const bool wasDoubtful = std::erase_if(doubtful_, isThis) > 0;
-    if (received && listing.isTextCut() && !comesAgain && !wasDoubtful) {
+    if (received && isTextCut && !comesAgain && !wasDoubtful) {
         listing.breakOff();
         doubtful_.push_back(listedRecord);
     }
@@ -112,6 +113,7 @@ void MessageReader::Read_SMS_MessageTEXT()
     bool isAnswered = true;
     if (listing.isWhole()) {
         link_.line.takeSigns(); // a text may look like one
+        link_.flags.HasForgotten = link_.flags.HasForgotten || listing.hasRestarted();
     }
     if (stored && listing.isWhole() && deleteFromModem(place, initialisations, isAnswered)) {
         std::erase_if(stored_, isThis);
@@ -120,7 +122,8 @@ void MessageReader::Read_SMS_MessageTEXT()
     if (link_.response.text() == listed) {
         link_.response.setText({}); // or the same one would go unnoticed in the next listing
     }
-    listing.isSilent() || !isAnswered ? link_.watcher.listingRests() : link_.watcher.listingEnded();
+    const bool mayGoOn = isTextCut || listing.isSilent() || !isAnswered;
+    mayGoOn ? link_.watcher.listingRests() : link_.watcher.listingEnded();
     link_.TimerCom->setEnabled(true);
     link_.flags.ReadingMessages = false;
     link_.pace.restart(3000ms);

@@ -12,6 +12,7 @@ struct ModemFlags {
     bool ReadingMessages = false;  ///< a listing is being read
     bool ComposingSms = false;     ///< a free-text message is being composed
     bool EchoIsUsual = false;      ///< the modem echoes though it was told not to
+    bool HasForgotten = false;     ///< the modem has started by itself, and lost its settings
     int initialisations = 0;       ///< so far: whoever waits sees whether the line is still his
     LineOwner owner;
 };

@@ -199,6 +199,7 @@ void ModemInitialiser::waitForStorage(QString &storageLine)
 void ModemInitialiser::found(const Identity &identity)
 {
     flags_.EchoIsUsual = identity.echoes;
+    flags_.HasForgotten = false;
     isLossTold_ = false;
     module_.ModemReady = true;
     timerCom_.setEnabled(true);

@@ -7,6 +7,7 @@
 #include "modem/ModemView.h"
 #include "modem/ModemWords.h"
 #include "modem/OutboundQueue.h"
+#include "modem/PassOn.h"
 #include "modem/SendPace.h"
 #include "platform/Operator.h"
 #include "platform/Rules.h"
@@ -132,7 +133,7 @@ void ModemWatcher::lookForSigns(const QString &line)
 {
     const auto [echo, boot] = line_.takeSigns();
     if ((echo && !flags_.EchoIsUsual) || boot || isPduHeader(line)) {
-        forgotten_ = flags_.initialisations;
+        flags_.HasForgotten = true;
     }
     if (boot) {
         listingEnded(); // nothing more will come of it
@@ -141,7 +142,7 @@ void ModemWatcher::lookForSigns(const QString &line)
 
 bool ModemWatcher::startAnew()
 {
-    if (!hasForgotten()) {
+    if (!flags_.HasForgotten) {
         return false;
     }
     if (startedAnew_ && clock_.elapsed() - *startedAnew_ < kBetweenStarts) {
@@ -152,10 +153,7 @@ bool ModemWatcher::startAnew()
                    QCoreApplication::translate("ModemWatcher", "Modemet settes opp på nytt"));
     kept([this] {
         if (SetUpAgain()) {
-            forgotten_.reset();
             view_.setPanel(kInboundPanel, u"Klar for innkommende SMS"_qs); // in every language
-        } else {
-            forgotten_ = flags_.initialisations;
         }
     });
     return true;
@@ -186,7 +184,10 @@ void ModemWatcher::timerSendTick()
             goesOn ? step() : void();
         };
     };
-    const auto refresh = unlessOvertaken([&] { refresh_([&] { recordsets_.reopen(); }); });
+    const auto refresh = unlessOvertaken([&] {
+        refresh_([&] { recordsets_.reopen(); });
+        passOnTheEnd(clock_);
+    });
     skipped({unlessOvertaken([&] { StartNyBruker(); }), refresh,
              unlessOvertaken([&] { sendFirst(); }), refresh, unlessOvertaken([&] {
                  if (pace_.interval() < kNoListingFrom || isOwed ||
@@ -204,6 +205,7 @@ void ModemWatcher::sendFirst()
     } else {
         send_(send);
     }
+    passOnTheEnd(clock_);
 }
 
 void ModemWatcher::responseChanged()

@@ -57,7 +57,6 @@ private:
     bool lineIsFree() const;
     bool awaitsListing() const;
     void lookForSigns(const QString &line);
-    bool hasForgotten() const { return forgotten_ == flags_.initialisations; }
     bool startAnew();
     void sendFirst();
     void tellLostPort();
@@ -94,7 +93,6 @@ private:
     bool restIsComing_ = false; ///< of a listing that was given up: texts and headers, in any order
     milliseconds takingSince_{0}; ///< by the owner of the line, if it is this
     int sendTicks_ = 0;
-    std::optional<int> forgotten_; ///< the initialisation whose settings the modem has lost
     std::optional<milliseconds> startedAnew_;
     int highPlaceTold_ = -1; ///< the initialisation behind which the operator was told of one
     Tries refresh_;          ///< of the sets: a file that cannot be read is told of once

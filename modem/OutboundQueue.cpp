@@ -170,23 +170,25 @@ void OutboundQueue::SendQueuedSms()
         settle(sms);
         return;
     }
-    const LineOwner::Turn turn(flags_.owner, LineOwner::Who::Queue);
-    flags_.QueueRunning = true;
-    timerCom_.setEnabled(false);
-    // A failure leaves the row "UNSENT" and the pace as it is, so that the next tick tries the
-    // same message again, and again.
-    kept([&] { sendFirst(); });
-    flags_.QueueRunning = false;
-    timerCom_.setEnabled(true);
-    if (next_) {
-        std::exchange(next_, {})();
+    {
+        const LineOwner::Turn turn(flags_.owner, LineOwner::Who::Queue);
+        flags_.QueueRunning = true;
+        timerCom_.setEnabled(false);
+        // A failure leaves the row "UNSENT" and the pace as it is, so that the next tick tries the
+        // same message again, and again.
+        kept([&] { sendFirst(); });
+        flags_.QueueRunning = false;
+        timerCom_.setEnabled(true);
+    }
+    for (const auto waiting = std::exchange(next_, {}); const auto &next : waiting) {
+        next();
     }
     passOnTheEnd(clock_);
 }
 
 void OutboundQueue::whenIdle(std::function<void()> next)
 {
-    flags_.QueueRunning ? void(next_ = std::move(next)) : next();
+    flags_.QueueRunning ? next_.push_back(std::move(next)) : next();
 }
 
 void OutboundQueue::sendFirst()

@@ -82,7 +82,8 @@ public:
     /// @throws RuntimeFailure when such a call fails; nothing else makes it fail.
     /// @throws ProgramEnds when the program ends meanwhile.
     void SendQueuedSms();
-    /// Calls this once, behind the message that is under way, or at once when there is none.
+    /// Calls this once, behind the message that is under way, or at once when there is none. For
+    /// what would take the modem's answer away, or have its own commands taken for the text.
     void whenIdle(std::function<void()> next);
 
 private:
@@ -108,5 +109,5 @@ private:
     SendPace &pace_;
     Timer &timerCom_;
     std::vector<Submission> accepted_; ///< by the network, but their results are not written yet
-    std::function<void()> next_;       ///< once it is idle
+    std::vector<std::function<void()>> next_; ///< once it is idle
 };

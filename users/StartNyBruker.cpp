@@ -112,15 +112,19 @@ void UserOperations::moveOntoDoor()
 
     // Every other reader takes the stored day/month/year as it stands; here the system's own order
     // of day and month counts.
-    const auto readDays = [&] {
+    QString command;
+    QString doorName;
+    const auto compose = [&] {
         user.from = regionalDay(GyldigFra, host_.dateFormat());
         user.to = regionalDay(GyldigTil, host_.dateFormat());
+        command = registerCommand(user, module_.CountryCode);
+        doorName = nameOfDoor(door);
     };
     const bool isNew = same(Status, QStringLiteral("NY"));
-    bool isReadable = false;
+    bool isComposed = false;
     kept([&] {
-        readDays();
-        isReadable = true;
+        compose();
+        isComposed = true;
     });
     recordsets_.atOnce([&] {
         waiting.remove();
@@ -134,13 +138,12 @@ void UserOperations::moveOntoDoor()
         }
         setPeriod(present, period);
         present.update();
-        if (isNew && isReadable) {
-            queueCommand(door, nameOfDoor(door), registerCommand(user, module_.CountryCode),
-                         user.from);
+        if (isNew && isComposed) {
+            queueCommand(door, doorName, command, user.from);
         }
     });
-    if (isNew && !isReadable) {
-        readDays(); // the period stands on the door all the same, and the walk hears why
+    if (isNew && !isComposed) {
+        compose(); // the period stands on the door all the same, and the walk hears why
     }
 }
 

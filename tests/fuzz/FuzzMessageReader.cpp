@@ -35,7 +35,9 @@ struct Site : FuzzBench {
             connection().run(QString::fromLatin1(rows));
         }
         link.watcher.Read_SMS_MessageTEXT = [this] { reader->Read_SMS_MessageTEXT(); };
-        link.watcher.SetUpAgain = [] { return true; }; // nobody there forgets
+        link.watcher.SetUpAgain = [this] {
+            return !(link.flags.HasForgotten = false);
+        }; // nobody there forgets
         port.onWrite = [this](const QByteArray &) { port.feed("\r\nOK\r\n"); };
         ready(false);
     }

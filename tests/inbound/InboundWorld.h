@@ -20,7 +20,9 @@ struct InboundWorld : ReaderBench {
         ready(false);
         port.onWrite = [this](const QByteArray &bytes) { answer(bytes.trimmed()); };
         recordsets.OpenRecordsets();
-        link.watcher.SetUpAgain = [] { return true; }; // this modem has nothing to be told again
+        link.watcher.SetUpAgain = [this] {
+            return !(link.flags.HasForgotten = false);
+        }; // this modem has nothing to be told again
         link.TimerCom->setEnabled(true);
     }
 

@@ -115,7 +115,10 @@ TEST_F(Watcher, TakesLinesThoughABoxHoldsUpTheReadThatItWasOpenedIn)
 TEST_F(Watcher, SetsUpAModemThatHasForgottenItsSettingsOnceAMinute)
 {
     int starts = 0;
-    link.watcher.SetUpAgain = [&] { return ++starts > 0; };
+    link.watcher.SetUpAgain = [&] {
+        link.flags.HasForgotten = false;
+        return ++starts > 0;
+    };
     const auto startsBehindAnEcho = [&] {
         link.line.SendData(u"AT+CMGL=ALL\r"_qs);
         port.feed("AT+CMGL=ALL\r\n");

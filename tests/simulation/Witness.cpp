@@ -192,16 +192,15 @@ void Witness::programEnded(const std::vector<const MessageStore *> &stores)
                   .again;
         }
     }
-    interrupted();
+    // The result of a submission may have come to nobody.
+    const bool wasTroubled = std::exchange(troubled_, false);
+    setTrouble(true);
+    troubled_ = wasTroubled;
     std::ranges::fill(lines_, Line());
 }
 
 void Witness::interrupted()
 {
-    // The result of a submission may go to another reader.
-    const bool wasTroubled = std::exchange(troubled_, false);
-    setTrouble(true);
-    troubled_ = wasTroubled;
     for (Line &line : lines_) {
         line.isOpen = false;
     }

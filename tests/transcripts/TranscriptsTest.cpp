@@ -64,7 +64,9 @@ public:
             link.initialiser.InitModem();
         } else {
             module.ModemReady = true;
-            link.watcher.SetUpAgain = [] { return true; }; // has transcripts of its own
+            link.watcher.SetUpAgain = [this] {
+                return !(link.flags.HasForgotten = false);
+            }; // has transcripts of its own
             link.TimerCom->setEnabled(true);
             link.pace.restart(3000ms);
         }
