@@ -1,13 +1,36 @@
 #include "app/Application.h"
-#include "app/Shell.h"
+#include "app/frmMain.h"
+#include "support/FarModem.h"
+#include "support/TestDatabase.h"
 
+#include <QApplication>
+#include <QLabel>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTest>
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
 namespace {
 
-struct Program : Desk {
+/// The window of this name, when it can be seen.
+QWidget *visibleScreen(const QString &name)
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto found = std::ranges::find_if(windows, [&](const QWidget *window) {
+        return window->isVisible() && window->objectName() == name;
+    });
+    return found == windows.end() ? nullptr : *found;
+}
+
+/// On a machine of doubles with a modem, whose settings name a fresh database.
+struct Program : FakeMachine, FarModem {
+    Program() : FarModem(static_cast<FakeMachine &>(*this))
+    {
+        settings.values[u"dbpath"_qs] = database.path();
+    }
     void logInAfter(milliseconds delay)
     {
         clock.after(delay, [] {
@@ -16,6 +39,7 @@ struct Program : Desk {
             QTest::keyClick(password, Qt::Key_Return);
         });
     }
+    TestDatabase database;
     Application lukora{{clock, person, settings, host, port, socket}};
 };
 

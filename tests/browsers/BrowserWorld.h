@@ -52,9 +52,6 @@ struct BrowserWorld : ScreenWorld {
     }
     QTableView &grid() { return control<QTableView>("grdDataGrid"); }
     QString status() { return control<QLabel>("lblStatus").text(); }
-    QString hits() { return control<QLabel>("lblHits").text(); }
-    QLineEdit &searchLine() { return control<QLineEdit>("txtSearch"); }
-    int sortedBy() { return grid().horizontalHeader()->sortIndicatorSection(); }
     int row() { return grid().currentIndex().row(); }
     void standOn(int row, int column = 0)
     {
@@ -91,11 +88,6 @@ struct BrowserWorld : ScreenWorld {
         QTest::mouseClick(heads.viewport(), Qt::LeftButton, {},
                           {heads.sectionViewportPosition(column) + 5, heads.height() / 2});
         clock.run(wait);
-    }
-    void search(const QString &text)
-    {
-        searchLine().setText(text);
-        clock.run(1s);
     }
     /// A column of the grid from the top, the first rows of it.
     std::string column(int column, int rows = 9)
