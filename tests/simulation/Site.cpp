@@ -102,13 +102,14 @@ void Site::wire()
         });
         modem(i).store().onRemoval = [this](const MessageRecord &record) {
             witness_.removed(record);
+            heard(record.number, record.text);
         };
     }
     world.port.onWrite = world.socket.onWrite = [this](const QByteArray &b) { toModem(b); };
     world.network.setFate([this](const SmsMessage &message) { return fate(message); });
     world.network.setObserver([this](const SmsMessage &message, bool delivered) {
         if (delivered) {
-            arrived(message);
+            heard(message.from, message.text);
         }
     });
     world.person.habit = [this](const QString &text) { return answerBox(text); };
@@ -177,11 +178,11 @@ std::vector<milliseconds> Site::fate(const SmsMessage &message)
 }
 
 /// A door that says that it does not hold a user has him taken away, also when its words come late.
-void Site::arrived(const SmsMessage &message)
+void Site::heard(const QString &from, const QByteArray &raw)
 {
-    const QString text = fromGsm(message.text);
+    const QString text = fromGsm(raw);
     for (auto &[key, order] : orders_) {
-        if (message.from == door(order.door) && text.contains(order.number.mid(3)) &&
+        if (from == door(order.door) && text.contains(order.number.mid(3)) &&
             (text.contains(u"slett") || text.contains(u"ikke") || text.contains(u"inte") ||
              text.contains(u"borttagen"))) {
             order.mustBeThere = false;

@@ -56,6 +56,7 @@ public:
         int deleted = 0;
     };
     std::map<std::pair<QString, int>, Order> &orders() { return orders_; }
+    void heard(const QString &from, const QByteArray &raw);
     const std::map<QString, int> &freeTexts() const { return freeTexts_; }
     struct Box {
         milliseconds at{0};
@@ -71,7 +72,6 @@ private:
     int chosenModem();
     void toModem(const QByteArray &bytes);
     std::vector<milliseconds> fate(const SmsMessage &message);
-    void arrived(const SmsMessage &message);
 
     void perform(const Step &step);
     void operate(const Step &step);
