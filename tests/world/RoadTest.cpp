@@ -86,6 +86,32 @@ TEST(Road, EndsActiveAndTheWayBackWithoutTheUser)
     }
 }
 
+/// Once a result is awaited.
+void whileItWaits(World &world, const std::function<void()> &act)
+{
+    if (world.modemLink().flags.WaitingForCmgs) {
+        act();
+    } else {
+        world.clock.after(100ms, [&world, act] { whileItWaits(world, act); });
+    }
+}
+
+TEST(Road, AClickOnTheLineAwaitsTheMessageUnderWay)
+{
+    World world;
+    world.modem.setSubmissionTime(15s);
+    world.registerUser(kUser);
+    whileItWaits(world, [&] {
+        world.control<QAction>("mnuSMSSendingsbekreftelsePå").trigger();
+        EXPECT_TRUE(world.person.isBusy());
+    });
+    world.clock.run(1min);
+    EXPECT_FALSE(world.person.isBusy());
+    EXPECT_EQ(world.value(u"SELECT CMGS FROM SMS_Sent"_qs), u"0:OK"_qs);
+    EXPECT_EQ(world.port.written.count("AT+CMGS="), 1);
+    EXPECT_TRUE(world.application().module().SmsReportOn);
+}
+
 struct ClosingInASubmission : testing::TestWithParam<std::pair<milliseconds, QString>> {};
 // Behind an answer of the network, or when it has not come for long enough.
 INSTANTIATE_TEST_SUITE_P(Road, ClosingInASubmission,
@@ -99,15 +125,10 @@ TEST_P(ClosingInASubmission, EndsBehindItsResult)
     world.registerUser(kUser);
     world.person.answers(u"Vent til SMS sending er ferdig"_qs);
     milliseconds closedAt{0};
-    std::function<void()> closeWhileWaiting = [&] {
-        if (world.modemLink().flags.WaitingForCmgs) {
-            closedAt = world.clock.elapsed();
-            world.screen().close();
-        } else {
-            world.clock.after(100ms, closeWhileWaiting);
-        }
-    };
-    closeWhileWaiting();
+    whileItWaits(world, [&] {
+        closedAt = world.clock.elapsed();
+        world.screen().close();
+    });
     world.clock.run(1min);
 
     EXPECT_TRUE(world.clock.hasEnded());
