@@ -14,6 +14,8 @@
 #include "platform/RuntimeFailure.h"
 #include "platform/Text.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <optional>
 #include <utility>
@@ -115,8 +117,15 @@ void MessageReader::Read_SMS_MessageTEXT()
         link_.line.takeSigns(); // a text may look like one
         link_.flags.HasForgotten = link_.flags.HasForgotten || listing.hasRestarted();
     }
-    if (stored && listing.isWhole() && deleteFromModem(place, initialisations, isAnswered)) {
-        std::erase_if(stored_, isThis);
+    if (stored && listing.isWhole()) {
+        if (deleteFromModem(place, initialisations, isAnswered)) {
+            std::erase_if(stored_, isThis);
+        } else if (comesAgain && isAnswered && link_.flags.initialisations == initialisations) {
+            why = QCoreApplication::translate("MessageReader",
+                                              "Modemet vil ikke slette melding %1. Meldingene bak "
+                                              "den blir ikke lest før den er slettet.")
+                      .arg(place);
+        }
     }
 
     if (link_.response.text() == listed) {
@@ -132,8 +141,8 @@ void MessageReader::Read_SMS_MessageTEXT()
     }
 }
 
-/// A file that cannot be written keeps every message in the modem, which fills up: somebody must
-/// know. Each listing meets the same failure.
+/// A file that cannot be written, or a record that cannot be deleted, keeps every message in the
+/// modem, which fills up: somebody must know. Each listing meets the same failure.
 void MessageReader::tellOnce(const QString &failure)
 {
     if (std::exchange(told_, failure) != failure && !failure.isEmpty()) {

@@ -34,7 +34,8 @@ public:
     /// cut: it is stored when two listings have shown the same of it.
     ///
     /// No text makes it fail (see ErrorRule).
-    /// @throws RuntimeFailure at its end when the file could not be written, the first time.
+    /// @throws RuntimeFailure at its end when the file could not be written, or the modem refuses
+    /// to delete what it lists again, the first time.
     /// @throws ProgramEnds when the program ends under it.
     void Read_SMS_MessageTEXT();
 

@@ -106,6 +106,7 @@ TEST_F(ConnectionTest, ValuesComeBackAsTheyWereAndAReaderMayRunItsStatementAgain
                         [&](const QVariantList &row) { read = row; });
     const QVariantList expected = {u"Æ 'x'\u20AC"_qs, 5'000'000'000LL, 0.5, {}, QString(), -1LL};
     EXPECT_EQ(read, expected);
+    EXPECT_EQ(read.value(2).typeId(), QMetaType::Double) << "a text of it is equal";
     EXPECT_THROW(database.look().run(u"SELECT ?"_qs, {1, 2}), RuntimeFailure);
 }
 

@@ -133,6 +133,7 @@ TEST_F(ListsTest, EditWaitsForItsButtonsAndTheKeysRest)
     click("cmdUpdate");
     EXPECT_EQ(rows(u"SELECT Etternavn FROM SMS_Received"_qs), "Ås");
     EXPECT_EQ(status(), u"Record: 1"_qs);
+    EXPECT_FALSE(control<QPushButton>("cmdUpdate").isVisible());
     click("cmdAdd");
     type(1, 5, u"notat"_qs);
     click("cmdUpdate");

@@ -37,6 +37,13 @@
     </message>
 </context>
 <context>
+    <name>MessageReader</name>
+    <message>
+        <source>Modemet vil ikke slette melding %1. Meldingene bak den blir ikke lest før den er slettet.</source>
+        <translation>Modemet vil ikke slette besked %1. Beskederne bag den bliver ikke læst, før den er slettet.</translation>
+    </message>
+</context>
+<context>
     <name>ModemWatcher</name>
     <message>
         <source>Forbindelsen med modemet er brutt. Velg COM-porten på nytt.</source>

@@ -37,6 +37,13 @@
     </message>
 </context>
 <context>
+    <name>MessageReader</name>
+    <message>
+        <source>Modemet vil ikke slette melding %1. Meldingene bak den blir ikke lest før den er slettet.</source>
+        <translation>Modemet vill inte radera meddelande %1. Meddelandena bakom det läses inte förrän det är raderat.</translation>
+    </message>
+</context>
+<context>
     <name>ModemWatcher</name>
     <message>
         <source>Forbindelsen med modemet er brutt. Velg COM-porten på nytt.</source>
