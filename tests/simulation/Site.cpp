@@ -324,9 +324,11 @@ void Site::note(bool trouble)
 
 void Site::setDisk(Disk::Fault fault, milliseconds time)
 {
+    // Told of the fault before, the operator need not hear of the next one that follows it.
+    outOfOrderSince_ = disk_.isWell() ? world_->clock.elapsed() : outOfOrderSince_;
+    const milliseconds since = outOfOrderSince_;
     disk_.set(fault);
     note(true);
-    const milliseconds since = world_->clock.elapsed();
     const bool isKept = hasMessage() && time >= kLasting;
     world_->clock.after(time, [this, since, isKept, step = ++steps_] {
         if (step != steps_) {

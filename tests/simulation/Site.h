@@ -117,7 +117,8 @@ private:
     std::vector<Violation> violations_;
     std::deque<Step> fates_;
     milliseconds upSince_{0};
-    milliseconds faultySince_{0}; ///< the last thing that any modem or line was bothered with
+    milliseconds faultySince_{0};     ///< the last thing that any modem or line was bothered with
+    milliseconds outOfOrderSince_{0}; ///< the disk
     milliseconds slowBox_{0};
     milliseconds downFor_{0}; ///< until the program is started again
     bool isUp_ = false;
