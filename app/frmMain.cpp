@@ -26,7 +26,7 @@
 namespace {
 
 constexpr milliseconds kTimerCom = 1000ms;
-constexpr milliseconds kLongestSubmission = 25s; ///< with one attempt
+constexpr milliseconds kLongestAttempt = 35s; ///< to hand a message to the network
 constexpr int kLinesOfReceived = 16;
 constexpr int kUsersWidth = 620;
 constexpr int kModemWidth = 310;
@@ -296,6 +296,9 @@ void frmMain::unload()
         // The screen goes away all the same, nothing is saved and the modem is not released: this
         // is how the program is to behave.
         kept([this] { operator_.messageBox(module_.texts.ventTilSending, {}, Buttons::Ok); });
+        for (const auto &[name, screen] : screens_) {
+            screen.window->hide(); // what is begun there now would be cut off
+        }
     } else {
         shown(operator_, {}, [this] { releaseModem(); });
         unloadOtherScreens();
@@ -308,10 +311,10 @@ void frmMain::unload()
     // would send it again.
     const auto end = [this] {
         clock_.end();
-        QCoreApplication::quit();
+        QCoreApplication::exit(); // quit() asks every window first, and one may refuse
     };
     endTimer_ = clock_.timer(end);
-    endTimer_->setInterval(kLongestSubmission);
+    endTimer_->setInterval(kLongestAttempt);
     endTimer_->setEnabled(true);
     link_.queue.whenIdle(end);
 }

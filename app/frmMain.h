@@ -42,7 +42,7 @@ public:
     /// ends. A failure is shown and the load stops there: the screen comes up with what was done.
     void load();
     /// What closing the screen does, also while it was never shown. The program ends with it, from
-    /// whatever dialogue it is in.
+    /// whatever dialogue it is in, but behind the outcome of a message under way.
     void unload();
 
     Recordsets &recordsets() { return recordsets_; }

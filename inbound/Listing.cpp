@@ -56,20 +56,22 @@ bool Listing::endsWith(const QString &line, bool hasText)
     if (!isFinalOk(line) && !isFinalError(line)) {
         return false;
     }
+    bool isRestart = false;
     // A text is there mostly. Only where none is, the next line is worth a wait.
     for (int passes = 0; ahead_.isEmpty() && passes < kMostNotices &&
                          (hasText ? line_.lineFollows() : line_.lineFollows(kAWhile));
          ++passes) {
         ahead_ = line_.ReadWholeLine();
         if (ahead_.isEmpty()) {
-            return true;
+            break;
         }
         if (isUnsolicited(ahead_)) {
-            hasRestarted_ = hasRestarted_ || isBootWord(ahead_);
+            isRestart = isRestart || isBootWord(ahead_);
             judge(std::exchange(ahead_, {}));
             hasText = true; // nothing to wait for any more
         }
     }
+    hasRestarted_ = isRestart && ahead_.isEmpty();
     return ahead_.isEmpty();
 }
 
@@ -133,14 +135,15 @@ void Listing::readToEnd()
     bool isOk = false;
     for (int readings = 0; end_ == End::None && readings < kMostReadings; ++readings) {
         bool cameAnything = false;
-        const bool isBehindOk = isOk;
+        bool isRestart = false;
         const bool ok = line_.WaitForModemOK([&](const QString &line) {
             cameAnything |= !line.isEmpty() && !isUnsolicited(line);
-            hasRestarted_ = hasRestarted_ || (isBehindOk && isBootWord(line));
+            isRestart = isRestart || isBootWord(line);
             judge(line);
         });
         // Somebody's text may be just that; a modem sends what follows at once. What it says
         // unasked may follow the end, too.
+        hasRestarted_ = hasRestarted_ || (isOk && isRestart && !cameAnything);
         isOk = ok || (isOk && !cameAnything);
         const bool atEnd = isOk && (!ok || !line_.lineFollows());
         end_ = atEnd ? End::Ok : ok || cameAnything ? End::None : End::Silence;

@@ -120,9 +120,11 @@ void MessageReader::Read_SMS_MessageTEXT()
     if (stored && listing.isWhole()) {
         if (deleteFromModem(place, initialisations, isAnswered)) {
             std::erase_if(stored_, isThis);
-        } else if (comesAgain && isAnswered && link_.flags.initialisations == initialisations) {
+        } else if (comesAgain && isAnswered && link_.flags.initialisations == initialisations &&
+                   !(undeletable_ && isThis(*undeletable_))) {
+            undeletable_ = listedRecord;
             why = QCoreApplication::translate("MessageReader",
-                                              "Modemet vil ikke slette melding %1. Meldingene bak "
+                                              "Modemet sletter ikke melding %1. Meldingene etter "
                                               "den blir ikke lest før den er slettet.")
                       .arg(place);
         }

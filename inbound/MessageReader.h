@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -63,8 +64,9 @@ private:
     const Host &host_;
     std::function<void()> VisBrukerTabell_;
     ErrorRule rule_;
-    QString told_;                 ///< the failure to store that the operator knows of
+    QString told_;                 ///< the last failure that the operator was told of
     QSet<QString> oddLines_;       ///< of the last listing, that look like cut headers
     std::vector<Record> stored_;   ///< some modem has them still, for all that is known
-    std::vector<Record> doubtful_; ///< seen once, in a listing that fell silent in the text
+    std::vector<Record> doubtful_; ///< seen once, in a listing that did not end behind the text
+    std::optional<Record> undeletable_; ///< the operator knows of it
 };

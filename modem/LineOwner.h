@@ -3,9 +3,9 @@
 #include <utility>
 
 /// Who speaks with the modem: one at a time, since whoever reads takes the other's lines. A timer
-/// begins nothing while somebody does, unless a box holds the watcher's read up; a click may (a
-/// change of line, an initialisation) but for the queue, whose end it awaits, and then the line
-/// goes back to whom it belonged to.
+/// begins nothing while somebody does, unless a box holds the watcher's read up. A click (a change
+/// of line, an initialisation) awaits the queue; from anybody else it takes the line, which goes
+/// back to him then.
 ///
 ///     Nobody ──► Queue          TimerSEND_SMS
 ///       │ │ └──► Initialiser    a click, or a modem that has forgotten its settings

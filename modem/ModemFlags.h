@@ -8,6 +8,7 @@ struct ModemFlags {
     bool QueueRunning = false;     ///< the queue owns the modem
     bool ModemInitRunning = false; ///< the initialisation owns it; lingers after a failed search
     bool WaitingForCmgs = false;   ///< a submission result is awaited
+    bool QueueAwaited = false;     ///< somebody waits for it: no further attempt is begun
     bool QueuePending = false;     ///< a row was sent: the 30 seconds between sends stand
     bool ReadingMessages = false;  ///< a listing is being read
     bool ComposingSms = false;     ///< a free-text message is being composed

@@ -37,7 +37,8 @@ public:
     /// waiting periods into queued commands, and the interpreter of a listed message.
     std::function<void()> StartNyBruker;
     std::function<void()> Read_SMS_MessageTEXT;
-    /// The initialisation of a modem that has forgotten its settings; whether it succeeded.
+    /// The initialisation of a modem that has forgotten its settings; whether it succeeded, which
+    /// clears HasForgotten.
     std::function<bool()> SetUpAgain;
 
     /// The interpreter has seen the end of the listing, or has given it up.

@@ -180,6 +180,7 @@ void OutboundQueue::SendQueuedSms()
         flags_.QueueRunning = false;
         timerCom_.setEnabled(true);
     }
+    flags_.QueueAwaited = false;
     for (const auto waiting = std::exchange(next_, {}); const auto &next : waiting) {
         next();
     }
@@ -188,7 +189,12 @@ void OutboundQueue::SendQueuedSms()
 
 void OutboundQueue::whenIdle(std::function<void()> next)
 {
-    flags_.QueueRunning ? next_.push_back(std::move(next)) : next();
+    if (!flags_.QueueRunning) {
+        next();
+        return;
+    }
+    flags_.QueueAwaited = true;
+    next_.push_back(std::move(next));
 }
 
 void OutboundQueue::sendFirst()
@@ -206,6 +212,9 @@ void OutboundQueue::sendFirst()
                    .recipient = outbox.text(u"TilNummer"_qs)};
     submitter_.SendSms(sms.text, sms.recipient);
     sms.result = module_.LastCmgsResult;
+    if (flags_.QueueAwaited && same(sms.result, u"Error"_qs)) {
+        return; // it has not had all its attempts: the row waits on
+    }
     settle(sms);
 }
 

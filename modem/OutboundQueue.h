@@ -82,8 +82,9 @@ public:
     /// @throws RuntimeFailure when such a call fails; nothing else makes it fail.
     /// @throws ProgramEnds when the program ends meanwhile.
     void SendQueuedSms();
-    /// Calls this once, behind the message that is under way, or at once when there is none. For
-    /// what would take the modem's answer away, or have its own commands taken for the text.
+    /// Calls this once, behind the attempt to hand a message on that is under way, or at once when
+    /// there is none. For what would take the modem's answer away, have its own commands taken for
+    /// the text, or end the program.
     void whenIdle(std::function<void()> next);
 
 private:

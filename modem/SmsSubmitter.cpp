@@ -86,7 +86,7 @@ void SmsSubmitter::submit(const QString &Text, const QString &Number)
     for (int attempts = 0; attempts < kAttempts; ++attempts) {
         transmit(message, Number);
         // Without regard to case: a time-out, "Error", is tried again just as a refusal is.
-        if (!holds(module_.LastCmgsResult, u"ERROR"_qs)) {
+        if (!holds(module_.LastCmgsResult, u"ERROR"_qs) || flags_.QueueAwaited) {
             return;
         }
         clock_.sleep(kBetweenAttempts);

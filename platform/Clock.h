@@ -9,7 +9,7 @@
 using std::chrono::milliseconds;
 using namespace std::chrono_literals;
 
-/// Thrown by every wait once the main screen is gone: whatever dialogue stands on the stack is
+/// Thrown by every wait once the program has ended: whatever dialogue stands on the stack is
 /// abandoned, and the process ends at once. It is no failure and no one reports it; only the
 /// rules of Rules.h catch it, at the edge of an event.
 struct ProgramEnds {};

@@ -122,11 +122,11 @@ void UserOperations::moveOntoDoor()
     };
     const bool isNew = same(Status, QStringLiteral("NY"));
     bool isComposed = false;
-    kept([&] {
-        compose();
-        isComposed = true;
-    });
     recordsets_.atOnce([&] {
+        kept([&] {
+            compose();
+            isComposed = true;
+        });
         waiting.remove();
         if (findOnDoor(user.number, door)) {
             present.setValue(QStringLiteral("Status"), Status);
@@ -143,7 +143,7 @@ void UserOperations::moveOntoDoor()
         }
     });
     if (isNew && !isComposed) {
-        compose(); // the period stands on the door all the same, and the walk hears why
+        compose(); // fails: the period stands on the door all the same
     }
 }
 

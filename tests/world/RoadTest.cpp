@@ -98,30 +98,43 @@ void whileItWaits(World &world, const std::function<void()> &act)
 
 TEST(Road, AClickOnTheLineAwaitsTheMessageUnderWay)
 {
-    World world;
-    world.modem.setSubmissionTime(15s);
-    world.registerUser(kUser);
-    whileItWaits(world, [&] {
-        world.control<QAction>("mnuSMSSendingsbekreftelsePå").trigger();
-        EXPECT_TRUE(world.person.isBusy());
-    });
-    world.clock.run(1min);
-    EXPECT_FALSE(world.person.isBusy());
-    EXPECT_EQ(world.value(u"SELECT CMGS FROM SMS_Sent"_qs), u"0:OK"_qs);
-    EXPECT_EQ(world.port.written.count("AT+CMGS="), 1);
-    EXPECT_TRUE(world.application().module().SmsReportOn);
+    for (const char *name : {"mnuSMSSendingsbekreftelsePå", "mnuComPortComNone", "mnuComPortCom1",
+                             "mnuComPortCom2", "cmdDisconnect", "Command2", "Command3"}) {
+        SCOPED_TRACE(name);
+        World world({.line = *name == 'm' ? Line::Com : Line::Tcp});
+        world.modem.setSubmissionTime(15s);
+        world.registerUser(kUser);
+        const QByteArray &written = *name == 'm' ? world.port.written : world.socket.written;
+        whileItWaits(world, [&] {
+            *name == 'm' ? world.control<QAction>(name).trigger() : world.click(name);
+            EXPECT_TRUE(written.endsWith('\x1a'));
+            EXPECT_TRUE(world.person.isBusy());
+        });
+        world.person.isPatient = true; // COM2 has no modem
+        world.clock.run(30s);
+        EXPECT_FALSE(world.person.isBusy());
+        EXPECT_EQ(world.value(u"SELECT CMGS FROM SMS_Sent"_qs), u"0:OK"_qs);
+        EXPECT_EQ(written.count("AT+CMGS="), 1);
+    }
 }
 
-struct ClosingInASubmission : testing::TestWithParam<std::pair<milliseconds, QString>> {};
-// Behind an answer of the network, or when it has not come for long enough.
+struct Closing {
+    milliseconds time;
+    int refusals;
+    QString state;
+};
+struct ClosingInASubmission : testing::TestWithParam<Closing> {};
+// Behind an answer of the network, or when none has come for long enough.
 INSTANTIATE_TEST_SUITE_P(Road, ClosingInASubmission,
-                         testing::Values(std::pair(15s, u"0:OK"_qs), std::pair(60s, u"UNSENT"_qs)));
+                         testing::Values(Closing{15s, 0, u"0:OK"_qs}, Closing{15s, 1, u"UNSENT"_qs},
+                                         Closing{60s, 0, u"UNSENT"_qs}));
 
-TEST_P(ClosingInASubmission, EndsBehindItsResult)
+TEST_P(ClosingInASubmission, EndsBehindTheAttempt)
 {
-    const auto &[time, state] = GetParam();
+    const auto &[time, refusals, state] = GetParam();
     World world;
     world.modem.setSubmissionTime(time);
+    world.modem.faults().refuseSubmission = FaultCount::times(refusals);
     world.registerUser(kUser);
     world.person.answers(u"Vent til SMS sending er ferdig"_qs);
     milliseconds closedAt{0};
@@ -133,7 +146,8 @@ TEST_P(ClosingInASubmission, EndsBehindItsResult)
 
     EXPECT_TRUE(world.clock.hasEnded());
     EXPECT_GT(closedAt, 0ms);
-    EXPECT_LT(world.clock.elapsed() - closedAt, std::min<milliseconds>(time, 25s) + 3s);
+    EXPECT_LT(world.clock.elapsed() - closedAt, std::min<milliseconds>(time, 30s) + 9s);
+    EXPECT_EQ(world.port.written.count("AT+CMGS="), 1);
     EXPECT_FALSE(world.screen().isVisible());
     EXPECT_TRUE(world.settings.saved.isEmpty());
     EXPECT_EQ(world.value(u"SELECT CMGS FROM SMS_Sent"_qs), state);

@@ -39,8 +39,8 @@
 <context>
     <name>MessageReader</name>
     <message>
-        <source>Modemet vil ikke slette melding %1. Meldingene bak den blir ikke lest før den er slettet.</source>
-        <translation>Modemet vil ikke slette besked %1. Beskederne bag den bliver ikke læst, før den er slettet.</translation>
+        <source>Modemet sletter ikke melding %1. Meldingene etter den blir ikke lest før den er slettet.</source>
+        <translation>Modemet sletter ikke besked %1. Beskederne efter den bliver ikke læst, før den er slettet.</translation>
     </message>
 </context>
 <context>

@@ -39,8 +39,8 @@
 <context>
     <name>MessageReader</name>
     <message>
-        <source>Modemet vil ikke slette melding %1. Meldingene bak den blir ikke lest før den er slettet.</source>
-        <translation>Modemet vill inte radera meddelande %1. Meddelandena bakom det läses inte förrän det är raderat.</translation>
+        <source>Modemet sletter ikke melding %1. Meldingene etter den blir ikke lest før den er slettet.</source>
+        <translation>Modemet raderar inte meddelande %1. Meddelandena efter det läses inte förrän det är raderat.</translation>
     </message>
 </context>
 <context>
