@@ -41,7 +41,12 @@ QString lettersOf(const QString &text)
 
 MessageKey messageKey(const QString &from, const QString &stamp, const QString &text)
 {
-    return (from + u' ' + stamp + u' ' + lettersOf(text)).toStdString();
+    // The "OK" of a listing that another one follows at once cannot be told from one in the text.
+    QString letters = lettersOf(text);
+    if (letters.endsWith(u"OK")) {
+        letters.chop(2);
+    }
+    return (from + u' ' + stamp + u' ' + letters).toStdString();
 }
 
 void Witness::complain(const char *rule, const std::string &text)
