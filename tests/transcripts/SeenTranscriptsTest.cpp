@@ -151,7 +151,16 @@ TEST_P(SeenOn, TheProgramLivesOnWhereverItComes)
          }}};
     const std::vector<Seen> collection = seen();
     EXPECT_GE(collection.size(), 1U) << "cannot read " LUKORA_TRANSCRIPTS;
+    // What the collection lists is in no store, and some of it is there twice.
+    const auto bears = [](const QString &text) {
+        EXPECT_TRUE(text.startsWith(u"Modemet sletter ikke melding "_qs)) << qPrintable(text);
+        return Answer::Ok;
+    };
     for (const auto &[place, happens] : kPlaces) {
+        world.person.habit = {};
+        if (QByteArray(place) == "listing") {
+            world.person.habit = bears;
+        }
         for (const Seen &one : collection) {
             SCOPED_TRACE(one.name + ' ' + place);
             happens(one.bytes);
