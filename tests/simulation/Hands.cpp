@@ -87,6 +87,10 @@ void Site::operate(const Step &step)
         slowBox_ = milliseconds(1000 * (step.a % 600));
         return;
     }
+    if (step.act == Act::Hasty) {
+        haste_ = step;
+        return;
+    }
     // A box that is open takes all input; nobody has more than two hands.
     if (!isUp_ || !world_->screen().isVisible() || openBoxes_ > 0 || hands_ > 0) {
         return;
@@ -384,6 +388,7 @@ void Site::settle()
     fates_.clear();
     disk_.mend();
     yieldsToDeath_ = bytesToDeath_ = 0;
+    haste_.reset();
     slowBox_ = 0ms;
     heldUntil_ = 0ms;
     letGoOfFile();

@@ -154,6 +154,15 @@ void Site::toModem(const QByteArray &bytes)
     const QByteArray sent = dies ? bytes.left(bytesToDeath_) : bytes;
     bytesToDeath_ = std::max(0, bytesToDeath_ - static_cast<int>(bytes.size()));
     witness_.toModem(chosen, sent);
+    if (haste_ && sent.startsWith(haste_->a % 4 ? "AT+CMGS" : "AT+CMG")) {
+        const Step click{
+            .act = static_cast<Act>(static_cast<unsigned>(Act::Line) + haste_->b % 4),
+            .a = haste_->b / 4,
+        };
+        world_->clock.after(milliseconds(haste_->a / 4 % (haste_->b % 3 ? 400 : 8000)),
+                            [this, click] { operate(click); });
+        haste_.reset();
+    }
     modem(chosen).receive(sent);
     if (dies) {
         die();

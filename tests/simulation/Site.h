@@ -7,6 +7,7 @@
 
 #include <array>
 #include <map>
+#include <optional>
 
 /// One site in virtual time: a PC with the whole program, three modems (COM1, COM2, network), four
 /// doors, people, and another PC on the same file. It plays the steps; the rules look at it.
@@ -126,6 +127,7 @@ private:
     int hands_ = 0;
     int openBoxes_ = 0;
     int serial_ = 0;
+    std::optional<Step> haste_; ///< a click that awaits the next message, or any command, to the modem
     int yieldsToDeath_ = 0;
     int bytesToDeath_ = 0;
     int steps_ = 0; ///< counts faults, so that an older cure ends no newer one

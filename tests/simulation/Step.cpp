@@ -13,14 +13,14 @@ struct Row {
 
 // In the order of Act.
 constexpr Row kRows[] = {
-    {"Register", 10},   {"Wait", 8},        {"Delete", 7},     {"FreeText", 4},
-    {"NextDoor", 6},    {"Line", 2},        {"File", 1},       {"Reports", 1},
-    {"Close", 2},       {"Slow", 4},        {"Person", 12},    {"Odd", 8},
-    {"Flood", 1},       {"Lose", 2},        {"Double", 3},     {"Delay", 3},
-    {"Fault", 8},       {"Restart", 2},     {"Notice", 6},     {"Unplug", 2},
-    {"Full", 2},        {"Failing", 1},     {"ReadOnly", 1},   {"KillNow", 1},
-    {"KillAtWrite", 2}, {"KillAtYield", 2}, {"KillAtSend", 2}, {"OtherWrites", 3},
-    {"OtherHolds", 2},
+    {"Register", 10},   {"Wait", 8},        {"Delete", 7},      {"FreeText", 4},
+    {"NextDoor", 6},    {"Line", 2},        {"File", 1},        {"Reports", 1},
+    {"Close", 2},       {"Hasty", 4},       {"Slow", 4},        {"Person", 12},
+    {"Odd", 8},         {"Flood", 1},       {"Lose", 2},        {"Double", 3},
+    {"Delay", 3},       {"Fault", 8},       {"Restart", 2},     {"Notice", 6},
+    {"Unplug", 2},      {"Full", 2},        {"Failing", 1},     {"ReadOnly", 1},
+    {"KillNow", 1},     {"KillAtWrite", 2}, {"KillAtYield", 2}, {"KillAtSend", 2},
+    {"OtherWrites", 3}, {"OtherHolds", 2},
 };
 static_assert(std::size(kRows) == kActs);
 

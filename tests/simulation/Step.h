@@ -17,6 +17,7 @@ enum class Act {
     File,     ///< another database file
     Reports,  ///< on or off
     Close,    ///< and start again, after a while
+    Hasty,    ///< does one of the last four while the program and the modem talk
     Slow,     ///< leaves the next box open for some time
     // People, doors, network.
     Person, ///< somebody writes a text of his own
