@@ -81,8 +81,13 @@ void Rules::readMessages()
         for (const QString &row : rows) {
             lastRow_[file] = row.section(u'|', 0, 0).toLongLong();
             ++rows_[file];
-            ++filed_[messageKey(row.section(u'|', 1, 1), row.section(u'|', 2, 2),
-                                row.section(u'|', 3))];
+            const QString text = row.section(u'|', 3);
+            const MessageKey key =
+                messageKey(row.section(u'|', 1, 1), row.section(u'|', 2, 2), text);
+            // Listed with the "OK" of a listing as its end, and without it, it is filed as both.
+            std::array<int, 2> &forms = forms_[key];
+            ++forms[lettersOf(text).endsWith(u"OK") ? 1 : 0];
+            filed_[key] = std::max(forms[0], forms[1]);
         }
     }
 }

@@ -2,6 +2,7 @@
 
 #include "simulation/Site.h"
 
+#include <array>
 #include <optional>
 #include <set>
 
@@ -44,6 +45,7 @@ private:
     long long lastRow_[Site::kFiles] = {};
     long long rows_[Site::kFiles] = {};
     std::map<MessageKey, int> filed_;
+    std::map<MessageKey, std::array<int, 2>> forms_; ///< rows without "OK" at the end, and with it
     QString others_[Site::kFiles];
     size_t widgets_ = 0;
     long pages_ = 0;
