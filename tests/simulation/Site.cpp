@@ -6,6 +6,7 @@
 #include "simulator/GsmAlphabet.h"
 
 #include <QFile>
+#include <QScopeGuard>
 
 #include <algorithm>
 
@@ -239,10 +240,10 @@ Answer Site::answerBox(const QString &text)
     witness_.event("box: " + text.simplified().toStdString());
     ++openBoxes_;
     const auto time = std::exchange(slowBox_, 0ms);
-    struct Closed {
-        int &open;
-        ~Closed() { --open; }
-    } const closed{openBoxes_};
+    const auto closed = qScopeGuard([this, opened = world_->clock.elapsed()] {
+        --openBoxes_;
+        witness_.boxClosed(opened);
+    });
     world_->clock.sleep(time + 1s);
     return Answer::Ok;
 }

@@ -127,7 +127,8 @@ private:
     int hands_ = 0;
     int openBoxes_ = 0;
     int serial_ = 0;
-    std::optional<Step> haste_; ///< a click that awaits the next message, or any command, to the modem
+    std::optional<Step>
+        haste_; ///< a click that awaits the next message, or any command, to the modem
     int yieldsToDeath_ = 0;
     int bytesToDeath_ = 0;
     int steps_ = 0; ///< counts faults, so that an older cure ends no newer one

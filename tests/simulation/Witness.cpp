@@ -73,7 +73,10 @@ void Witness::toModem(int modem, const QByteArray &bytes)
     for (const char byte : bytes) {
         if (byte == kEndOfText) {
             const QString letters = lettersOf(QString::fromLatin1(line.typed));
-            submissions_.push_back({clock_.elapsed(), line.recipient, letters, false, troubled_});
+            submissions_.push_back({.at = clock_.elapsed(),
+                                    .to = line.recipient,
+                                    .letters = letters,
+                                    .excused = troubled_});
             line.typed.clear();
             line.isText = false;
         } else if (byte == '\r' && !line.isText) {
@@ -178,11 +181,20 @@ void Witness::submitted(const SmsMessage &message)
     submissions_.back().isAccepted = true;
 }
 
+void Witness::boxClosed(milliseconds opened)
+{
+    for (auto it = submissions_.rbegin();
+         it != submissions_.rend() && opened - std::max(it->at, it->heldUntil) < kFiling; ++it) {
+        it->heldUntil = clock_.elapsed();
+    }
+}
+
 void Witness::setTrouble(bool troubled)
 {
     troubled_ = troubled;
     for (auto it = submissions_.rbegin();
-         it != submissions_.rend() && clock_.elapsed() - it->at < kFiling; ++it) {
+         it != submissions_.rend() && clock_.elapsed() - std::max(it->at, it->heldUntil) < kFiling;
+         ++it) {
         it->excused = it->excused || troubled;
     }
     paced_ = paced_ && !troubled;

@@ -39,6 +39,8 @@ public:
     void setTrouble(bool troubled);
     /// The program ended, whichever way, with these records left in the stores.
     void programEnded(const std::vector<const MessageStore *> &stores);
+    /// A box stood open since then, over whatever was under way.
+    void boxClosed(milliseconds opened);
     /// What stands half in this modem's line will never be ended.
     void lineClosed(int modem) { lines_[modem] = {}; }
     /// The operator chose a line, or whatever else may interrupt a dialogue.
@@ -55,6 +57,7 @@ public:
 
     struct Submission {
         milliseconds at{0};
+        milliseconds heldUntil{0}; ///< by a box that stood open over it
         QString to;
         QString letters;         ///< of its text
         bool heard = false;      ///< its result has reached the PC
