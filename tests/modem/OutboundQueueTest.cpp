@@ -131,6 +131,9 @@ TEST_F(Queue, WritesLaterWhatBecameOfAnAcceptedMessageAndSaysOnceThatItCannot)
     link.queue.SendQueuedSms();
     EXPECT_EQ(sent(u"CMGS"_qs), (QStringList{u"0:OK"_qs, u"1:OK"_qs}));
     EXPECT_EQ(link.pace.interval(), 30s);
+    EXPECT_TRUE(link.flags.QueuePending);
+    link.queue.SendQueuedSms(); // nothing waits any more: a click may hurry it again
+    EXPECT_FALSE(link.flags.QueuePending);
 }
 
 } // namespace

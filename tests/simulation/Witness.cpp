@@ -150,13 +150,16 @@ void Witness::modemSays(Line &line, const QByteArray &text, bool isHeard)
         return;
     }
     Submission &last = submissions_.back();
-    // What comes too late for the program, or without the end of a line, it does not hear, and
-    // then it sends again: that is required.
-    if (!isHeard || clock_.elapsed() - last.at >= kResultTimeOut) {
+    // What comes too late for the program it does not hear, and then it sends again: that is
+    // required. Without the end of a line it hears it only where the modem pauses behind it.
+    if (clock_.elapsed() - last.at >= kResultTimeOut) {
+        return;
+    }
+    told_[{last.to, last.letters}].push_back(QString::fromLatin1(text.mid(6).trimmed()));
+    if (!isHeard) {
         return;
     }
     last.heard = true;
-    told_[{last.to, last.letters}].push_back(QString::fromLatin1(text.mid(6).trimmed()));
     // A result that cannot be written leaves the message in the queue, at the pace that was.
     paced_ = !troubled_;
     pacedSince_ = clock_.elapsed();
