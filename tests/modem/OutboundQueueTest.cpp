@@ -136,4 +136,14 @@ TEST_F(Queue, WritesLaterWhatBecameOfAnAcceptedMessageAndSaysOnceThatItCannot)
     EXPECT_FALSE(link.flags.QueuePending);
 }
 
+TEST_F(Queue, LeavesTheRowWaitingWhenTheProgramEndsInTheMiddle)
+{
+    waits(u"hei"_qs);
+    module.SmsReportOn = true;
+    clock.after(10ms, [this] { clock.end(); });
+    EXPECT_THROW(link.queue.SendQueuedSms(), ProgramEnds);
+    clock.goOn();
+    EXPECT_EQ(sent(u"CMGS"_qs), QStringList{u"UNSENT"_qs});
+}
+
 } // namespace
