@@ -29,7 +29,8 @@ constexpr milliseconds kNoListingFrom = 59000ms;
 constexpr milliseconds kIdleListing = 15min;
 constexpr milliseconds kBetweenStarts = 1min;
 // Behind so long a silence the rest of a listing does not come any more.
-constexpr milliseconds kListingTimeOut = 20'000ms;
+constexpr milliseconds kListingTimeOut = 20'000ms; ///< behind the last line
+constexpr milliseconds kLongestListing = 10min;    ///< whatever the modem has to tell
 // No read takes so long, unless a box holds it up that was opened inside it.
 constexpr milliseconds kHeldUp = 2500ms;
 constexpr int kLongestIndex = 7;
@@ -79,6 +80,9 @@ void ModemWatcher::timerComTick()
 {
     shown(operator_, {}, [&] {
         const QString text = takeLine();
+        if (!text.isEmpty() && !isUnsolicited(text)) {
+            listingHeard_ = clock_.elapsed();
+        }
         if (isFinalOk(text) || isFinalError(text)) {
             listingEnded();
         }
@@ -162,7 +166,8 @@ bool ModemWatcher::startAnew()
 bool ModemWatcher::awaitsListing() const
 {
     return (listing_ == Listing::Asked || listing_ == Listing::AskedAndOwed) &&
-           clock_.elapsed() - listingAsked_ < kListingTimeOut;
+           clock_.elapsed() - listingHeard_ < kListingTimeOut &&
+           clock_.elapsed() - listingAsked_ < kLongestListing;
 }
 
 void ModemWatcher::timerSendTick()
@@ -293,7 +298,7 @@ void ModemWatcher::requestListing()
     line_.SendData(u"AT+CMGL=ALL\r"_qs);
     listing_ = Listing::Asked;
     restIsComing_ = false;
-    listingAsked_ = clock_.elapsed();
+    listingAsked_ = listingHeard_ = clock_.elapsed();
 }
 
 void ModemWatcher::listingEnded()

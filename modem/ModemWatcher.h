@@ -46,7 +46,7 @@ public:
     /// It has fallen silent: the rest may come yet.
     void listingRests()
     {
-        listingAsked_ = clock_.elapsed();
+        listingHeard_ = clock_.elapsed();
         restIsComing_ = true;
     }
 
@@ -73,8 +73,8 @@ private:
     ///       │ └─────────────────┘                        ▼
     ///       └──────────── (at the next tick) ─────────── Owed
     ///
-    /// What is not ended within kListingTimeOut is given up at the next tick; listingRests begins
-    /// that time anew. A notice inside the interpreter leads from None to Owed, another one behind
+    /// What is not ended within kListingTimeOut is given up at the next tick; each line of it and
+    /// listingRests begin that time anew. A notice inside the interpreter leads from None to Owed, another one behind
     /// it straight to Asked.
     enum class Listing { None, Asked, AskedAndOwed, Owed };
 
@@ -91,6 +91,7 @@ private:
     Operator &operator_;
     Listing listing_ = Listing::None;
     milliseconds listingAsked_{0};
+    milliseconds listingHeard_{0}; ///< its last line
     bool restIsComing_ = false; ///< of a listing that was given up: texts and headers, in any order
     milliseconds takingSince_{0}; ///< by the owner of the line, if it is this
     int sendTicks_ = 0;
