@@ -81,6 +81,7 @@ void frmMain::wirePanels()
 {
     recordsets_.display = [this] { display(); };
     link_.watcher.StartNyBruker = [this] { users_.StartNyBruker(); };
+    link_.queue.outcomeWritten = [this] { VisBrukerTabell(); };
     link_.watcher.Read_SMS_MessageTEXT = [this] { reader_.Read_SMS_MessageTEXT(); };
 
     connect(doorPanel_, &DoorPanel::doorChosen, userPanel_, &UserPanel::followDoor);
@@ -166,10 +167,9 @@ void frmMain::load()
         link_.flags.ComposingSms = false;
         link_.TimerCom->setInterval(kTimerCom);
         link_.TimerCom->setEnabled(module_.ModemReady);
-        module_.texts = {};
         ApplyLanguage();
         userPanel_->setSorteringBrukere(QStringLiteral("Bruker"));
-        module_.GridFilter = module_.texts.nye;
+        userPanel_->chooseWaitingTab();
     });
 }
 

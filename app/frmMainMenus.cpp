@@ -5,6 +5,7 @@
 #include "platform/Operator.h"
 #include "platform/Rules.h"
 #include "platform/RuntimeFailure.h"
+#include "platform/Text.h"
 #include "ui_frmMain.h"
 #include "users/UserPanel.h"
 
@@ -100,7 +101,13 @@ void frmMain::chooseLanguage(const QString &CountryCode)
     shown(operator_, {}, [&] {
         module_.CountryCode = CountryCode;
         module_.LogoCountryCode = CountryCode;
+        // The tab that is chosen stays chosen, under its word in the new language.
+        const bool showsWaiting = same(module_.GridFilter, module_.texts.nye);
+        const bool showsAll = same(module_.GridFilter, module_.texts.alle);
         ApplyLanguage();
+        module_.GridFilter = showsWaiting ? module_.texts.nye
+                             : showsAll   ? module_.texts.alle
+                                          : module_.GridFilter;
         VisBrukerTabell();
     });
 }

@@ -427,8 +427,10 @@ QVariant RecordsetModel::data(const QModelIndex &index, int role) const
     }
     switch (role) {
     case Qt::DisplayRole: {
-        const QString shown = text(index.row(), index.column());
-        return column(index.column()).wraps ? shown : onOneLine(shown);
+        const Column layout = column(index.column());
+        const QString value = text(index.row(), index.column());
+        const QString shown = layout.shownAs ? layout.shownAs(value) : value;
+        return layout.wraps ? shown : onOneLine(shown);
     }
     case Qt::EditRole:
         return text(index.row(), index.column());

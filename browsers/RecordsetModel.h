@@ -6,6 +6,7 @@
 #include <QAbstractTableModel>
 
 #include <chrono>
+#include <functional>
 #include <map>
 #include <memory>
 
@@ -29,6 +30,7 @@ public:
         Qt::Alignment alignment = Qt::AlignLeft;
         bool isEditable = false;
         bool wraps = false; ///< keeps its line breaks; elsewhere each becomes a blank
+        std::function<QString(const QString &)> shownAs = {}; ///< of the value; none: as it stands
     };
 
     /// The operator is told of a file that stays unreadable.

@@ -60,11 +60,18 @@ std::optional<QDate> readDay(const QString &text, const QString &dateFormat)
 {
     static const QRegularExpression kThreeParts(
         QStringLiteral("\\A\\s*(\\d{1,4})[/.-](\\d{1,4})[/.-](\\d{1,4})\\s*\\z"));
-    const auto match = kThreeParts.match(text);
+    static const QRegularExpression kFromDoor(
+        QStringLiteral("\\A\\s*(\\d{1,2})\\s*& DATOSKILLETEGN &\\s*(\\d{1,2})\\s*"
+                       "& DATOSKILLETEGN &\\s*(\\d{1,4})\\s*\\z"));
+    const auto asTyped = kThreeParts.match(text);
+    const auto match = asTyped.hasMatch() ? asTyped : kFromDoor.match(text);
     if (!match.hasMatch()) {
         return std::nullopt;
     }
     const std::array parts = {match.captured(1), match.captured(2), match.captured(3)};
+    if (!asTyped.hasMatch()) {
+        return dayFromParts(parts, QStringLiteral("dMy"));
+    }
     for (const QString &order :
          {orderOf(dateFormat), QStringLiteral("dMy"), QStringLiteral("Mdy")}) {
         if (order.size() == 3) {
@@ -79,4 +86,10 @@ std::optional<QDate> readDay(const QString &text, const QString &dateFormat)
 std::optional<QDate> readStoredDay(const QString &text)
 {
     return readDay(text, QStringLiteral("d/M/yyyy"));
+}
+
+QString shownDay(const QString &text, const QString &dateFormat)
+{
+    const std::optional<QDate> day = readStoredDay(text);
+    return day ? day->toString(dateFormat) : text;
 }

@@ -17,7 +17,10 @@ qint64 dayNumber(const QDate &day);
 QString storedDate(const QDate &day);
 /// Reads a day in the order of the system's dateFormat (Host.h), with any of "/", "." and "-"
 /// between the parts; where that order makes no date, day/month/year and then month/day/year.
-/// Nothing when it is no date.
+/// Door replies leave days with the words " & DATOSKILLETEGN & " between the parts; these always
+/// have the day first. Nothing when it is no date.
 std::optional<QDate> readDay(const QString &text, const QString &dateFormat);
 /// The same by the order that the tables hold, day/month/year.
 std::optional<QDate> readStoredDay(const QString &text);
+/// A stored day in the system's dateFormat, for a screen; a text that is no date as it stands.
+QString shownDay(const QString &text, const QString &dateFormat);

@@ -91,9 +91,10 @@ OutboundSms OutboundSms::logRequest(const QString &door, const QString &doorName
 bool queueSms(Recordset &outbox, const OutboundSms &sms)
 {
     const bool anybodys = sms.takesOver == OutboundSms::TakesOver::Anybodys;
-    const bool waits =
-        anybodys ? outbox.findFirst(u"SMS_text"_qs, sms.text)
-                 : outbox.findFirst(u"SMS_text"_qs, sms.text, {{u"TilNummer"_qs, sms.recipient}});
+    const bool waits = anybodys ? outbox.findFirst(u"SMS_text"_qs, sms.text)
+                                : sms.takesOver == OutboundSms::TakesOver::SameRecipients &&
+                                      outbox.findFirst(u"SMS_text"_qs, sms.text,
+                                                       {{u"TilNummer"_qs, sms.recipient}});
     if (!waits) {
         outbox.addNew();
     }
@@ -244,6 +245,7 @@ void OutboundQueue::settle(const Submission &sms)
             }
         });
         unwritten.dismiss();
+        outcomeWritten();
     }
     pace_.restart(kBetweenMessages);
     flags_.QueuePending = true;

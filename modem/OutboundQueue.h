@@ -20,7 +20,7 @@ struct Module1;
 /// A message for the queue, and how it meets a waiting one of the same text.
 struct OutboundSms {
     /// Whose waiting row of the same text is taken over, instead of a second one being added.
-    enum class TakesOver { Anybodys, SameRecipients };
+    enum class TakesOver { Anybodys, SameRecipients, Nobodys };
     /// When TimerSEND_SMS is hurried, unless QueuePending.
     enum class Hurry { Always, ForNewRow, Never };
 
@@ -55,7 +55,8 @@ struct OutboundSms {
 /// The one way into a queue: the shared rsSmsOutbox, or a screen's own set of SMS_Sent with the
 /// same columns. Leaves the pace alone; gives true when a row was added, false when a waiting one
 /// was taken over.
-/// @throws RuntimeFailure when the text holds a single quote, or the row cannot be written.
+/// @throws RuntimeFailure when the text holds a single quote and is to be looked for, or the row
+/// cannot be written.
 bool queueSms(Recordset &outbox, const OutboundSms &sms);
 /// The same with the hurry that the message asks for.
 void queueSms(Recordset &outbox, SendPace &pace, const OutboundSms &sms);
@@ -86,6 +87,8 @@ public:
     /// there is none. For what would take the modem's answer away, have its own commands taken for
     /// the text, or end the program.
     void whenIdle(std::function<void()> next);
+    /// What became of a message has been written, and its user's state with it.
+    std::function<void()> outcomeWritten = [] {};
 
 private:
     struct Submission {

@@ -1,6 +1,5 @@
 #include "users/FreeSms.h"
 
-#include "data/Dates.h"
 #include "data/Module1.h"
 #include "data/Recordsets.h"
 #include "modem/ModemLink.h"
@@ -50,37 +49,12 @@ void FreeSms::send(OutboundSms sms)
         [&] { person_.messageBox(sms.text, QStringLiteral("Send SMS"), Buttons::Ok); },
         [&] {
             sms.date = clock_.now().date();
-            queue(sms);
+            // One with a quote cannot be looked for, so that none waits.
+            if (sms.text.contains(u'\'')) {
+                sms.takesOver = OutboundSms::TakesOver::Nobodys;
+            }
+            modem_.queue.queue(sms);
         },
         [&] { modem_.flags.ComposingSms = false; },
     });
-}
-
-void FreeSms::queue(const OutboundSms &sms)
-{
-    if (!sms.text.contains(u'\'')) {
-        modem_.queue.queue(sms);
-        return;
-    }
-    // A text with a quote cannot be searched for, and it is required that the step behind the
-    // search runs all the same on what the outbox shows then: its first row, if there is one, goes
-    // to the new recipient with its own old text.
-    Recordset &outbox = recordsets_.rsSmsOutbox;
-    outbox.moveFirst();
-    if (outbox.isEmpty()) {
-        outbox.addNew();
-        outbox.setValue(QStringLiteral("SMS_Text"), sms.text);
-    }
-    outbox.setValue(QStringLiteral("TilNummer"), sms.recipient);
-    outbox.setValue(QStringLiteral("TilNummerKort"), sms.recipientShort);
-    outbox.setValue(QStringLiteral("Dato"), storedDate(sms.date));
-    outbox.setValue(QStringLiteral("DatoLNG"), dayNumber(sms.date));
-    outbox.setValue(QStringLiteral("CMGS"), sms.state);
-    if (!sms.Etternavn.isEmpty()) {
-        outbox.setValue(QStringLiteral("Etternavn"), sms.Etternavn);
-    }
-    if (!sms.Fornavn.isEmpty()) {
-        outbox.setValue(QStringLiteral("Fornavn"), sms.Fornavn);
-    }
-    outbox.update();
 }

@@ -24,7 +24,6 @@ public:
 
 private:
     void send(OutboundSms sms);
-    void queue(const OutboundSms &sms);
 
     Module1 &module_;
     Recordsets &recordsets_;

@@ -1,10 +1,10 @@
 #include "users/NumberCheck.h"
 
+#include "data/Dates.h"
 #include "data/Module1.h"
 #include "data/Recordsets.h"
 #include "platform/Clock.h"
 #include "platform/Operator.h"
-#include "users/StoredDays.h"
 
 namespace {
 
@@ -18,6 +18,16 @@ void matchName(Recordset &catalogue, const QString &column, QString &name)
     } else if (name != known) {
         catalogue.setValue(column, name);
     }
+}
+
+void takeDay(const QString &text, QDate &day, QString &unread)
+{
+    if (text.isEmpty()) {
+        return;
+    }
+    const std::optional<QDate> read = readStoredDay(text);
+    day = read.value_or(day);
+    unread = read ? QString() : text;
 }
 
 } // namespace
@@ -38,7 +48,7 @@ void NumberCheck::matchCatalogue(UserEntry &entry)
     catalogue.update();
 }
 
-void NumberCheck::choosePeriod(UserEntry &entry)
+bool NumberCheck::choosePeriod(UserEntry &entry)
 {
     const ScreenTexts &texts = module_.texts;
     bool NyePeriode = true;
@@ -52,7 +62,10 @@ void NumberCheck::choosePeriod(UserEntry &entry)
         entry.status = QStringLiteral("NY");
         entry.from = clock_.now().date();
         entry.to = entry.from.addDays(kGuestDays);
+        entry.unreadFrom.clear();
+        entry.unreadTo.clear();
     }
+    return NyePeriode;
 }
 
 bool NumberCheck::asksForNewPeriod(Recordset &rows, const QString &column, const QString &question,
@@ -76,11 +89,7 @@ bool NumberCheck::asksForNewPeriod(Recordset &rows, const QString &column, const
     if (!status.isEmpty()) {
         entry.status = status;
     }
-    if (!from.isEmpty()) {
-        entry.from = storedDay(from);
-    }
-    if (!to.isEmpty()) {
-        entry.to = storedDay(to);
-    }
+    takeDay(from, entry.from, entry.unreadFrom);
+    takeDay(to, entry.to, entry.unreadTo);
     return false;
 }

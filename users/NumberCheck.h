@@ -20,7 +20,8 @@ public:
     void matchCatalogue(UserEntry &entry);
     /// Prepares a new period; asks first when the number is on the door, or waits for it. A refusal
     /// brings the period that is there; of two answers the one about the waiting period decides.
-    void choosePeriod(UserEntry &entry);
+    /// False when the answer was a refusal.
+    bool choosePeriod(UserEntry &entry);
 
 private:
     bool asksForNewPeriod(Recordset &rows, const QString &column, const QString &question,

@@ -5,9 +5,11 @@
 #include "data/Recordsets.h"
 #include "platform/Host.h"
 #include "platform/Rules.h"
+#include "platform/RuntimeFailure.h"
 #include "platform/Text.h"
 #include "users/Commands.h"
-#include "users/StoredDays.h"
+
+#include <QCoreApplication>
 
 // The transfer of a waiting period onto its door, on the tick of TimerSEND_SMS.
 
@@ -32,6 +34,16 @@ void setPeriod(Recordset &rows, const QVariantList &values)
     for (int i = 0; i < kPeriodColumns.size(); ++i) {
         rows.setValue(kPeriodColumns[i], values[i]);
     }
+}
+
+QDate regionalDay(const QString &text, const QString &dateFormat)
+{
+    const std::optional<QDate> day = readDay(text, dateFormat);
+    if (!day) {
+        throw RuntimeFailure(
+            QCoreApplication::translate("StartNyBruker", "Teksten er ikke en dato: %1").arg(text));
+    }
+    return *day;
 }
 
 /// The period that is on the door starts later than the waiting one, which must go first then.
@@ -142,6 +154,7 @@ void UserOperations::moveOntoDoor()
             queueCommand(door, doorName, command, user.from);
         }
     });
+    VisBrukerTabell_();
     if (isNew && !isComposed) {
         compose(); // fails: the period stands on the door all the same
     }

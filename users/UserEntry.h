@@ -24,4 +24,7 @@ struct UserEntry {
     QString fraTid;    ///< as a rule "00" to "24", but any text is taken
     QString tilTid;
     QString saldo; ///< admissions left; "0" for a user with a period
+    // What the row on screen holds where it is no date; then from and to are not the row's.
+    QString unreadFrom = {};
+    QString unreadTo = {};
 };

@@ -12,6 +12,7 @@
 #include "users/Balance.h"
 #include "users/UserOperations.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QScopedValueRollback>
@@ -30,20 +31,17 @@ constexpr QRgb kLocked = qRgb(0xC0, 0xFF, 0xFF);
 constexpr QRgb kUnlocked = qRgb(0xFF, 0xFF, 0x80);
 constexpr QRgb kBalanceInUse = qRgb(0xFF, 0xFF, 0xFF);
 constexpr QRgb kNoBalance = qRgb(0x80, 0x80, 0x80);
+constexpr QRgb kUnread = qRgb(0xFF, 0xD9, 0xA0); // a day that nobody can read
 
-void paint(QLineEdit &field, QRgb background)
+/// Dynamic property of a picker.
+constexpr char kUnreadText[] = "unread";
+
+void paint(QWidget &field, QRgb background)
 {
     QPalette palette;
     palette.setColor(QPalette::Base, QColor::fromRgb(background));
     palette.setColor(QPalette::Text, Qt::black);
     field.setPalette(palette);
-}
-
-/// Sets a date of the program's own: only the operator's count as changes.
-void setDay(QDateEdit &picker, const QDate &day)
-{
-    const QSignalBlocker quiet(picker);
-    picker.setDate(day);
 }
 
 void fillHours(QComboBox &hours, const QString &text)
@@ -71,6 +69,7 @@ UserPanel::UserPanel(Module1 &module, Recordsets &recordsets, ModemLink &modem,
       freeSms_(module, recordsets, modem, person, clock),
       grid_(module, recordsets),
       model_(clock, person),
+      dateFormat_(host.dateFormat()),
       ui_(std::make_unique<Ui::UserPanel>())
 {
     ui_->setupUi(this);
@@ -79,7 +78,8 @@ UserPanel::UserPanel(Module1 &module, Recordsets &recordsets, ModemLink &modem,
     fillHours(*ui_->FraTid, QStringLiteral("00"));
     fillHours(*ui_->TilTid, QStringLiteral("24"));
     for (QDateEdit *picker : {ui_->DTPickerFrom, ui_->DTPickerTo}) {
-        picker->setDisplayFormat(host.dateFormat());
+        picker->setDisplayFormat(dateFormat_);
+        connect(picker, &QDateEdit::dateChanged, this, [this, picker] { markUnread(*picker, {}); });
     }
     // A date on its way to being typed is no change yet.
     ui_->DTPickerFrom->setKeyboardTracking(false);
@@ -140,7 +140,7 @@ bool UserPanel::eventFilter(QObject *watched, QEvent *event)
         // For the keyboard alone: what a click does to a row that is current already.
         if (!RadKlikket_) {
             DataGrid1_Click();
-            fillFromRow();
+            fillFromRow(ui_->DataGrid1->currentIndex().row());
         }
     } else if (ui_->DataGrid1 && watched == ui_->DataGrid1->viewport()) {
         // Before the grid handles the press, so that a single click on a row fills the form.
@@ -194,6 +194,8 @@ UserEntry UserPanel::entry() const
     entry.fraTid = toWindows1252(ui_->FraTid->currentText());
     entry.tilTid = toWindows1252(ui_->TilTid->currentText());
     entry.saldo = toWindows1252(ui_->Saldo->text());
+    entry.unreadFrom = unreadIn(*ui_->DTPickerFrom);
+    entry.unreadTo = unreadIn(*ui_->DTPickerTo);
     return entry;
 }
 
@@ -206,6 +208,52 @@ void UserPanel::showEntry(const UserEntry &entry)
     Txtfields_[Konto]->setText(entry.konto);
     setDay(*ui_->DTPickerFrom, entry.from);
     setDay(*ui_->DTPickerTo, entry.to);
+    markUnread(*ui_->DTPickerFrom, entry.unreadFrom);
+    markUnread(*ui_->DTPickerTo, entry.unreadTo);
+}
+
+/// A date of the program's own: only the operator's count as changes.
+void UserPanel::setDay(QDateEdit &picker, const QDate &day)
+{
+    const QSignalBlocker quiet(picker);
+    picker.setDate(day);
+    markUnread(picker, {});
+}
+
+/// The table holds this where a day should be, and the picker shows another. An empty text takes
+/// the mark away again.
+void UserPanel::markUnread(QDateEdit &picker, const QString &text)
+{
+    picker.setProperty(kUnreadText, text);
+    if (text.isEmpty()) {
+        picker.setPalette({});
+        picker.setToolTip({});
+        return;
+    }
+    paint(picker, kUnread);
+    picker.setToolTip(
+        QCoreApplication::translate("UserPanel", "I tabellen står en dato som ikke kan leses: %1")
+            .arg(text)
+            .toHtmlEscaped());
+}
+
+QString UserPanel::unreadIn(const QDateEdit &picker) const
+{
+    return picker.property(kUnreadText).toString();
+}
+
+/// A period that is registered takes the place of the stored one, whose days nobody has seen.
+bool UserPanel::daysAreMeant()
+{
+    QStringList unread{unreadIn(*ui_->DTPickerFrom), unreadIn(*ui_->DTPickerTo)};
+    unread.removeAll(QString());
+    return unread.isEmpty() ||
+           person_.messageBox(
+               QCoreApplication::translate(
+                   "UserPanel", "I tabellen står en dato som ikke kan leses: %1. Vil du registrere "
+                                "perioden slik den står på skjermen?")
+                   .arg(unread.join(QStringLiteral(", "))),
+               QString(), Buttons::OkCancel) == Answer::Ok;
 }
 
 void UserPanel::setNewUserMode(bool newUser)
@@ -251,6 +299,9 @@ void UserPanel::cmdNyBruker_Click()
 
 void UserPanel::CommandRegistrerBruker_Click()
 {
+    if (!daysAreMeant()) {
+        return;
+    }
     skipped({[this] { users_.save(entry(), NewUserMode_); }, [this] { refresh(); }});
 }
 
@@ -283,32 +334,37 @@ void UserPanel::Txtfields_LostFocus(int index)
     }
     const QScopedValueRollback asking(checking_, true);
     UserEntry form = entry();
+    bool goesOn = true;
     // The check ends at its first failure; what it brought until then is shown.
     skipped({[&] {
                  check_.matchCatalogue(form);
                  if (index == Number) {
-                     check_.choosePeriod(form);
+                     goesOn = check_.choosePeriod(form);
                      recordsets_.OpenRecordsets();
                      VisBrukerTabell();
                  }
              },
              [&] { showEntry(form); },
-             [this] {
-                 QMetaObject::invokeMethod(this, &UserPanel::liftButtons, Qt::QueuedConnection);
+             [this, &goesOn] {
+                 QMetaObject::invokeMethod(
+                     this, [this, click = goesOn] { liftButtons(click); }, Qt::QueuedConnection);
              }});
 }
 
 /// A question that came up between a press of the mouse and its release has taken the release: the
-/// button stays down for good. Its click is not made up for, so that the operator sees first what
-/// the answer has brought.
-void UserPanel::liftButtons()
+/// button stays down for good. An OK goes on with what was begun; a refusal has brought another
+/// period, which the operator must see first.
+void UserPanel::liftButtons(bool click)
 {
     if (QGuiApplication::mouseButtons() != Qt::NoButton) {
         return;
     }
     const QList<QAbstractButton *> buttons = window()->findChildren<QAbstractButton *>();
     for (QAbstractButton *button : buttons) {
-        button->setDown(false);
+        if (button->isDown()) {
+            button->setDown(false);
+            click ? button->click() : void();
+        }
     }
 }
 

@@ -40,6 +40,8 @@ public:
     void refreshDates();
     /// Another door was chosen, or the same again.
     void followDoor();
+    /// The tab "Nye", as a click would; its rows come with the next VisBrukerTabell.
+    void chooseWaitingTab();
     /// From the next VisBrukerTabell on the grid is sorted so.
     void setSorteringBrukere(const QString &column) { grid_.SorteringBrukere = column; }
 
@@ -60,7 +62,11 @@ private:
     void CommandSlettBruker_Click();
     void focusMoved(QWidget *from, QWidget *to);
     void Txtfields_LostFocus(int index);
-    void liftButtons();
+    void liftButtons(bool click);
+    void setDay(QDateEdit &picker, const QDate &day);
+    void markUnread(QDateEdit &picker, const QString &text);
+    QString unreadIn(const QDateEdit &picker) const;
+    bool daysAreMeant();
     void Txtfields_DblClick();
     void lockStatus(bool locked);
     void DTPickerFrom_Change();
@@ -78,8 +84,10 @@ private:
     void makeRoomForStatus();
     void DataGrid1_Click();
     void DataGrid1_RowChange(const QItemSelection &selected);
-    void fillFromRow();
+    void fillFromRow(int row);
     void forgetRow();
+    void keepPlace();
+    void backToPlace();
 
     Module1 &module_;
     Recordsets &recordsets_;
@@ -91,10 +99,20 @@ private:
     FreeSms freeSms_;
     UserGrid grid_;
     RecordsetModel model_;
+    const QString dateFormat_;
     std::unique_ptr<Ui::UserPanel> ui_;
     std::array<QLineEdit *, 6> Txtfields_;
-    bool NewUserMode_ = false;      ///< a save makes a waiting period
-    bool RadKlikket_ = false;       ///< a change of row fills the form
-    bool checking_ = false;         ///< a number check is asking its questions
+    bool NewUserMode_ = false; ///< a save makes a waiting period
+    bool RadKlikket_ = false;  ///< a change of row fills the form
+    bool checking_ = false;    ///< a number check is asking its questions
+    bool returning_ = false;   ///< the grid goes back to a row: nobody has chosen it
+    /// Where the grid stood, while its rows are read anew.
+    struct Place {
+        Query query; ///< of those rows, whatever their order
+        qint64 current = 0;
+        qint64 top = 0; ///< in sight
+        bool isSelected = false;
+    };
+    std::optional<Place> place_;
     std::optional<bool> widthsFor_; ///< layout that the columns' widths were chosen for
 };

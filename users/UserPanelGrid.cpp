@@ -1,12 +1,14 @@
 #include "users/UserPanel.h"
 
+#include "data/Dates.h"
 #include "data/Module1.h"
 #include "data/Recordsets.h"
 #include "platform/Rules.h"
 #include "ui_UserPanel.h"
-#include "users/StoredDays.h"
 
+#include <QCoreApplication>
 #include <QHeaderView>
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -36,6 +38,8 @@ constexpr int kTwipsPerPixel = 15;
 constexpr int kColumnsInSight = 10;
 constexpr int kEtternavnColumn = 1;
 constexpr int kFornavnColumn = 2;
+constexpr int kFraColumn = 3;      // Gyldig fra
+constexpr int kTilColumn = 5;      // Gyldig til
 constexpr int kNarrowestName = 64; // pixels
 
 } // namespace
@@ -69,6 +73,8 @@ void UserPanel::connectGrid()
     // The row counts when it is selected: the focus alone makes a row current, too.
     connect(grid.selectionModel(), &QItemSelectionModel::selectionChanged, this,
             [this](const QItemSelection &selected) { DataGrid1_RowChange(selected); });
+    connect(&model_, &RecordsetModel::modelAboutToBeReset, this, &UserPanel::keepPlace);
+    connect(&model_, &RecordsetModel::readOn, this, &UserPanel::backToPlace);
 }
 
 void UserPanel::VisBrukerTabell()
@@ -113,22 +119,28 @@ void UserPanel::showTabs()
 
 void UserPanel::showRows()
 {
+    const QModelIndex current = ui_->DataGrid1->currentIndex();
     model_.setColumns(columns());
-    model_.show(grid_.rows());
+    model_.show(grid_.rows(), current.isValid() ? RecordsetModel::GivesWay::ToAllRows
+                                                : RecordsetModel::GivesWay::ToFirstRows);
     layOutColumns();
 }
 
 /// Under the tab "Saldo" the headings are those of the query.
 std::vector<RecordsetModel::Column> UserPanel::columns() const
 {
-    std::vector<RecordsetModel::Column> columns;
+    std::vector<RecordsetModel::Column> columns(kTilColumn + 1);
     if (grid_.hasOwnLayout()) {
+        columns.clear();
         for (const DesignedColumn &designed : kLayout) {
             const auto *label =
                 designed.label ? findChild<QLabel *>(QString::fromLatin1(designed.label)) : nullptr;
             columns.push_back(
                 {.heading = label ? label->text() : QString(), .alignment = designed.alignment});
         }
+    }
+    for (const int day : {kFraColumn, kTilColumn}) {
+        columns[day].shownAs = [this](const QString &text) { return shownDay(text, dateFormat_); };
     }
     return columns;
 }
@@ -193,6 +205,12 @@ QString UserPanel::selectedTab() const
     return grid_.tabs().value(ui_->TabStrip1->currentIndex());
 }
 
+void UserPanel::chooseWaitingTab()
+{
+    module_.GridFilter = module_.texts.nye;
+    setNewUserMode(true);
+}
+
 void UserPanel::TabStrip1_Click()
 {
     const QString caption = selectedTab();
@@ -218,24 +236,25 @@ void UserPanel::DataGrid1_Click()
 
 void UserPanel::DataGrid1_RowChange(const QItemSelection &selected)
 {
-    if (selected.isEmpty()) {
+    if (selected.isEmpty() || returning_) {
         return;
     }
     kept([&] { grid_.rows().setBookmark(model_.bookmark(selected.first().top())); });
     if (RadKlikket_) {
-        fillFromRow();
+        fillFromRow(selected.first().top());
     }
 }
 
-void UserPanel::fillFromRow()
+/// One that somebody has taken out of the table meanwhile is shown as the grid still has it.
+void UserPanel::fillFromRow(int shownRow)
 {
     const auto into = [](QLineEdit *field) {
         return [field](const QString &text) { field->setText(text); };
     };
-    const auto day = [](QDateEdit *picker) {
-        return [picker](const QString &text) {
-            const QSignalBlocker quiet(picker);
-            picker->setDate(storedDay(text));
+    const auto day = [this](QDateEdit *picker) {
+        return [this, picker](const QString &text) {
+            const std::optional<QDate> read = readStoredDay(text);
+            read ? setDay(*picker, *read) : markUnread(*picker, text);
         };
     };
     const auto hours = [](QComboBox *box) {
@@ -258,13 +277,68 @@ void UserPanel::fillFromRow()
     for (int field = 0; field < 5; ++field) {
         Txtfields_[static_cast<std::size_t>(field)]->clear();
     }
+    for (QDateEdit *picker : {ui_->DTPickerFrom, ui_->DTPickerTo}) {
+        markUnread(*picker, {});
+    }
     const Recordset &row = NewUserMode_ ? recordsets_.rsVisNyeBrukere : recordsets_.rsVisBrukere;
+    bool isThere = false;
+    kept([&] { isThere = row.row().has_value(); });
     for (const auto &[column, show] : places) {
         kept([&] {
-            if (const QString text = row.text(column); !text.isEmpty()) {
+            const auto place = static_cast<int>(model_.columns().indexOf(column));
+            const QString text = isThere ? row.text(column) : model_.text(shownRow, place);
+            if (!text.isEmpty()) {
                 show(text);
             }
         });
+    }
+    ui_->lblHint->setText(isThere ? QString()
+                                  : QCoreApplication::translate(
+                                        "UserPanel", "Brukeren står ikke lenger i tabellen."));
+}
+
+void UserPanel::keepPlace()
+{
+    if (place_) {
+        return; // on the way back to an earlier one
+    }
+    const QTableView &grid = *ui_->DataGrid1;
+    const QModelIndex current = grid.currentIndex();
+    place_ = {.query = model_.shownQuery(),
+              .current = model_.bookmark(current.row()),
+              .top = model_.bookmark(grid.rowAt(0)),
+              .isSelected = grid.selectionModel()->isSelected(current)};
+    place_->query.sort.clear();
+}
+
+/// Back to the row that was current, as soon as it is listed again; the form stays as it is, since
+/// nobody has chosen the row.
+void UserPanel::backToPlace()
+{
+    if (!place_ || !model_.showsLatest()) {
+        return;
+    }
+    Query shown = model_.shownQuery();
+    shown.sort.clear();
+    const bool isSameTable = shown == place_->query;
+    const int row = model_.rowOf(place_->current);
+    if (isSameTable && place_->current != 0 && row < 0 && model_.isReading()) {
+        return;
+    }
+    const Place kept = *std::exchange(place_, std::nullopt);
+    if (!isSameTable) {
+        return;
+    }
+    const QScopedValueRollback returning(returning_, true);
+    QTableView &grid = *ui_->DataGrid1;
+    if (kept.current != 0 && row >= 0) {
+        using Selection = QItemSelectionModel;
+        grid.selectionModel()->setCurrentIndex(
+            model_.index(row, 0),
+            kept.isSelected ? Selection::ClearAndSelect | Selection::Rows : Selection::NoUpdate);
+    }
+    if (const int top = model_.rowOf(kept.top); kept.top != 0 && top >= 0) {
+        grid.scrollTo(model_.index(top, 0), QAbstractItemView::PositionAtTop);
     }
 }
 
@@ -272,6 +346,8 @@ void UserPanel::fillFromRow()
 /// it back.
 void UserPanel::forgetRow()
 {
+    place_.reset();
+    ui_->lblHint->clear();
     ui_->DataGrid1->clearSelection();
     ui_->DataGrid1->setCurrentIndex(QModelIndex());
 }

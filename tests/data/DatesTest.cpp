@@ -23,6 +23,9 @@ TEST(Dates, AreReadInTheSystemsOrderFirst)
              {u"1/12/2026x"_qs, nordic, {}},
              {u"1/12/99999999999999"_qs, nordic, {}},
              {{}, nordic, {}},
+             {u" 12 & DATOSKILLETEGN & 05 & DATOSKILLETEGN & 2004"_qs, u"MM/dd/yyyy"_qs,
+              QDate(2004, 5, 12)},
+             {u"5 & DATOSKILLETEGN & 31 & DATOSKILLETEGN & 2004"_qs, nordic, {}},
          }) {
         EXPECT_EQ(readDay(reading.text, reading.format), reading.day)
             << reading.text.toStdString() << ' ' << reading.format.toStdString();

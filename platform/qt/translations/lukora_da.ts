@@ -2,6 +2,21 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="da_DK" sourcelanguage="nb_NO">
 <context>
+    <name>UserPanel</name>
+    <message>
+        <source>I tabellen står en dato som ikke kan leses: %1</source>
+        <translation>I tabellen står en dato, som ikke kan læses: %1</translation>
+    </message>
+    <message>
+        <source>I tabellen står en dato som ikke kan leses: %1. Vil du registrere perioden slik den står på skjermen?</source>
+        <translation>I tabellen står en dato, som ikke kan læses: %1. Vil du registrere perioden, som den står på skærmen?</translation>
+    </message>
+    <message>
+        <source>Brukeren står ikke lenger i tabellen.</source>
+        <translation>Brugeren står ikke længere i tabellen.</translation>
+    </message>
+</context>
+<context>
     <name>Commands</name>
     <message>
         <source>Perioden mangler en gyldig dato</source>
@@ -9,7 +24,7 @@
     </message>
 </context>
 <context>
-    <name>StoredDays</name>
+    <name>StartNyBruker</name>
     <message>
         <source>Teksten er ikke en dato: %1</source>
         <translation>Teksten er ikke en dato: %1</translation>
