@@ -80,7 +80,7 @@ void Application::openMainScreen()
 void Application::close()
 {
     if (frmMain_) {
-        frmMain_->unload();
+        frmMain_->unload(false);
     } else {
         machine_.clock.end();
     }

@@ -102,8 +102,13 @@ void frmMain::wirePanels()
 
 void frmMain::whenQueueIsIdle(const std::function<void()> &click)
 {
+    const auto signal = std::make_pair(sender(), senderSignalIndex());
+    if (!waitingClicks_.insert(signal).second) {
+        return; // clicked again, since nothing has happened yet
+    }
     operator_.setBusy(&link_.queue, true);
-    link_.queue.whenIdle([this, click] {
+    link_.queue.whenIdle([this, click, signal] {
+        waitingClicks_.erase(signal);
         operator_.setBusy(&link_.queue, false);
         if (!unloading_) {
             click();
@@ -284,8 +289,14 @@ void frmMain::closeEvent(QCloseEvent *event)
     unload();
 }
 
-void frmMain::unload()
+void frmMain::unload(bool somebodyIsThere)
 {
+    if (!somebodyIsThere && !endTimer_) {
+        endTimer_ = clock_.timer([this] { end(); });
+        endTimer_->setInterval(kLongestAttempt);
+        endTimer_->setEnabled(true);
+        operator_.withdraw();
+    }
     if (unloading_) {
         return;
     }
@@ -295,10 +306,13 @@ void frmMain::unload()
     if (link_.flags.QueueRunning) {
         // The screen goes away all the same, nothing is saved and the modem is not released: this
         // is how the program is to behave.
-        kept([this] { operator_.messageBox(module_.texts.ventTilSending, {}, Buttons::Ok); });
+        if (somebodyIsThere) {
+            kept([this] { operator_.messageBox(module_.texts.ventTilSending, {}, Buttons::Ok); });
+        }
         for (const auto &[name, screen] : screens_) {
             screen.window->hide(); // what is begun there now would be cut off
         }
+        operator_.withdraw(); // a box of theirs would hold up the result
     } else {
         shown(operator_, {}, [this] { releaseModem(); });
         unloadOtherScreens();
@@ -309,14 +323,37 @@ void frmMain::unload()
     hide();
     // The network may have taken the message that is under way: without its result the next run
     // would send it again.
-    const auto end = [this] {
-        clock_.end();
-        QCoreApplication::exit(); // quit() asks every window first, and one may refuse
-    };
-    endTimer_ = clock_.timer(end);
-    endTimer_->setInterval(kLongestAttempt);
-    endTimer_->setEnabled(true);
-    link_.queue.whenIdle(end);
+    if (!endTimer_) {
+        endTimer_ = clock_.timer([this] { end(); });
+        endTimer_->setInterval(kLongestAttempt);
+        endTimer_->setEnabled(true);
+    }
+    link_.queue.whenIdle([this] { endWhenWritten(); });
+}
+
+/// Another PC may hold the file at the very moment of the result.
+void frmMain::endWhenWritten()
+{
+    bool isWritten = false;
+    kept([&] {
+        link_.queue.writeOutcome();
+        isWritten = true;
+    });
+    if (isWritten) {
+        end();
+        return;
+    }
+    if (!writeTimer_) {
+        writeTimer_ = clock_.timer([this] { endWhenWritten(); });
+    }
+    writeTimer_->setInterval(500ms);
+    writeTimer_->setEnabled(true);
+}
+
+void frmMain::end()
+{
+    clock_.end();
+    QCoreApplication::exit(); // quit() asks every window first, and one may refuse
 }
 
 void frmMain::releaseModem()

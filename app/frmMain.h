@@ -13,6 +13,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <vector>
 
 class DoorPanel;
@@ -43,7 +44,9 @@ public:
     void load();
     /// What closing the screen does, also while it was never shown. The program ends with it, from
     /// whatever dialogue it is in, but behind the outcome of a message under way.
-    void unload();
+    /// With nobody there to be asked, a machine that shuts down, no question holds it up for longer
+    /// than kLongestAttempt.
+    void unload(bool somebodyIsThere = true);
 
     Recordsets &recordsets() { return recordsets_; }
     ModemLink &modemLink() { return link_; }
@@ -72,6 +75,8 @@ private:
     /// Whether none has stayed: one that is at work, or has unsaved edits, may.
     bool unloadOtherScreens();
     void saveSettings();
+    void endWhenWritten();
+    void end();
 
     // frmMainMenus.cpp
     void wireMenus();
@@ -145,4 +150,7 @@ private:
     bool hasFocus_ = false; ///< the screen, or a question that it asks, has the focus
     bool unloading_ = false;
     std::unique_ptr<Timer> endTimer_;
+    std::unique_ptr<Timer> writeTimer_;
+    /// Clicks of the same signals wait once.
+    std::set<std::pair<QObject *, int>> waitingClicks_;
 };

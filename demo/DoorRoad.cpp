@@ -207,17 +207,16 @@ void awaitConfirmations(Road &road, Application &lukora)
 
 void awaitUsers(Road &road)
 {
-    road << Road::Step{u"The list, left with the door that it stands on"_qs,
-                       toFront("frmKEY"),
-                       {},
-                       [] { click(control<QAbstractButton>("frmKEY", "cmdClose")); }};
+    road << Road::Step{
+        u"The list, left with the door that it stands on"_qs, toFront("frmKEY"), {}, [] {
+            click(control<QAbstractButton>("frmKEY", "cmdClose"));
+            chooseAll();
+        }};
     road.await({u"The unit's users are listed"_qs,
                 [] {
                     if (!comesToFront("frmMain")) {
                         return false;
                     }
-                    auto *tabs = control<QTabBar>("frmMain", "TabStrip1");
-                    tabs->setCurrentIndex(tabs->count() - 1);
                     const auto *users = control<QAbstractItemView>("frmMain", "DataGrid1");
                     return rowWith(users, {u"+4791000017"_qs, u"AKTIV"_qs}) >= 0;
                 },

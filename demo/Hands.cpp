@@ -78,6 +78,12 @@ void chooseFromMenu(const char *menu, const char *entry)
     QTest::mouseClick(popup, Qt::LeftButton, {}, popup->actionGeometry(wanted).center());
 }
 
+void chooseAll()
+{
+    auto *tabs = control<QTabBar>("frmMain", "TabStrip1");
+    QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(tabs->count() - 1).center());
+}
+
 int rowWith(const QAbstractItemView *grid, const QStringList &texts)
 {
     const QAbstractItemModel *model = grid == nullptr ? nullptr : grid->model();

@@ -36,6 +36,9 @@ void choose(QComboBox *list, const QString &entry);
 /// Opens a menu of the main screen and clicks an entry.
 void chooseFromMenu(const char *menu, const char *entry);
 
+/// The last tab of the main screen's users, "Alle".
+void chooseAll();
+
 /// Row of the grid in which all these texts stand; -1 without one.
 int rowWith(const QAbstractItemView *grid, const QStringList &texts);
 void clickRow(QAbstractItemView *grid, int row, bool twice = false);

@@ -117,10 +117,12 @@ void MessageReader::Read_SMS_MessageTEXT()
         link_.line.takeSigns(); // a text may look like one
         link_.flags.HasForgotten = link_.flags.HasForgotten || listing.hasRestarted();
     }
-    if (stored && listing.isWhole()) {
+    // A modem that has started anew may stand on another store: the next listing deletes it there.
+    if (stored && listing.isWhole() && !listing.hasRestarted()) {
         if (deleteFromModem(place, initialisations, isAnswered)) {
             std::erase_if(stored_, isThis);
-        } else if (comesAgain && isAnswered && link_.flags.initialisations == initialisations &&
+        } else if (comesAgain && link_.line.isOpen() &&
+                   link_.flags.initialisations == initialisations &&
                    !(undeletable_ && isThis(*undeletable_))) {
             undeletable_ = listedRecord;
             why = QCoreApplication::translate("MessageReader",

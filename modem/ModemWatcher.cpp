@@ -84,6 +84,9 @@ void ModemWatcher::timerComTick()
             listingHeard_ = clock_.elapsed();
         }
         if (isFinalOk(text) || isFinalError(text)) {
+            if (isFinalOk(text) && awaitsListing() && !listsHighPlace_) {
+                highPlaceTold_ = -1; // they are gone: the next one is news
+            }
             listingEnded();
         }
         lookForSigns(text);
@@ -239,7 +242,9 @@ void ModemWatcher::watch(const QString &text)
     if (holds(text, u"ERROR"_qs) && !flags_.QueuePending) {
         pace_.restart(kAfterEvent);
     }
-    if (const std::optional<QString> record = answerIn(text, u"+CMGL"_qs)) {
+    // Nobody reads the text behind a high place: in the middle of a line a header is a stranger's.
+    const std::optional<QString> record = answerIn(text, u"+CMGL"_qs);
+    if (record && (!listsHighPlace_ || beginsLikeHeader(text.trimmed()))) {
         listed(*record);
     }
 }
@@ -280,6 +285,7 @@ void ModemWatcher::listed(const QString &record)
     }
     // The place is held in a byte. A record behind that is in each listing of this modem, and is no
     // news from the second on.
+    listsHighPlace_ = listsHighPlace_ || place > kHighestPlace;
     if (place > kHighestPlace &&
         std::exchange(highPlaceTold_, flags_.initialisations) == flags_.initialisations) {
         return;
@@ -297,6 +303,7 @@ void ModemWatcher::requestListing()
 {
     line_.SendData(u"AT+CMGL=ALL\r"_qs);
     listing_ = Listing::Asked;
+    listsHighPlace_ = false;
     restIsComing_ = false;
     listingAsked_ = listingHeard_ = clock_.elapsed();
 }

@@ -74,8 +74,8 @@ private:
     ///       └──────────── (at the next tick) ─────────── Owed
     ///
     /// What is not ended within kListingTimeOut is given up at the next tick; each line of it and
-    /// listingRests begin that time anew. A notice inside the interpreter leads from None to Owed, another one behind
-    /// it straight to Asked.
+    /// listingRests begin that time anew. A notice inside the interpreter leads from None to Owed,
+    /// another one behind it straight to Asked.
     enum class Listing { None, Asked, AskedAndOwed, Owed };
 
     const Clock &clock_;
@@ -96,8 +96,9 @@ private:
     milliseconds takingSince_{0}; ///< by the owner of the line, if it is this
     int sendTicks_ = 0;
     std::optional<milliseconds> startedAnew_;
-    int highPlaceTold_ = -1; ///< the initialisation behind which the operator was told of one
-    Tries refresh_;          ///< of the sets: a file that cannot be read is told of once
-    Tries send_;             ///< likewise a file that takes no result
-    bool lossTold_ = false;  ///< the operator has been told that the port is gone
+    int highPlaceTold_ = -1;      ///< the initialisation behind which the operator was told of one
+    bool listsHighPlace_ = false; ///< the listing that was asked for last
+    Tries refresh_;               ///< of the sets: a file that cannot be read is told of once
+    Tries send_;                  ///< likewise a file that takes no result
+    bool lossTold_ = false;       ///< the operator has been told that the port is gone
 };

@@ -164,11 +164,8 @@ void OutboundQueue::queue(const OutboundSms &sms)
 
 void OutboundQueue::SendQueuedSms()
 {
-    const auto unwritten = std::ranges::find(accepted_, module_.DatabasePath, &Submission::file);
-    if (unwritten != accepted_.end()) {
-        const Submission sms = *unwritten;
-        accepted_.erase(unwritten);
-        settle(sms);
+    if (unwritten() != accepted_.end()) {
+        writeOutcome();
         return;
     }
     {
@@ -186,6 +183,20 @@ void OutboundQueue::SendQueuedSms()
         next();
     }
     passOnTheEnd(clock_);
+}
+
+std::vector<OutboundQueue::Submission>::iterator OutboundQueue::unwritten()
+{
+    return std::ranges::find(accepted_, module_.DatabasePath, &Submission::file);
+}
+
+void OutboundQueue::writeOutcome()
+{
+    if (const auto first = unwritten(); first != accepted_.end()) {
+        const Submission sms = *first;
+        accepted_.erase(first);
+        settle(sms);
+    }
 }
 
 void OutboundQueue::whenIdle(std::function<void()> next)
@@ -213,8 +224,8 @@ void OutboundQueue::sendFirst()
                    .recipient = outbox.text(u"TilNummer"_qs)};
     submitter_.SendSms(sms.text, sms.recipient);
     sms.result = module_.LastCmgsResult;
-    if (flags_.QueueAwaited && same(sms.result, u"Error"_qs)) {
-        return; // it has not had all its attempts: the row waits on
+    if (submitter_.wasCutShort() && same(sms.result, u"Error"_qs)) {
+        return; // the row waits on
     }
     settle(sms);
 }

@@ -87,6 +87,10 @@ public:
     /// there is none. For what would take the modem's answer away, have its own commands taken for
     /// the text, or end the program.
     void whenIdle(std::function<void()> next);
+    /// Writes what became of a message of the file in use that the network has taken, where that
+    /// could not be written at once; without one it does nothing.
+    /// @throws RuntimeFailure when it cannot be written now either.
+    void writeOutcome();
     /// What became of a message has been written, and its user's state with it.
     std::function<void()> outcomeWritten = [] {};
 
@@ -99,6 +103,7 @@ private:
         QString result = {}; ///< LastCmgsResult behind it
     };
 
+    std::vector<Submission>::iterator unwritten();
     void sendFirst();
     void settle(const Submission &sms);
     bool isStillQueued(const Submission &sms);

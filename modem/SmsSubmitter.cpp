@@ -68,6 +68,7 @@ void SmsSubmitter::SendSms(const QString &Text, const QString &Number)
     // No other reader may take the modem's lines meanwhile.
     timerCom_.setEnabled(false);
     module_.LastCmgsResult.clear();
+    wasCutShort_ = false;
     kept([&] { submit(Text, Number); });
     timerCom_.setEnabled(true);
     passOnTheEnd(clock_);
@@ -86,10 +87,16 @@ void SmsSubmitter::submit(const QString &Text, const QString &Number)
     for (int attempts = 0; attempts < kAttempts; ++attempts) {
         transmit(message, Number);
         // Without regard to case: a time-out, "Error", is tried again just as a refusal is.
-        if (!holds(module_.LastCmgsResult, u"ERROR"_qs) || flags_.QueueAwaited) {
+        if (!holds(module_.LastCmgsResult, u"ERROR"_qs)) {
             return;
         }
-        clock_.sleep(kBetweenAttempts);
+        if (!flags_.QueueAwaited) {
+            clock_.sleep(kBetweenAttempts);
+        }
+        if (flags_.QueueAwaited) {
+            wasCutShort_ = attempts + 1 < kAttempts;
+            return;
+        }
     }
 }
 

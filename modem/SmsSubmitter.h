@@ -28,6 +28,8 @@ public:
     /// @param Number digits, "+" in front allowed
     /// @throws ProgramEnds when the program ends meanwhile.
     void SendSms(const QString &Text, const QString &Number);
+    /// Whether the last one was left with attempts to go, since somebody waits for the queue.
+    bool wasCutShort() const { return wasCutShort_; }
     /// Waits up to 20 s for the outcome of a submission.
     /// @throws RuntimeFailure when the line is gone.
     void Get_CMGS();
@@ -45,4 +47,5 @@ private:
     Timer &timerCom_;
     ModemView &view_;
     const CharacterTables &tables_;
+    bool wasCutShort_ = false;
 };

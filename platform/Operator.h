@@ -23,6 +23,8 @@ public:
     /// typed; startFrom holds the folder and the suggested name. Empty when cancelled. Whoever
     /// picks a file that exists has agreed to lose it.
     virtual QString chooseNewFile(const QString &startFrom, const QString &filter) = 0;
+    /// Closes whatever stands open, as Cancel would.
+    virtual void withdraw() = 0;
     virtual void beep() = 0;
     /// Busy pointer for as long as anybody is busy; repeated calls of the same one don't add up.
     virtual void setBusy(const void *who, bool busy) = 0;

@@ -200,6 +200,14 @@ QString QtOperator::askForFile(const QString &startFrom, const QString &filter, 
     return ask(*dialog) && dialog ? dialog->selectedFiles().value(0) : QString();
 }
 
+void QtOperator::withdraw()
+{
+    const QList<QDialog *> open = open_;
+    for (auto dialog = open.rbegin(); dialog != open.rend(); ++dialog) {
+        (*dialog)->reject();
+    }
+}
+
 void QtOperator::beep()
 {
     QApplication::beep();

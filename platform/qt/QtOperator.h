@@ -21,6 +21,7 @@ public:
     QString inputBox(const QString &prompt, const QString &title, const QString &preset) override;
     QString chooseFile(const QString &startFrom, const QString &filter) override;
     QString chooseNewFile(const QString &startFrom, const QString &filter) override;
+    void withdraw() override;
     void beep() override;
     void setBusy(const void *who, bool busy) override;
 

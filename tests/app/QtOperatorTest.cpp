@@ -64,6 +64,16 @@ TEST_F(Questions, VanishWhenTheProgramEnds)
     EXPECT_EQ(dialogue(), nullptr);
 }
 
+TEST_F(Questions, AreCancelledWhenWithdrawn)
+{
+    Answer inner = Answer::Ok;
+    clock.after(100ms, [&] { inner = ask(u"Indre"_qs); });
+    clock.after(200ms, [&] { person.withdraw(); });
+    EXPECT_EQ(person.inputBox(u"Ytre"_qs, {}, u"5"_qs), u"");
+    EXPECT_EQ(inner, Answer::Cancel);
+    EXPECT_EQ(dialogue(), nullptr);
+}
+
 TEST_F(Questions, OfferThePresetForTypingAndGiveNothingWhenCancelled)
 {
     clock.after(100ms, [] {

@@ -74,7 +74,11 @@ std::optional<ScriptedOperator::Line> ScriptedOperator::next(Kind kind, const QS
     const Line line = expected;
     script_.pop_front();
     if (line.openFor > 0ms) {
-        clock_.sleep(line.openFor);
+        const int before = withdrawals_;
+        for (const milliseconds end = clock_.elapsed() + line.openFor;
+             clock_.elapsed() < end && before == withdrawals_;) {
+            clock_.yield(end - clock_.elapsed());
+        }
     }
     return line;
 }

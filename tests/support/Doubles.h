@@ -43,6 +43,7 @@ public:
     QString inputBox(const QString &prompt, const QString &title, const QString &preset) override;
     QString chooseFile(const QString &startFrom, const QString &filter) override;
     QString chooseNewFile(const QString &startFrom, const QString &filter) override;
+    void withdraw() override { ++withdrawals_; }
     void beep() override { ++beeps; }
     void setBusy(const void *who, bool busy) override
     {
@@ -75,6 +76,7 @@ private:
     std::optional<Line> next(Kind kind, const QString &says, const QString &title);
 
     VirtualClock &clock_;
+    int withdrawals_ = 0;
     QSet<const void *> busy_;
     std::deque<Line> script_;
 };

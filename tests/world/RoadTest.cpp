@@ -122,25 +122,35 @@ struct Closing {
     milliseconds time;
     int refusals;
     QString state;
+    enum { ByOperator, ByMachine, WhileRowsAreHeld } how = ByOperator;
 };
 struct ClosingInASubmission : testing::TestWithParam<Closing> {};
 // Behind an answer of the network, or when none has come for long enough.
 INSTANTIATE_TEST_SUITE_P(Road, ClosingInASubmission,
                          testing::Values(Closing{15s, 0, u"0:OK"_qs}, Closing{15s, 1, u"UNSENT"_qs},
-                                         Closing{60s, 0, u"UNSENT"_qs}));
+                                         Closing{60s, 0, u"UNSENT"_qs},
+                                         Closing{15s, 0, u"0:OK"_qs, Closing::ByMachine},
+                                         Closing{8s, 0, u"0:OK"_qs, Closing::WhileRowsAreHeld}));
 
 TEST_P(ClosingInASubmission, EndsBehindTheAttempt)
 {
-    const auto &[time, refusals, state] = GetParam();
+    const auto &[time, refusals, state, how] = GetParam();
     World world;
     world.modem.setSubmissionTime(time);
     world.modem.faults().refuseSubmission = FaultCount::times(refusals);
     world.registerUser(kUser);
-    world.person.answers(u"Vent til SMS sending er ferdig"_qs);
+    if (how != Closing::ByMachine) {
+        world.person.answers(u"Vent til SMS sending er ferdig"_qs);
+    }
     milliseconds closedAt{0};
-    whileItWaits(world, [&] {
+    whileItWaits(world, [&, how = how] {
         closedAt = world.clock.elapsed();
-        world.screen().close();
+        if (how == Closing::WhileRowsAreHeld) {
+            world.execute(u"CREATE TRIGGER held BEFORE UPDATE ON SMS_Sent BEGIN "
+                          "SELECT RAISE(ABORT, 'held'); END"_qs);
+            world.clock.after(12s, [&] { world.execute(u"DROP TRIGGER held"_qs); });
+        }
+        how == Closing::ByMachine ? world.application().close() : void(world.screen().close());
     });
     world.clock.run(1min);
 
