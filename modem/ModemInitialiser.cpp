@@ -16,6 +16,7 @@ namespace {
 constexpr int kAttempts = 5;
 constexpr milliseconds kPause = 50ms;
 constexpr milliseconds kFirstListing = 10000ms;
+constexpr int kMostUnreadLines = 500; ///< of a modem that does not cease to talk
 
 constexpr int kStorageReads = 5;
 constexpr milliseconds kStoragePause = 2000ms;
@@ -107,6 +108,11 @@ std::optional<ModemInitialiser::Identity> ModemInitialiser::search()
 {
     ++flags_.initialisations;
     const LineOwner::Turn turn(flags_.owner, LineOwner::Who::Initialiser);
+    // A click may come while the answer to another command lies unread: its "OK" would pass for
+    // the first of ours, and each answer behind it for that of the command before.
+    for (int lines = 0; lines < kMostUnreadLines && line_.hasLine(); ++lines) {
+        line_.ReadModemLine();
+    }
     line_.takeSigns(); // of before
     for (int attempts = 1; attempts <= kAttempts; ++attempts) {
         Identity identity;

@@ -61,6 +61,7 @@ public:
         open(network_);
         speaks();
         if (transcript_.init) {
+            clock.runUntil([this] { return clock.elapsed() >= spoken_; }, kLongest);
             link.initialiser.InitModem();
         } else {
             module.ModemReady = true;
