@@ -7,11 +7,11 @@
 #include "platform/qt/QtSerialPort.h"
 #include "platform/qt/QtSettingsStore.h"
 #include "platform/qt/QtTcpSocket.h"
+#include "platform/qt/ScreenStyle.h"
 #include "platform/qt/SystemClock.h"
 
 #include <QApplication>
 #include <QSocketNotifier>
-#include <QStyleFactory>
 
 #include <cstdlib>
 #include <memory>
@@ -31,7 +31,7 @@ void describeProgram()
     QApplication::setApplicationVersion(QStringLiteral(LUKORA_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("lukora"));
     QApplication::setWindowIcon(programIcon());
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new ScreenStyle);
     // The program ends with its main screen, not with the login before it.
     QApplication::setQuitOnLastWindowClosed(false);
 }

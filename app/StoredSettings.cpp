@@ -3,6 +3,8 @@
 #include "platform/SettingsStore.h"
 #include "platform/Text.h"
 
+#include <QSplitter>
+
 #include <algorithm>
 #include <cmath>
 
@@ -37,6 +39,32 @@ void saveWindow(SettingsStore &settings, const QRect &window)
     save(QStringLiteral("MainTop"), window.top());
     save(QStringLiteral("MainWidth"), window.width());
     save(QStringLiteral("MainHeight"), window.height());
+}
+
+void restoreSizes(const SettingsStore &settings, const QString &key, QSplitter &splitter)
+{
+    QList<int> sizes;
+    const QStringList stored = settings.get(key, QString()).split(u',');
+    for (const QString &each : stored) {
+        bool isNumber = false;
+        const int size = each.toInt(&isNumber);
+        if (isNumber && size >= 0 && size <= kFurthestPixel) {
+            sizes += size;
+        }
+    }
+    if (sizes.size() == stored.size() && sizes.size() == splitter.count()) {
+        splitter.setSizes(sizes);
+    }
+}
+
+void saveSizes(SettingsStore &settings, const QString &key, const QSplitter &splitter)
+{
+    QStringList texts;
+    const QList<int> sizes = splitter.sizes();
+    for (const int size : sizes) {
+        texts += QString::number(size);
+    }
+    settings.save(key, texts.join(u','));
 }
 
 bool toFlag(const QString &text)

@@ -12,24 +12,28 @@
 #include "platform/SerialPort.h"
 #include "platform/SettingsStore.h"
 #include "platform/Text.h"
+#include "platform/qt/Keys.h"
 #include "ui_frmMain.h"
 #include "users/DoorPanel.h"
 #include "users/UserPanel.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QFrame>
+#include <QKeyEvent>
 #include <QPointer>
 #include <QScreen>
 
 namespace {
 
 constexpr milliseconds kTimerCom = 1000ms;
+const QString kColumnsKey = QStringLiteral("MainColumns"); ///< widths of users and modem
+const QString kRowsKey = QStringLiteral("MainRows");       ///< heights of users and messages
+constexpr int kMoreLinesOfReceived = 3;       ///< of a message in sight than fit at least
+constexpr int kLettersOfModem = 34;           ///< that its column is wide to start with
 constexpr milliseconds kLongestAttempt = 35s; ///< to hand a message to the network
-constexpr int kLinesOfReceived = 16;
-constexpr int kUsersWidth = 620;
-constexpr int kModemWidth = 310;
 
 void setVisibleInMenuOrScreen(QWidget &screen, const QString &name, bool visible)
 {
@@ -57,7 +61,7 @@ frmMain::frmMain(Clock &clock, Operator &person, SettingsStore &settings, const 
       users_(module, recordsets_, link_, person, clock, host, [this] { VisBrukerTabell(); }),
       reader_(link_, module, recordsets_, *this, clock, host, [this] { VisBrukerTabell(); }),
       doorPanel_(new DoorPanel(module, recordsets_, link_, person, clock)),
-      userPanel_(new UserPanel(module, recordsets_, link_, users_, person, clock, host)),
+      userPanel_(new UserPanel(module, recordsets_, link_, users_, person, clock, host, settings)),
       receivedPanel_(new ReceivedPanel(recordsets_, person)),
       modemPanel_(new ModemPanel),
       networkPanel_(new NetworkModemPanel)
@@ -67,6 +71,7 @@ frmMain::frmMain(Clock &clock, Operator &person, SettingsStore &settings, const 
     buildStatusBar();
     wirePanels();
     wireMenus();
+    wireKeys();
 }
 
 frmMain::~frmMain()
@@ -118,26 +123,26 @@ void frmMain::whenQueueIsIdle(const std::function<void()> &click)
 
 void frmMain::placePanels()
 {
-    const auto place = [](QBoxLayout *column, QWidget *panel, int stretch) {
-        auto *card = new QFrame;
-        card->setFrameShape(QFrame::StyledPanel);
-        auto *inside = new QVBoxLayout(card);
-        inside->setContentsMargins(12, 10, 12, 12);
+    const auto card = [](QWidget *panel) {
+        auto *frame = new QFrame;
+        frame->setFrameShape(QFrame::StyledPanel);
+        auto *inside = new QVBoxLayout(frame);
+        inside->setContentsMargins(10, 8, 10, 8);
         panel->layout()->setContentsMargins(0, 0, 0, 0);
         inside->addWidget(panel);
-        column->addWidget(card, stretch);
+        return frame;
     };
-    place(ui_->usersColumn, doorPanel_, 0);
-    place(ui_->usersColumn, userPanel_, 1);
-    place(ui_->usersColumn, receivedPanel_, 0);
-    place(ui_->modemColumn, modemPanel_, 0);
-    place(ui_->modemColumn, networkPanel_, 1);
+    ui_->doorAndUsersLayout->addWidget(card(doorPanel_));
+    ui_->doorAndUsersLayout->addWidget(card(userPanel_), 1);
+    ui_->usersColumn->addWidget(card(receivedPanel_));
+    ui_->modemColumn->addWidget(card(modemPanel_));
+    ui_->modemColumn->addWidget(card(networkPanel_), 1);
     ui_->modemColumn->addStretch();
-    // Narrower, and numbers would be cut; the content may ask for more.
-    ui_->usersColumn->addStrut(kUsersWidth);
-    ui_->modemColumn->addStrut(kModemWidth);
-    // Room that is left over belongs to the table of users.
-    receivedPanel_->setMaximumHeight(fontMetrics().lineSpacing() * kLinesOfReceived);
+    // A window that grows gives the room to the table of users; form and table are always there.
+    ui_->columns->setStretchFactor(0, 1);
+    ui_->usersColumn->setStretchFactor(0, 1);
+    ui_->columns->setCollapsible(0, false);
+    ui_->usersColumn->setCollapsible(0, false);
     networkPanel_->parentWidget()->hide();
 }
 
@@ -180,12 +185,27 @@ void frmMain::load()
 
 void frmMain::placeWindow()
 {
+    // A screen that was unplugged since, or is smaller now, must not take the window with it.
     const QRect stored = storedWindow(settings_);
-    resize(stored.size());
-    // A screen that was unplugged since must not take the window with it.
     const QScreen *target = QGuiApplication::screenAt(stored.center());
     const QRect room = (target ? target : screen())->availableGeometry();
-    move(target ? stored.topLeft() : room.topLeft());
+    const QSize around(0, menuBar()->sizeHint().height() + ui_->sbStatusBar->sizeHint().height());
+    const QSize whole = ui_->content->minimumSizeHint() + around; // in sight without scrolling
+    const QSize size = stored.size().expandedTo(whole).boundedTo(room.size());
+    resize(size);
+    const QPoint furthest = room.bottomRight() - QPoint(size.width() - 1, size.height() - 1);
+    move(std::clamp(stored.left(), room.left(), furthest.x()),
+         std::clamp(stored.top(), room.top(), furthest.y()));
+    // Room that is left over belongs to the table of users, until the operator decides.
+    const QWidget &messages = *receivedPanel_->parentWidget();
+    const int lines = kMoreLinesOfReceived * fontMetrics().lineSpacing();
+    const int received = messages.minimumSizeHint().height() + lines;
+    ui_->usersColumn->setSizes({std::max(0, size.height() - around.height() - received), received});
+    const int modem = std::max(ui_->modemSide->minimumSizeHint().width(),
+                               kLettersOfModem * fontMetrics().averageCharWidth());
+    ui_->columns->setSizes({std::max(0, size.width() - modem), modem});
+    restoreSizes(settings_, kColumnsKey, *ui_->columns);
+    restoreSizes(settings_, kRowsKey, *ui_->usersColumn);
 }
 
 void frmMain::readSettings()
@@ -225,6 +245,26 @@ void frmMain::startModem()
         module_.OtherComPort = module_.ActiveComPort;
         setOtherPortCaption(QStringLiteral("com%1").arg(module_.OtherComPort));
     }
+}
+
+/// Qt presses a button by the space bar alone.
+void frmMain::keyPressEvent(QKeyEvent *event)
+{
+    auto *button = qobject_cast<QAbstractButton *>(focusWidget());
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter && event->modifiers().testFlags(Qt::NoModifier) && button != nullptr) {
+        button->click();
+    } else {
+        QMainWindow::keyPressEvent(event);
+    }
+}
+
+void frmMain::wireKeys()
+{
+    onKey(*this, "F5", [this] {
+        shown(operator_, {}, [this] { recordsets_.OpenRecordsets(); });
+        VisBrukerTabell();
+    });
 }
 
 void frmMain::setVisible(bool visible)
@@ -393,4 +433,6 @@ void frmMain::saveSettings()
     settings_.save(QStringLiteral("LogoCountryCode"), module_.LogoCountryCode);
     settings_.save(QStringLiteral("HostName"), hostName());
     settings_.save(QStringLiteral("Port"), port());
+    saveSizes(settings_, kColumnsKey, *ui_->columns);
+    saveSizes(settings_, kRowsKey, *ui_->usersColumn);
 }

@@ -58,10 +58,12 @@ signals:
 protected:
     void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     // frmMain.cpp: putting together, load, focus, unload
     void wirePanels();
+    void wireKeys();
     void buildStatusBar();
     void placePanels();
     void placeWindow();
@@ -89,6 +91,7 @@ private:
     /// A click that speaks with the modem or takes it away waits for the message under way.
     void whenQueueIsIdle(const std::function<void()> &click);
     void mnuFileDatabase();
+    void useFile(const QString &path);
     void mnuFileCompactDatabase();
     void VisBrukerTabell();
 

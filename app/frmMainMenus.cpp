@@ -30,6 +30,12 @@ void onClick(QAction *action, QObject *screen, std::function<void()> handler)
                      });
 }
 
+RuntimeFailure fileWasNotChosen()
+{
+    return RuntimeFailure(
+        QCoreApplication::translate("frmMain", "Valget av database ble avbrutt."));
+}
+
 } // namespace
 
 void frmMain::wireMenus()
@@ -117,10 +123,20 @@ void frmMain::mnuFileDatabase()
     shown(operator_, {}, [this] {
         const QString path =
             operator_.chooseFile(module_.DatabasePath, QStringLiteral("Access (*.mdb);;All (*.*)"));
+        if (path.isEmpty()) {
+            throw fileWasNotChosen();
+        }
+        // The result of a message under way belongs to the file of before.
+        whenQueueIsIdle([this, path] { useFile(path); });
+    });
+}
+
+void frmMain::useFile(const QString &path)
+{
+    shown(operator_, {}, [&] {
         // The other screens show, and would write to, the file of before.
-        if (path.isEmpty() || !unloadOtherScreens()) {
-            throw RuntimeFailure(
-                QCoreApplication::translate("frmMain", "Valget av database ble avbrutt."));
+        if (!unloadOtherScreens()) {
+            throw fileWasNotChosen();
         }
         module_.DatabasePath = path;
         module_.TempDatabasePath = tempDatabasePath(path);

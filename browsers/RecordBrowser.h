@@ -155,7 +155,6 @@ private:
     void showProgress();
     QString settingsKey(const char *what) const;
     QString sortToOpenIn() const;
-    std::vector<std::pair<int, int>> columnsLeft() const;
     void restoreColumns();
     void saveColumns();
     std::vector<RowExport::Column> columnsInSight() const;

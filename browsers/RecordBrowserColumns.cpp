@@ -1,5 +1,6 @@
 #include "browsers/RecordBrowser.h"
 
+#include "browsers/StoredColumns.h"
 #include "platform/SettingsStore.h"
 #include "ui_RecordBrowser.h"
 
@@ -11,13 +12,10 @@
 #include <algorithm>
 
 // The columns of a browser: their widths and order, and the sort, as each operator has left them.
-// The settings are a text that anybody may have written to: what does not fit counts as none.
 
 namespace {
 
 constexpr int kWidestColumn = 240; // pixels, to start with
-constexpr int kNarrowest = 10;     ///< pixels that can still be taken hold of
-constexpr int kWidest = 10'000;
 
 } // namespace
 
@@ -39,28 +37,6 @@ QString RecordBrowser::sortToOpenIn() const
     return isOne ? left : QString::fromUtf8(table_.sort);
 }
 
-/// From the left, each column with its width: "2:77;0:120;…". Empty when none were left, or not
-/// each column once, with a width that it can have.
-std::vector<std::pair<int, int>> RecordBrowser::columnsLeft() const
-{
-    std::vector<std::pair<int, int>> columns;
-    std::vector<bool> missing(table_.columns.size(), true);
-    const QStringList left = settings_.get(settingsKey("Columns"), QString()).split(u';');
-    for (const QString &each : left) {
-        bool isNumber = false;
-        bool isWidth = false;
-        const auto place = each.section(u':', 0, 0).toUInt(&isNumber);
-        const int width = each.section(u':', 1).toInt(&isWidth);
-        if (!isNumber || !isWidth || place >= missing.size() || !missing[place] ||
-            width < kNarrowest || width > kWidest) {
-            return {};
-        }
-        missing[place] = false;
-        columns.emplace_back(static_cast<int>(place), width);
-    }
-    return columns.size() == missing.size() ? columns : decltype(columns)();
-}
-
 /// Widths and order as their operator left them, else as designed.
 void RecordBrowser::restoreColumns()
 {
@@ -69,7 +45,7 @@ void RecordBrowser::restoreColumns()
     }
     QTableView &grid = *ui_->grdDataGrid;
     QHeaderView &headings = *grid.horizontalHeader();
-    const auto left = columnsLeft();
+    const auto left = storedColumns(settings_, settingsKey("Columns"), table_.columns.size());
     for (int visual = 0; const auto &[place, width] : left) {
         headings.moveSection(headings.visualIndex(place), visual++);
         grid.setColumnWidth(place, width);
@@ -103,14 +79,7 @@ void RecordBrowser::saveColumns()
     if (!settled_) {
         return;
     }
-    const QTableView &grid = *ui_->grdDataGrid;
-    QStringList columns;
-    for (int visual = 0; visual < model_.columnCount(); ++visual) {
-        const int place = grid.horizontalHeader()->logicalIndex(visual);
-        const int width = grid.isColumnHidden(place) ? kNarrowest : grid.columnWidth(place);
-        columns += QStringLiteral("%1:%2").arg(place).arg(std::clamp(width, kNarrowest, kWidest));
-    }
-    settings_.save(settingsKey("Columns"), columns.join(u';'));
+    storeColumns(settings_, settingsKey("Columns"), *ui_->grdDataGrid);
 }
 
 std::vector<RowExport::Column> RecordBrowser::columnsInSight() const

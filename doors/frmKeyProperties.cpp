@@ -9,6 +9,7 @@
 #include "platform/Rules.h"
 #include "platform/RuntimeFailure.h"
 #include "platform/Text.h"
+#include "platform/qt/Keys.h"
 #include "ui_frmKeyProperties.h"
 
 #include <QApplication>
@@ -17,7 +18,6 @@
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QScrollBar>
-#include <QShortcut>
 
 // The configuration of a door as it is put together, loaded and shown. What it stores and sends is
 // in frmKeyPropertiesSend.cpp.
@@ -145,13 +145,9 @@ void frmKeyProperties::connectControls()
     connect(ui_->UpDown1, &UpDown::up, this, [this] { UpDown1_Change(true); });
     connect(ui_->UpDown1, &UpDown::down, this, [this] { UpDown1_Change(false); });
 
-    const auto onKey = [this](const char *keys, auto action) {
-        connect(new QShortcut(QKeySequence(QString::fromLatin1(keys)), this), &QShortcut::activated,
-                this, action);
-    };
-    onKey("Esc", [this] { close(); });
-    onKey("Ctrl+PgDown", [this] { UpDown1_Change(true); });
-    onKey("Ctrl+PgUp", [this] { UpDown1_Change(false); });
+    onKey(*this, "Esc", [this] { close(); });
+    onKey(*this, "Ctrl+PgDown", [this] { UpDown1_Change(true); });
+    onKey(*this, "Ctrl+PgUp", [this] { UpDown1_Change(false); });
 }
 
 bool frmKeyProperties::eventFilter(QObject *watched, QEvent *event)

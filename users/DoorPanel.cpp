@@ -3,6 +3,7 @@
 #include "data/Module1.h"
 #include "data/Recordsets.h"
 #include "platform/Rules.h"
+#include "platform/qt/Keys.h"
 #include "ui_DoorPanel.h"
 #include "users/DoorStepper.h"
 
@@ -19,6 +20,8 @@ DoorPanel::DoorPanel(Module1 &module, Recordsets &recordsets, ModemLink &modem, 
     ui_->UpDown1->setMaximumHeight(ui_->KeyTXT_0->sizeHint().height());
     connect(ui_->UpDown1, &UpDown::up, this, [this] { UpDown1_Change(DoorStep::Up); });
     connect(ui_->UpDown1, &UpDown::down, this, [this] { UpDown1_Change(DoorStep::Down); });
+    onKey(*this, "Ctrl+PgDown", [this] { UpDown1_Change(DoorStep::Up); });
+    onKey(*this, "Ctrl+PgUp", [this] { UpDown1_Change(DoorStep::Down); });
     // Its steps are left out one by one where they fail.
     connect(ui_->CmdSMSDoor, &QPushButton::clicked, this, [this] { freeSms_.toDoor(); });
 }

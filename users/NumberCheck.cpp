@@ -5,6 +5,11 @@
 #include "data/Recordsets.h"
 #include "platform/Clock.h"
 #include "platform/Operator.h"
+#include "users/Numbers.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
 
 namespace {
 
@@ -66,6 +71,37 @@ bool NumberCheck::choosePeriod(UserEntry &entry)
         entry.unreadTo.clear();
     }
     return NyePeriode;
+}
+
+QString NumberCheck::help(const QString &number) const
+{
+    const auto words = [](const char *text) {
+        return QCoreApplication::translate("NumberCheck", text);
+    };
+    const auto length = static_cast<int>(number.size());
+    const QString digits = number.startsWith(u'+') ? number.mid(1) : number;
+    if (length == 0 || number == module_.dialPrefix()) {
+        return {};
+    }
+    if (!std::ranges::all_of(digits, [](QChar each) { return each >= u'0' && each <= u'9'; })) {
+        return words("Nummeret har tegn som ikke er siffer.");
+    }
+    if (!number.startsWith(u'+')) {
+        return words("Uten «+» og landkode mister nummeret de tre første sifrene.");
+    }
+    if (length < kShortestNumber) {
+        return words("Siffer som mangler: %1").arg(kShortestNumber - length);
+    }
+    if (length > kLongestNumber) {
+        return words("Siffer for mye: %1").arg(length - kLongestNumber);
+    }
+    const Recordset &catalogue = recordsets_.rsKatalog;
+    if (!recordsets_.rsKatalog.findFirst(QStringLiteral("Bruker"), number)) {
+        return words("Nummeret står ikke i katalogen.");
+    }
+    const QStringList names{catalogue.text(QStringLiteral("Fornavn")),
+                            catalogue.text(QStringLiteral("Etternavn"))};
+    return words("I katalogen: %1").arg(names.join(u' ').trimmed());
 }
 
 bool NumberCheck::asksForNewPeriod(Recordset &rows, const QString &column, const QString &question,

@@ -23,6 +23,10 @@ public:
     /// False when the answer was a refusal.
     bool choosePeriod(UserEntry &entry);
 
+    /// For whoever is typing a number: what is missing in it, or whom the catalogue knows by it.
+    /// Empty for a number that is not begun.
+    QString help(const QString &number) const;
+
 private:
     bool asksForNewPeriod(Recordset &rows, const QString &column, const QString &question,
                           bool before, UserEntry &entry);

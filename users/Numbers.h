@@ -6,6 +6,10 @@
 // subscriber's number; the first three characters are dropped without looking at them, and in the
 // same way for any other text.
 
+// How many characters a number may have without a question, the "+" counted.
+inline constexpr int kShortestNumber = 11;
+inline constexpr int kLongestNumber = 12;
+
 /// Whether "+" and the country code stand anywhere in the number.
 bool isHomeNumber(const QString &number, const QString &countryCode);
 /// At most nine characters from the fourth: what registers a user on a door, and BrukerKort.

@@ -27,4 +27,6 @@ struct UserEntry {
     // What the row on screen holds where it is no date; then from and to are not the row's.
     QString unreadFrom = {};
     QString unreadTo = {};
+
+    bool operator==(const UserEntry &) const = default;
 };

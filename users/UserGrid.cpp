@@ -119,6 +119,16 @@ void UserGrid::sortByColumn(int column)
     sort();
 }
 
+int UserGrid::sortedColumn() const
+{
+    for (int column = 0; column < kSortByColumn.size(); ++column) {
+        if (same(kSortByColumn[column], SorteringBrukere)) {
+            return column;
+        }
+    }
+    return -1;
+}
+
 bool UserGrid::isWaitingTab(const QString &caption) const
 {
     return same(caption, module_.texts.nye);

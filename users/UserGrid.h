@@ -19,6 +19,9 @@ public:
     /// Sorts by a column of the grid, counted from 0; a column behind Status leaves the order.
     void sortByColumn(int column);
 
+    /// The column that the rows are sorted by, the first that says so; -1 for none.
+    int sortedColumn() const;
+
     /// Captions of TabStrip1: "Nye", the account words of the door's users, "Alle".
     const QStringList &tabs() const { return tabs_; }
     bool isWaitingTab(const QString &caption) const;

@@ -12,8 +12,6 @@
 
 namespace {
 
-constexpr int kFewestDigits = 11; // the "+" counted
-constexpr int kMostDigits = 12;
 constexpr int kShortestDoorNumber = 6;
 
 QString orQuestionMark(const QString &name)
@@ -97,14 +95,14 @@ void UserOperations::LagreNyBruker(const UserEntry &entry)
 
 bool UserOperations::numberIsAccepted(const QString &number)
 {
-    if (number.size() >= kFewestDigits && number.size() <= kMostDigits) {
+    if (number.size() >= kShortestNumber && number.size() <= kLongestNumber) {
         return true;
     }
     const ScreenTexts &texts = module_.texts;
     if (person_.messageBox(texts.sjekkNummer, QString(), Buttons::OkCancel) == Answer::Cancel) {
         return false;
     }
-    if (number.size() < kFewestDigits) {
+    if (number.size() < kShortestNumber) {
         person_.messageBox(texts.minstElleve, QString(), Buttons::Ok);
         return false;
     }

@@ -8,12 +8,13 @@
 #include "platform/Operator.h"
 #include "platform/Rules.h"
 #include "platform/Text.h"
+#include "platform/qt/Keys.h"
 #include "ui_UserPanel.h"
 #include "users/Balance.h"
 #include "users/UserOperations.h"
 
 #include <QCoreApplication>
-#include <QKeyEvent>
+#include <QHelpEvent>
 #include <QMenuBar>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
@@ -57,7 +58,7 @@ void fillHours(QComboBox &hours, const QString &text)
 
 UserPanel::UserPanel(Module1 &module, Recordsets &recordsets, ModemLink &modem,
                      UserOperations &users, Operator &person, Clock &clock, const Host &host,
-                     QWidget *parent)
+                     SettingsStore &settings, QWidget *parent)
     : QWidget(parent),
       module_(module),
       recordsets_(recordsets),
@@ -69,6 +70,7 @@ UserPanel::UserPanel(Module1 &module, Recordsets &recordsets, ModemLink &modem,
       freeSms_(module, recordsets, modem, person, clock),
       grid_(module, recordsets),
       model_(clock, person),
+      settings_(settings),
       dateFormat_(host.dateFormat()),
       ui_(std::make_unique<Ui::UserPanel>())
 {
@@ -110,6 +112,13 @@ void UserPanel::connectForm()
     onClick(ui_->CommandRegistrerBruker, [this] { CommandRegistrerBruker_Click(); });
     onClick(ui_->CommandSlettBruker, [this] { CommandSlettBruker_Click(); });
     onClick(ui_->CommandSendSMS, [this] { freeSms_.toUser(entry()); });
+    onClick(ui_->cmdHentTilbake, [this] { cmdHentTilbake_Click(); });
+    for (QPushButton *button : findChildren<QPushButton *>()) {
+        button->installEventFilter(this);
+    }
+    onKey(*this, "Ctrl+N", [this] { press(*ui_->cmdNyBruker); });
+    onKey(*this, "Ctrl+Return", [this] { press(*ui_->CommandRegistrerBruker); });
+    onKey(*this, "Ctrl+Enter", [this] { press(*ui_->CommandRegistrerBruker); });
 
     connect(ui_->DTPickerFrom, &QDateEdit::dateChanged, this, [this] { DTPickerFrom_Change(); });
     connect(ui_->Saldo, &QLineEdit::textChanged, this, [this] { Saldo_Change(); });
@@ -120,6 +129,7 @@ void UserPanel::connectForm()
         shown(person_, QString(), [this] { ui_->Saldo->setText(oneLess(ui_->Saldo->text())); });
     });
 
+    connect(ui_->Txtfields_0, &QLineEdit::textEdited, this, &UserPanel::numberEdited);
     connect(qApp, &QApplication::focusChanged, this, &UserPanel::focusMoved);
     ui_->Txtfields_0->installEventFilter(this);
     ui_->Txtfields_3->installEventFilter(this);
@@ -128,7 +138,18 @@ void UserPanel::connectForm()
 bool UserPanel::eventFilter(QObject *watched, QEvent *event)
 {
     const int key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent *>(event)->key() : 0;
+    if (event->type() == QEvent::Shortcut && qobject_cast<QPushButton *>(watched) != nullptr) {
+        press(static_cast<QPushButton &>(*watched)); // its letter with Alt
+        return true;
+    }
+    if (watched == ui_->TabStrip1) {
+        // The wheel would run through the accounts; Qt counts a click with any button.
+        const bool isOtherButton = event->type() == QEvent::MouseButtonPress &&
+                                   static_cast<QMouseEvent *>(event)->button() != Qt::LeftButton;
+        return event->type() == QEvent::Wheel || isOtherButton;
+    }
     if (watched == ui_->Txtfields_0 && key == Qt::Key_Escape) {
+        keepEntry();
         for (const Field field : {Number, Fornavn, Etternavn, Status, Konto}) {
             Txtfields_[field]->clear();
         }
@@ -148,6 +169,10 @@ bool UserPanel::eventFilter(QObject *watched, QEvent *event)
             DataGrid1_Click();
         } else if (event->type() == QEvent::MouseButtonDblClick) {
             RadKlikket_ = false;
+        } else if (event->type() == QEvent::Resize) {
+            layOutColumns();
+        } else if (event->type() == QEvent::ToolTip) {
+            return showWholeText(static_cast<QHelpEvent &>(*event));
         }
     }
     return QWidget::eventFilter(watched, event);
@@ -166,7 +191,7 @@ void UserPanel::changeEvent(QEvent *event)
 void UserPanel::highlightPrimaryButton()
 {
     constexpr int kHalf = 128;
-    constexpr int kStronger = 140; // per cent
+    constexpr int kStronger = 190; // per cent
     const QColor text = palette().color(QPalette::Active, QPalette::HighlightedText);
     const QColor colour = palette().color(QPalette::Active, QPalette::Highlight);
     const QColor button =
@@ -264,6 +289,7 @@ void UserPanel::setNewUserMode(bool newUser)
 
 void UserPanel::CLEAR_INPUT()
 {
+    keepEntry();
     for (const Field field : {Number, Fornavn, Etternavn, Status, Konto}) {
         Txtfields_[field]->clear();
     }
@@ -291,10 +317,71 @@ void UserPanel::refresh()
 
 void UserPanel::cmdNyBruker_Click()
 {
+    keepEntry();
     setNewUserMode(true);
     CLEAR_INPUT();
     ui_->Txtfields_0->setFocus();
     ui_->Txtfields_0->insert(module_.dialPrefix());
+}
+
+/// What is about to be cleared away, for cmdHentTilbake.
+void UserPanel::keepEntry()
+{
+    const UserEntry form = entry();
+    const bool hasNumber = !form.number.isEmpty() && form.number != module_.dialPrefix();
+    const bool isKept = kept_ == form; // in the mode that it was typed in
+    if (!isKept && (hasNumber || !form.fornavn.isEmpty() || !form.etternavn.isEmpty())) {
+        kept_ = form;
+        keptNewUserMode_ = NewUserMode_;
+    }
+    ui_->cmdHentTilbake->setEnabled(kept_.has_value());
+}
+
+/// A waiting period comes back as a new one: its row may have gone meanwhile, and its number to
+/// another's.
+void UserPanel::cmdHentTilbake_Click()
+{
+    if (!kept_) {
+        return;
+    }
+    const UserEntry form = *std::exchange(kept_, std::nullopt);
+    ui_->Txtfields_1->setFocus(); // and not the number, whose check would begin another period
+    CLEAR_INPUT();
+    setNewUserMode(keptNewUserMode_);
+    ui_->Saldo->setText(form.saldo); // it changes others
+    Txtfields_[Number]->setText(form.number);
+    ui_->FraTid->setCurrentText(form.fraTid);
+    ui_->TilTid->setCurrentText(form.tilTid);
+    showEntry(form);
+    ui_->cmdHentTilbake->setEnabled(kept_.has_value());
+}
+
+/// A number with its "+" typed or pasted behind the prefix that stands there takes its place.
+void UserPanel::numberEdited(const QString &text)
+{
+    const QString prefix = module_.dialPrefix();
+    QString number = text;
+    if (text.startsWith(prefix + u'+')) {
+        number = text.mid(prefix.size());
+        const auto cursor = static_cast<int>(ui_->Txtfields_0->cursorPosition() - prefix.size());
+        ui_->Txtfields_0->setText(number);
+        ui_->Txtfields_0->setCursorPosition(cursor);
+    }
+    QString help;
+    kept([&] { help = check_.help(number); });
+    ui_->lblHint->setText(help);
+}
+
+void UserPanel::press(QAbstractButton &button)
+{
+    if (!button.isEnabled() || !button.isVisible()) {
+        return;
+    }
+    goesOn_ = true;
+    button.setFocus(Qt::ShortcutFocusReason);
+    if (goesOn_) {
+        button.click();
+    }
 }
 
 void UserPanel::CommandRegistrerBruker_Click()
@@ -334,20 +421,20 @@ void UserPanel::Txtfields_LostFocus(int index)
     }
     const QScopedValueRollback asking(checking_, true);
     UserEntry form = entry();
-    bool goesOn = true;
+    goesOn_ = true;
     // The check ends at its first failure; what it brought until then is shown.
     skipped({[&] {
                  check_.matchCatalogue(form);
                  if (index == Number) {
-                     goesOn = check_.choosePeriod(form);
+                     goesOn_ = check_.choosePeriod(form);
                      recordsets_.OpenRecordsets();
                      VisBrukerTabell();
                  }
              },
              [&] { showEntry(form); },
-             [this, &goesOn] {
+             [this] {
                  QMetaObject::invokeMethod(
-                     this, [this, click = goesOn] { liftButtons(click); }, Qt::QueuedConnection);
+                     this, [this, click = goesOn_] { liftButtons(click); }, Qt::QueuedConnection);
              }});
 }
 

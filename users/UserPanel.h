@@ -13,9 +13,13 @@
 #include <optional>
 
 class Host;
+class QAbstractButton;
 class QDateEdit;
+class QHelpEvent;
 class QItemSelection;
+class QLabel;
 class QLineEdit;
+class SettingsStore;
 class UserOperations;
 
 namespace Ui {
@@ -27,7 +31,8 @@ class UserPanel : public QWidget {
     Q_OBJECT
 public:
     UserPanel(Module1 &module, Recordsets &recordsets, ModemLink &modem, UserOperations &users,
-              Operator &person, Clock &clock, const Host &host, QWidget *parent = nullptr);
+              Operator &person, Clock &clock, const Host &host, SettingsStore &settings,
+              QWidget *parent = nullptr);
     ~UserPanel() override;
 
     /// Rebuilds tabs and rows of the grid for the door on screen and the tab in GridFilter; the
@@ -42,6 +47,9 @@ public:
     void followDoor();
     /// The tab "Nye", as a click would; its rows come with the next VisBrukerTabell.
     void chooseWaitingTab();
+    /// What a click on the button with the mouse does: the field in use is left first, which may
+    /// ask; where the answer brings another period, nothing more is done.
+    void press(QAbstractButton &button);
     /// From the next VisBrukerTabell on the grid is sorted so.
     void setSorteringBrukere(const QString &column) { grid_.SorteringBrukere = column; }
 
@@ -58,6 +66,9 @@ private:
     void refresh();
 
     void cmdNyBruker_Click();
+    void cmdHentTilbake_Click();
+    void keepEntry();
+    void numberEdited(const QString &text);
     void CommandRegistrerBruker_Click();
     void CommandSlettBruker_Click();
     void focusMoved(QWidget *from, QWidget *to);
@@ -80,8 +91,13 @@ private:
     void showRows();
     std::vector<RecordsetModel::Column> columns() const;
     void layOutColumns();
-    void widenToDesign();
-    void makeRoomForStatus();
+    int widthNeeded(int column) const;
+    QString widthsKey() const;
+    void columnResized();
+    void rowsCame();
+    void explainEmptiness();
+    bool isCut(const QModelIndex &cell) const;
+    bool showWholeText(const QHelpEvent &help);
     void DataGrid1_Click();
     void DataGrid1_RowChange(const QItemSelection &selected);
     void fillFromRow(int row);
@@ -99,12 +115,15 @@ private:
     FreeSms freeSms_;
     UserGrid grid_;
     RecordsetModel model_;
+    SettingsStore &settings_;
     const QString dateFormat_;
     std::unique_ptr<Ui::UserPanel> ui_;
     std::array<QLineEdit *, 6> Txtfields_;
     bool NewUserMode_ = false; ///< a save makes a waiting period
     bool RadKlikket_ = false;  ///< a change of row fills the form
     bool checking_ = false;    ///< a number check is asking its questions
+    bool goesOn_ = true;       ///< the last number check left what was begun as it is
+    bool layingOut_ = false;   ///< the columns get their widths, and not from the operator
     bool returning_ = false;   ///< the grid goes back to a row: nobody has chosen it
     /// Where the grid stood, while its rows are read anew.
     struct Place {
@@ -114,5 +133,8 @@ private:
         bool isSelected = false;
     };
     std::optional<Place> place_;
-    std::optional<bool> widthsFor_; ///< layout that the columns' widths were chosen for
+    bool hasAutomaticWidths_ = false; ///< the columns under "Saldo"
+    QLabel *lblTom_ = nullptr;        ///< above an empty grid
+    std::optional<UserEntry> kept_;   ///< what the form held before it was emptied
+    bool keptNewUserMode_ = false;
 };

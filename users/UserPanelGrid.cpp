@@ -1,15 +1,20 @@
 #include "users/UserPanel.h"
 
+#include "browsers/StoredColumns.h"
 #include "data/Dates.h"
 #include "data/Module1.h"
 #include "data/Recordsets.h"
 #include "platform/Rules.h"
+#include "platform/SettingsStore.h"
+#include "platform/Text.h"
 #include "ui_UserPanel.h"
 
 #include <QCoreApplication>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -17,7 +22,7 @@ namespace {
 
 /// The columns of the grid under every tab but "Saldo", from the left.
 struct DesignedColumn {
-    int twips; ///< starting width; 0 for what its content needs
+    int twips; ///< least width to start with; 0 for what its content needs
     Qt::Alignment alignment;
     const char *label; ///< object name of the label that gives the heading; none: the column's
 };
@@ -34,18 +39,18 @@ constexpr DesignedColumn kLayout[] = {
 };
 
 constexpr int kTwipsPerPixel = 15;
-/// The columns behind these, KeyNummer and ID, name a row and say nothing to an operator.
-constexpr int kColumnsInSight = 10;
+constexpr int kWidestColumn = 240; // pixels, unless the operator wants more
+constexpr int kRowsMeasured = 100; // for the widths of the columns, beside those in sight
 constexpr int kEtternavnColumn = 1;
 constexpr int kFornavnColumn = 2;
-constexpr int kFraColumn = 3;      // Gyldig fra
-constexpr int kTilColumn = 5;      // Gyldig til
-constexpr int kNarrowestName = 64; // pixels
+constexpr int kFraColumn = 3; // Gyldig fra
+constexpr int kTilColumn = 5; // Gyldig til
 
 } // namespace
 
 void UserPanel::connectGrid()
 {
+    ui_->TabStrip1->installEventFilter(this);
     connect(ui_->TabStrip1, &QTabBar::currentChanged, this, [this] { TabStrip1_Click(); });
     // A click on the tab that is selected already is no change, but counts.
     connect(ui_->TabStrip1, &QTabBar::tabBarClicked, this, [this](int tab) {
@@ -59,11 +64,24 @@ void UserPanel::connectGrid()
     grid.installEventFilter(this);
     grid.viewport()->installEventFilter(this);
     grid.verticalHeader()->setDefaultSectionSize(grid.fontMetrics().height() + 6);
-    grid.horizontalHeader()->setSectionsClickable(true);
+    QHeaderView &headings = *grid.horizontalHeader();
+    headings.setSectionsClickable(true);
+    headings.setSortIndicatorShown(true);
+    headings.setResizeContentsPrecision(kRowsMeasured);
+    connect(&headings, &QHeaderView::sectionResized, this, &UserPanel::columnResized);
+    auto *designed = new QAction(
+        QCoreApplication::translate("UserPanel", "Kolonnebredder som fra start"), &headings);
+    designed->setObjectName(QStringLiteral("designedWidths"));
+    connect(designed, &QAction::triggered, this, [this] {
+        settings_.save(widthsKey(), QString());
+        layOutColumns();
+    });
+    headings.addAction(designed);
+    headings.setContextMenuPolicy(Qt::ActionsContextMenu);
     // A heading doesn't take the focus by itself, and the field in use would not count as left.
-    connect(grid.horizontalHeader(), &QHeaderView::sectionPressed, this,
+    connect(&headings, &QHeaderView::sectionPressed, this,
             [this] { ui_->DataGrid1->setFocus(Qt::MouseFocusReason); });
-    connect(grid.horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int column) {
+    connect(&headings, &QHeaderView::sectionClicked, this, [this](int column) {
         kept([&] {
             grid_.sortByColumn(column);
             CLEAR_INPUT();
@@ -75,6 +93,16 @@ void UserPanel::connectGrid()
             [this](const QItemSelection &selected) { DataGrid1_RowChange(selected); });
     connect(&model_, &RecordsetModel::modelAboutToBeReset, this, &UserPanel::keepPlace);
     connect(&model_, &RecordsetModel::readOn, this, &UserPanel::backToPlace);
+
+    lblTom_ = new QLabel(grid.viewport());
+    lblTom_->setObjectName(QStringLiteral("lblTom"));
+    lblTom_->setAlignment(Qt::AlignCenter);
+    lblTom_->setWordWrap(true);
+    lblTom_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    auto *above = new QVBoxLayout(grid.viewport());
+    above->addWidget(lblTom_);
+    connect(&model_, &RecordsetModel::modelReset, this, &UserPanel::rowsCame);
+    connect(&model_, &RecordsetModel::readOn, this, &UserPanel::rowsCame);
 }
 
 void UserPanel::VisBrukerTabell()
@@ -88,7 +116,7 @@ void UserPanel::VisBrukerTabell()
                      model_.showNothing();
                  }
              },
-             [this] { showTabs(); }});
+             [this] { showTabs(); }, [this] { explainEmptiness(); }});
 }
 
 /// The tab of GridFilter is selected. When there is none any more, GridFilter keeps its word, and
@@ -135,8 +163,8 @@ std::vector<RecordsetModel::Column> UserPanel::columns() const
         for (const DesignedColumn &designed : kLayout) {
             const auto *label =
                 designed.label ? findChild<QLabel *>(QString::fromLatin1(designed.label)) : nullptr;
-            columns.push_back(
-                {.heading = label ? label->text() : QString(), .alignment = designed.alignment});
+            columns.push_back({.heading = label ? label->text().remove(u'&') : QString(),
+                               .alignment = designed.alignment});
         }
     }
     for (const int day : {kFraColumn, kTilColumn}) {
@@ -145,59 +173,138 @@ std::vector<RecordsetModel::Column> UserPanel::columns() const
     return columns;
 }
 
-/// Widths to start with: as designed, but wide enough for what stands there now. From then on
-/// they are the operator's, until the tab "Saldo" comes or goes.
+/// Under "Saldo" as wide as their content, once. Elsewhere as their operator left them; else none
+/// is narrower than designed, and the names share the room that the others leave.
 void UserPanel::layOutColumns()
 {
     QTableView &grid = *ui_->DataGrid1;
-    for (int column = 0; column < model_.columnCount(); ++column) {
-        grid.setColumnHidden(column, column >= kColumnsInSight);
-    }
-    if (widthsFor_ == grid_.hasOwnLayout()) {
-        return;
-    }
-    grid.horizontalHeader()->setStretchLastSection(false); // it would keep its old width
-    grid.resizeColumnsToContents();
-    if (grid_.hasOwnLayout()) {
-        widenToDesign();
-        makeRoomForStatus();
-    }
-    grid.horizontalHeader()->setStretchLastSection(true);
+    QHeaderView &headings = *grid.horizontalHeader();
+    headings.setSortIndicator(grid_.sortedColumn(), Qt::AscendingOrder);
     // An empty or unseen grid says nothing about what its columns need and where they end.
-    if (model_.rowCount() > 0 && grid.isVisible()) {
-        widthsFor_ = grid_.hasOwnLayout();
-    }
-}
-
-void UserPanel::widenToDesign()
-{
-    QTableView &grid = *ui_->DataGrid1;
-    int column = 0;
-    for (const DesignedColumn &designed : kLayout) {
-        if (const int width = designed.twips / kTwipsPerPixel; width > 0) {
-            const int content = std::min(grid.columnWidth(column), 2 * width);
-            grid.setColumnWidth(column, std::max(width, content));
-        }
-        ++column;
-    }
-}
-
-/// Status and Saldo tell more than the end of a long name: in a narrow window the names give way.
-void UserPanel::makeRoomForStatus()
-{
-    QTableView &grid = *ui_->DataGrid1;
-    if (!grid.isVisible()) {
+    if (layingOut_ || !grid.isVisible() || model_.columnCount() == 0) {
         return;
     }
-    int missing = -grid.viewport()->width();
-    for (int column = 0; column < kColumnsInSight; ++column) {
-        missing += grid.columnWidth(column);
+    const QScopedValueRollback layingOut(layingOut_, true);
+    const bool isAutomatic = !grid_.hasOwnLayout();
+    headings.setStretchLastSection(isAutomatic);
+    if (isAutomatic) {
+        if (!hasAutomaticWidths_) {
+            grid.resizeColumnsToContents();
+            hasAutomaticWidths_ = model_.rowCount() > 0;
+        }
+        return;
     }
-    for (const int column : {kEtternavnColumn, kFornavnColumn}) {
-        const int width = grid.columnWidth(column);
-        const int spare = std::clamp((missing + 1) / 2, 0, std::max(0, width - kNarrowestName));
-        grid.setColumnWidth(column, width - spare);
+    hasAutomaticWidths_ = false;
+    const auto left =
+        storedColumns(settings_, widthsKey(), static_cast<std::size_t>(model_.columnCount()));
+    if (!left.empty()) {
+        for (const auto &[column, width] : left) {
+            grid.setColumnWidth(column, width);
+        }
+        return;
     }
+    int room = grid.viewport()->width();
+    for (int column = 0; column < model_.columnCount(); ++column) {
+        grid.setColumnWidth(column, widthNeeded(column));
+        const bool isName = column == kEtternavnColumn || column == kFornavnColumn;
+        room -= isName ? 0 : grid.columnWidth(column);
+    }
+    const int last = grid.columnWidth(kEtternavnColumn);
+    const int first = grid.columnWidth(kFornavnColumn);
+    const int half = room / 2;
+    int share = half; // of the last name
+    if (last + first <= room) {
+        share = last + (room - last - first) / 2;
+    } else if (last < half || first < half) {
+        share = last < half ? last : room - first;
+    }
+    const int least = kLayout[kEtternavnColumn].twips / kTwipsPerPixel;
+    grid.setColumnWidth(kEtternavnColumn, std::max(share, least));
+    grid.setColumnWidth(kFornavnColumn, std::max(room - share, least));
+}
+
+/// For heading and content, and no less than designed.
+int UserPanel::widthNeeded(int column) const
+{
+    const QHeaderView &headings = *ui_->DataGrid1->horizontalHeader();
+    const int margin = style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, &headings);
+    const int arrow = column == headings.sortIndicatorSection()
+                          ? margin + style()->pixelMetric(QStyle::PM_HeaderMarkSize)
+                          : 0;
+    const QString heading = model_.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+    const int headed = headings.fontMetrics().horizontalAdvance(heading) + 3 * margin + arrow;
+    const QAbstractItemView &grid = *ui_->DataGrid1; // QTableView keeps this one to itself
+    const int needed = std::max(headed, grid.sizeHintForColumn(column) + 1);
+    const bool isDesigned = column < static_cast<int>(std::size(kLayout));
+    const int designed = isDesigned ? kLayout[column].twips / kTwipsPerPixel : 0;
+    return std::max(designed, std::min(needed, kWidestColumn));
+}
+
+/// The tab "Nye" has columns of its own.
+QString UserPanel::widthsKey() const
+{
+    return grid_.showsWaiting() ? QStringLiteral("NyeColumns") : QStringLiteral("UserColumns");
+}
+
+void UserPanel::columnResized()
+{
+    if (!layingOut_ && grid_.hasOwnLayout() && ui_->DataGrid1->isVisible()) {
+        storeColumns(settings_, widthsKey(), *ui_->DataGrid1);
+    }
+}
+
+void UserPanel::rowsCame()
+{
+    layOutColumns();
+    explainEmptiness();
+}
+
+/// An empty table says why it is empty, and what to do.
+void UserPanel::explainEmptiness()
+{
+    const QString door = recordsets_.doorNumber();
+    QString text;
+    if (!grid_.rows().isOpen()) {
+        text = QCoreApplication::translate("UserPanel", "Brukerne kunne ikke leses.");
+    } else if (door.isEmpty()) {
+        text = QCoreApplication::translate(
+            "UserPanel", "Ingen dør er valgt. Legg inn en dør i listen over dører.");
+    } else if (grid_.showsWaiting()) {
+        text = QCoreApplication::translate("UserPanel", "Ingen perioder venter på denne døren.");
+    } else if (same(module_.GridFilter, module_.texts.alle)) {
+        text =
+            QCoreApplication::translate(
+                "UserPanel", "Døren har ingen brukere ennå. Trykk «%1» for å legge inn den første.")
+                .arg(ui_->cmdNyBruker->text().remove(u'&'));
+    } else {
+        text = QCoreApplication::translate("UserPanel",
+                                           "Ingen brukere har denne kontoen. Velg en annen fane.");
+    }
+    lblTom_->setText(text);
+    lblTom_->setVisible(model_.rowCount() == 0 && !model_.isReading());
+}
+
+/// Whether the end of the text is out of sight.
+bool UserPanel::isCut(const QModelIndex &cell) const
+{
+    const QTableView &grid = *ui_->DataGrid1;
+    const int margins = 2 * (grid.style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1);
+    return grid.fontMetrics().horizontalAdvance(cell.data().toString()) + margins >
+           grid.columnWidth(cell.column());
+}
+
+/// What a cell has no room for.
+bool UserPanel::showWholeText(const QHelpEvent &help)
+{
+    const QModelIndex cell = ui_->DataGrid1->indexAt(help.pos());
+    if (!cell.isValid() || !isCut(cell)) {
+        return false;
+    }
+    QToolTip::showText(
+        help.globalPos(),
+        QStringLiteral("<span>%1</span>").arg(cell.data().toString().toHtmlEscaped()),
+        ui_->DataGrid1->viewport(), ui_->DataGrid1->visualRect(cell));
+    return true;
 }
 
 QString UserPanel::selectedTab() const
@@ -214,6 +321,7 @@ void UserPanel::chooseWaitingTab()
 void UserPanel::TabStrip1_Click()
 {
     const QString caption = selectedTab();
+    keepEntry();
     setNewUserMode(grid_.isWaitingTab(caption));
     module_.GridFilter = caption;
     VisBrukerTabell();

@@ -5,6 +5,8 @@
 #include "doors/frmKEY.h"
 #include "doors/frmKeyProperties.h"
 #include "platform/RuntimeFailure.h"
+#include "platform/qt/ScreenStyle.h"
+#include "screens/Looks.h"
 #include "support/Bench.h"
 #include "support/Corpus.h"
 #include "support/FarModem.h"
@@ -54,6 +56,7 @@ public:
     Stage() : FarModem(static_cast<FakeMachine &>(*this))
     {
         QLocale::setDefault(QLocale::c());
+        QApplication::setPalette(QApplication::style()->standardPalette());
         qApp->installEventFilter(&closings_);
         database_.use(module);
         settings.values[u"dbpath"_qs] = database_.path();
@@ -96,7 +99,10 @@ public:
              [&] { named(name).setFocus(), QTest::keySequence(&named(name), QKeySequence(what)); }},
             {u"click"_qs, [&] { click(object(name), what); }},
             {u"doubleclick"_qs, [&] { click(object(name), what, true); }},
+            {u"rightclick"_qs, [&] { click(object(name), what, false, Qt::RightButton); }},
+            {u"wheel"_qs, [&] { wheel(named(name)); }},
             {u"refresh"_qs, [] {}},
+            {u"picture"_qs, [&] { screen_->grab().save(rest); }},
             {u"wait"_qs, [&] { clock.run(corpusTime(rest)); }},
             {u"box"_qs, [&] { box(rest); }},
             {u"run"_qs, [&] { run(name, what); }},
@@ -156,7 +162,8 @@ private:
     {
         auto screen = std::make_unique<QSplitter>(Qt::Vertical);
         auto *doors = new DoorPanel(module, recordsets, link, person, clock, screen.get());
-        panel_ = new UserPanel(module, recordsets, link, users_, person, clock, host, screen.get());
+        panel_ = new UserPanel(module, recordsets, link, users_, person, clock, host, settings,
+                               screen.get());
         recordsets.display = [doors] { doors->display(); };
         QObject::connect(doors, &DoorPanel::doorChosen, panel_, &UserPanel::followDoor);
         screen->resize(700, 600);
@@ -266,7 +273,8 @@ private:
     }
     /// An entry of a menu; a button; a tab by its caption; a row of a grid, or "heading 7"; the
     /// entry of a list or the arrow of a stepper by its number.
-    void click(QObject &clicked, const QString &what, bool twice = false)
+    void click(QObject &clicked, const QString &what, bool twice = false,
+               Qt::MouseButton button = Qt::LeftButton)
     {
         if (auto *entry = qobject_cast<QAction *>(&clicked)) {
             entry->isVisible() ? entry->trigger() : throw std::runtime_error("not to be seen");
@@ -297,8 +305,16 @@ private:
             target = control.findChildren<QAbstractButton *>().at(number);
             place = target->rect().center();
         }
-        twice ? QTest::mouseDClick(target, Qt::LeftButton, {}, place)
-              : QTest::mouseClick(target, Qt::LeftButton, {}, place);
+        twice ? QTest::mouseDClick(target, button, {}, place)
+              : QTest::mouseClick(target, button, {}, place);
+    }
+    /// One notch towards the operator.
+    static void wheel(QWidget &control)
+    {
+        const QPointF place = control.rect().center();
+        QWheelEvent event(place, control.mapToGlobal(place), {}, {0, -120}, Qt::NoButton, {},
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&control, &event);
     }
     /// All of the next box: how long it stands open, [title] "text", then the answer to a question
     /// or "=" and what is typed.
@@ -338,6 +354,7 @@ private:
             {u"load"_qs, [&] { load(); }},
             {u"close"_qs, [&] { screen_->close(); }},
             {u"minimise"_qs, [&] { screen_->showMinimized(); }},
+            {u"dark"_qs, [&] { QApplication::setPalette(QPalette(0x353535, 0x2D2D2D)); }},
             {u"leave"_qs, [&] { other_.show(), QApplication::setActiveWindow(&other_); }},
             {u"return"_qs, [&] { QApplication::setActiveWindow(screen_); }},
             {u"ask"_qs, [&] { ask(); }},
@@ -493,6 +510,8 @@ private:
             for (int tab = 0; tab < tabs->count(); ++tab) {
                 several += tabs->tabText(tab);
             }
+        } else if (what == u"faults") {
+            several += faultsOf(*screen_);
         } else if (name == u"file") {
             several += content(property);
         } else if (name == u"setting") {
@@ -543,6 +562,7 @@ TEST(Screens, StandAsTheirScriptsSay)
 {
     const std::vector<CorpusCase> all = corpusCases(u"screens"_qs);
     EXPECT_GE(all.size(), 100U);
+    QApplication::setStyle(new ScreenStyle);
     const std::string wanted = qEnvironmentVariable("LUKORA_TRANSCRIPT").toStdString();
     for (const CorpusCase &each : all) {
         if (each.name.find(wanted) == std::string::npos) {

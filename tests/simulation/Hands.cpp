@@ -290,6 +290,14 @@ void Site::others(const Step &step)
     }
 }
 
+void Site::breaks(SimulatedModem &modem, const ModemFaults &faults)
+{
+    if (modem.faults().firstPlace != faults.firstPlace) {
+        witness_.placesChange(modem.store());
+    }
+    modem.faults() = faults;
+}
+
 void Site::breakThings(const Step &step)
 {
     World &world = *world_;
@@ -302,11 +310,14 @@ void Site::breakThings(const Step &step)
         faultySince_ = world.clock.elapsed() + longTime;
     }
     switch (step.act) {
-    case Act::Fault:
-        addPersonality(one.faults(), faults[step.a % faults.size()]);
-        one.faults().unsolicited = kNotices[step.b % (std::size(kNotices) - 1)];
-        world.clock.after(longTime, [&one] { one.faults() = {}; });
+    case Act::Fault: {
+        ModemFaults broken = one.faults();
+        addPersonality(broken, faults[step.a % faults.size()]);
+        broken.unsolicited = kNotices[step.b % (std::size(kNotices) - 1)];
+        breaks(one, broken);
+        world.clock.after(longTime, [this, &one] { breaks(one, {}); });
         break;
+    }
     case Act::Restart:
         one.faults().forgetsTextMode = step.b % 2 == 0;
         one.restart(step.a % 3 != 0);
@@ -383,7 +394,7 @@ void Site::settle()
 {
     World &world = *world_;
     for (int i = 0; i < kModems; ++i) {
-        modem(i).faults() = {};
+        breaks(modem(i), {});
     }
     fates_.clear();
     disk_.mend();

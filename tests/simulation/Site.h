@@ -78,6 +78,7 @@ private:
     void operate(const Step &step);
     void others(const Step &step);
     void breakThings(const Step &step);
+    void breaks(SimulatedModem &modem, const ModemFaults &faults);
     Answer answerBox(const QString &text);
 
     // The operator's hands.

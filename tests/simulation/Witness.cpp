@@ -203,14 +203,19 @@ void Witness::setTrouble(bool troubled)
     paced_ = paced_ && !troubled;
 }
 
+void Witness::placesChange(const MessageStore &store)
+{
+    for (const auto &[place, record] : store.records()) {
+        ++messages_[messageKey(record.number, record.stamp.toString(u"yy/MM/dd,HH:mm:ss"),
+                               QString::fromLatin1(record.text))]
+              .again;
+    }
+}
+
 void Witness::programEnded(const std::vector<const MessageStore *> &stores)
 {
     for (const MessageStore *store : stores) {
-        for (const auto &[place, record] : store->records()) {
-            ++messages_[messageKey(record.number, record.stamp.toString(u"yy/MM/dd,HH:mm:ss"),
-                                   QString::fromLatin1(record.text))]
-                  .again;
-        }
+        placesChange(*store);
     }
     // The result of a submission may have come to nobody.
     const bool wasTroubled = std::exchange(troubled_, false);

@@ -39,6 +39,8 @@ public:
     void setTrouble(bool troubled);
     /// The program ended, whichever way, with these records left in the stores.
     void programEnded(const std::vector<const MessageStore *> &stores);
+    /// The modem numbers what lies in its store anew: it comes as other records.
+    void placesChange(const MessageStore &store);
     /// A box stood open since then, over whatever was under way.
     void boxClosed(milliseconds opened);
     /// What stands half in this modem's line will never be ended.
@@ -51,7 +53,7 @@ public:
 
     struct Fate {
         int removed = 0; ///< so many of them have left a modem
-        int again = 0;   ///< so often a new run may have met one that was filed already
+        int again = 0;   ///< so often one that was filed already may have come again
     };
     const std::map<MessageKey, Fate> &messages() const { return messages_; }
 

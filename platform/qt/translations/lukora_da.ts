@@ -15,6 +15,58 @@
         <source>Brukeren står ikke lenger i tabellen.</source>
         <translation>Brugeren står ikke længere i tabellen.</translation>
     </message>
+    <message>
+        <source>Kolonnebredder som fra start</source>
+        <translation>Kolonnebredder som fra start</translation>
+    </message>
+    <message>
+        <source>Brukerne kunne ikke leses.</source>
+        <translation>Brugerne kunne ikke læses.</translation>
+    </message>
+    <message>
+        <source>Ingen dør er valgt. Legg inn en dør i listen over dører.</source>
+        <translation>Ingen dør er valgt. Opret en dør i listen over døre.</translation>
+    </message>
+    <message>
+        <source>Ingen perioder venter på denne døren.</source>
+        <translation>Ingen perioder venter på denne dør.</translation>
+    </message>
+    <message>
+        <source>Døren har ingen brukere ennå. Trykk «%1» for å legge inn den første.</source>
+        <translation>Døren har endnu ingen brugere. Tryk på »%1« for at oprette den første.</translation>
+    </message>
+    <message>
+        <source>Ingen brukere har denne kontoen. Velg en annen fane.</source>
+        <translation>Ingen brugere har denne konto. Vælg en anden fane.</translation>
+    </message>
+    <message>
+        <source>Hent tilbake</source>
+        <translation>Hent tilbage</translation>
+    </message>
+    <message>
+        <source>Henter tilbake det som sto i feltene før de ble tømt</source>
+        <translation>Henter det tilbage, der stod i felterne, før de blev tømt</translation>
+    </message>
+    <message>
+        <source>Én adgang mer</source>
+        <translation>Én adgang mere</translation>
+    </message>
+    <message>
+        <source>Én adgang mindre</source>
+        <translation>Én adgang mindre</translation>
+    </message>
+    <message>
+        <source>Antall adganger</source>
+        <translation>Antal adgange</translation>
+    </message>
+    <message>
+        <source>Kontofaner</source>
+        <translation>Kontofaner</translation>
+    </message>
+    <message>
+        <source>Brukere</source>
+        <translation>Brugere</translation>
+    </message>
 </context>
 <context>
     <name>Commands</name>
@@ -994,6 +1046,75 @@
     <message>
         <source>Det er ikke mer plass på disken.</source>
         <translation>Der er ikke mere plads på disken.</translation>
+    </message>
+</context>
+<context>
+    <name>NumberCheck</name>
+    <message>
+        <source>Nummeret har tegn som ikke er siffer.</source>
+        <translation>Nummeret har tegn, der ikke er cifre.</translation>
+    </message>
+    <message>
+        <source>Uten «+» og landkode mister nummeret de tre første sifrene.</source>
+        <translation>Uden »+« og landekode mister nummeret de tre første cifre.</translation>
+    </message>
+    <message>
+        <source>Siffer som mangler: %1</source>
+        <translation>Cifre, der mangler: %1</translation>
+    </message>
+    <message>
+        <source>Siffer for mye: %1</source>
+        <translation>Cifre for meget: %1</translation>
+    </message>
+    <message>
+        <source>Nummeret står ikke i katalogen.</source>
+        <translation>Nummeret står ikke i kataloget.</translation>
+    </message>
+    <message>
+        <source>I katalogen: %1</source>
+        <translation>I kataloget: %1</translation>
+    </message>
+</context>
+<context>
+    <name>DoorPanel</name>
+    <message>
+        <source>Neste dør</source>
+        <translation>Næste dør</translation>
+    </message>
+    <message>
+        <source>Forrige dør</source>
+        <translation>Forrige dør</translation>
+    </message>
+    <message>
+        <source>Dørens nummer</source>
+        <translation>Dørens nummer</translation>
+    </message>
+</context>
+<context>
+    <name>ReceivedPanel</name>
+    <message>
+        <source>Nyere melding</source>
+        <translation>Nyere meddelelse</translation>
+    </message>
+    <message>
+        <source>Eldre melding</source>
+        <translation>Ældre meddelelse</translation>
+    </message>
+    <message>
+        <source>Meldingens nummer</source>
+        <translation>Meddelelsens nummer</translation>
+    </message>
+    <message>
+        <source>Avsenderens navn</source>
+        <translation>Afsenderens navn</translation>
+    </message>
+    <message>
+        <source>Telefonen er på</source>
+        <translation>Telefonen er tændt</translation>
+    </message>
+    <message>
+        <source>Telefonen er av</source>
+        <translation>Telefonen er slukket</translation>
     </message>
 </context>
 </TS>

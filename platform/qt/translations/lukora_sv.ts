@@ -15,6 +15,58 @@
         <source>Brukeren står ikke lenger i tabellen.</source>
         <translation>Användaren står inte längre i tabellen.</translation>
     </message>
+    <message>
+        <source>Kolonnebredder som fra start</source>
+        <translation>Ursprungliga kolumnbredder</translation>
+    </message>
+    <message>
+        <source>Brukerne kunne ikke leses.</source>
+        <translation>Användarna kunde inte läsas.</translation>
+    </message>
+    <message>
+        <source>Ingen dør er valgt. Legg inn en dør i listen over dører.</source>
+        <translation>Ingen dörr är vald. Lägg in en dörr i listan över dörrar.</translation>
+    </message>
+    <message>
+        <source>Ingen perioder venter på denne døren.</source>
+        <translation>Inga perioder väntar på den här dörren.</translation>
+    </message>
+    <message>
+        <source>Døren har ingen brukere ennå. Trykk «%1» for å legge inn den første.</source>
+        <translation>Dörren har inga användare ännu. Tryck på ”%1” för att lägga in den första.</translation>
+    </message>
+    <message>
+        <source>Ingen brukere har denne kontoen. Velg en annen fane.</source>
+        <translation>Inga användare har det här kontot. Välj en annan flik.</translation>
+    </message>
+    <message>
+        <source>Hent tilbake</source>
+        <translation>Hämta tillbaka</translation>
+    </message>
+    <message>
+        <source>Henter tilbake det som sto i feltene før de ble tømt</source>
+        <translation>Hämtar tillbaka det som stod i fälten innan de tömdes</translation>
+    </message>
+    <message>
+        <source>Én adgang mer</source>
+        <translation>Ett tillträde till</translation>
+    </message>
+    <message>
+        <source>Én adgang mindre</source>
+        <translation>Ett tillträde mindre</translation>
+    </message>
+    <message>
+        <source>Antall adganger</source>
+        <translation>Antal tillträden</translation>
+    </message>
+    <message>
+        <source>Kontofaner</source>
+        <translation>Kontoflikar</translation>
+    </message>
+    <message>
+        <source>Brukere</source>
+        <translation>Användare</translation>
+    </message>
 </context>
 <context>
     <name>Commands</name>
@@ -994,6 +1046,75 @@
     <message>
         <source>Det er ikke mer plass på disken.</source>
         <translation>Det finns inte mer plats på disken.</translation>
+    </message>
+</context>
+<context>
+    <name>NumberCheck</name>
+    <message>
+        <source>Nummeret har tegn som ikke er siffer.</source>
+        <translation>Numret har tecken som inte är siffror.</translation>
+    </message>
+    <message>
+        <source>Uten «+» og landkode mister nummeret de tre første sifrene.</source>
+        <translation>Utan ”+” och landskod förlorar numret de tre första siffrorna.</translation>
+    </message>
+    <message>
+        <source>Siffer som mangler: %1</source>
+        <translation>Siffror som saknas: %1</translation>
+    </message>
+    <message>
+        <source>Siffer for mye: %1</source>
+        <translation>Siffror för mycket: %1</translation>
+    </message>
+    <message>
+        <source>Nummeret står ikke i katalogen.</source>
+        <translation>Numret finns inte i katalogen.</translation>
+    </message>
+    <message>
+        <source>I katalogen: %1</source>
+        <translation>I katalogen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>DoorPanel</name>
+    <message>
+        <source>Neste dør</source>
+        <translation>Nästa dörr</translation>
+    </message>
+    <message>
+        <source>Forrige dør</source>
+        <translation>Föregående dörr</translation>
+    </message>
+    <message>
+        <source>Dørens nummer</source>
+        <translation>Dörrens nummer</translation>
+    </message>
+</context>
+<context>
+    <name>ReceivedPanel</name>
+    <message>
+        <source>Nyere melding</source>
+        <translation>Nyare meddelande</translation>
+    </message>
+    <message>
+        <source>Eldre melding</source>
+        <translation>Äldre meddelande</translation>
+    </message>
+    <message>
+        <source>Meldingens nummer</source>
+        <translation>Meddelandets nummer</translation>
+    </message>
+    <message>
+        <source>Avsenderens navn</source>
+        <translation>Avsändarens namn</translation>
+    </message>
+    <message>
+        <source>Telefonen er på</source>
+        <translation>Telefonen är på</translation>
+    </message>
+    <message>
+        <source>Telefonen er av</source>
+        <translation>Telefonen är av</translation>
     </message>
 </context>
 </TS>
