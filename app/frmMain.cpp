@@ -53,6 +53,7 @@ frmMain::frmMain(Clock &clock, Operator &person, SettingsStore &settings, const 
     : clock_(clock),
       operator_(person),
       settings_(settings),
+      host_(host),
       MSComm1_(MSComm1),
       module_(module),
       ui_(std::make_unique<Ui::frmMain>()),

@@ -128,6 +128,7 @@ private:
     Clock &clock_;
     Operator &operator_;
     SettingsStore &settings_;
+    const Host &host_;
     SerialPort &MSComm1_;
     Module1 &module_;
     std::unique_ptr<Ui::frmMain> ui_;

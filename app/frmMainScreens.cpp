@@ -1,3 +1,4 @@
+#include "app/frmAbout.h"
 #include "app/frmMain.h"
 #include "browsers/frmBrukere.h"
 #include "data/Module1.h"
@@ -56,6 +57,8 @@ void frmMain::wireScreens()
     });
     opens(ui_->mnuSpråkLanguage,
           [tools] { return std::make_unique<RecordBrowser>(kLanguageTable, tools); });
+    opens(ui_->mnuHelpAbout,
+          [this] { return std::make_unique<frmAbout>(module_, operator_, host_); });
 }
 
 template <class Make> void frmMain::openScreen(const Make &make, QAction *entry)

@@ -4,7 +4,6 @@
 #include "platform/Clock.h"
 #include "ui_frmSplash.h"
 
-#include <QCoreApplication>
 #include <QScreen>
 
 namespace {
@@ -19,14 +18,9 @@ frmSplash::frmSplash(Clock &clock)
       Timer1_(clock.timer([this] { close(); }))
 {
     ui_->setupUi(this);
-    ui_->picIcon->setPixmap(programIcon().pixmap(QSize(96, 96), devicePixelRatioF()));
-    ui_->lblVersion->setText(QStringLiteral("Version ") + QCoreApplication::applicationVersion());
-    ui_->picLogoBRENVIK->setPixmap(brandMark(QStringLiteral("BRENVIK"), devicePixelRatioF()));
     // The resellers' marks stay hidden here for every LogoCountryCode; only the about screen has
     // an exception, and only for one of them.
-    for (QLabel *reseller : {ui_->picLogoOSTRAND, ui_->picLogoVESKO, ui_->picLogoZEM}) {
-        reseller->hide();
-    }
+    showBrand(*this);
     ui_->S->hide();
     Timer1_->setInterval(kStands);
 }

@@ -19,4 +19,7 @@ public:
     virtual QString comPortDevice(int number) const = 0;
     /// The serial ports that the machine has, by name, for the operator to choose from.
     virtual QStringList serialPorts() const = 0;
+    /// Starts the system's own program that tells of the machine, and does not wait for it; false
+    /// when there is none, or it does not start.
+    virtual bool startSystemInformation() const = 0;
 };

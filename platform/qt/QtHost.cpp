@@ -2,7 +2,9 @@
 
 #include <QFileInfo>
 #include <QLocale>
+#include <QProcess>
 #include <QSerialPortInfo>
+#include <QSettings>
 #include <QStandardPaths>
 #include <QSysInfo>
 
@@ -12,6 +14,29 @@
 #include <pwd.h>
 #include <unistd.h>
 #endif
+
+namespace {
+
+/// The programs that may tell of the machine, the best first, with their arguments.
+QList<QStringList> systemInformation()
+{
+#ifdef Q_OS_WIN
+    const QSettings installed(QStringLiteral("HKEY_LOCAL_MACHINE\\SOFTWARE\\Microsoft"),
+                              QSettings::NativeFormat);
+    const QString program = installed.value(QStringLiteral("Shared Tools/MSInfo/PATH")).toString();
+    const QString folder =
+        installed.value(QStringLiteral("Shared Tools Location/MSINFO")).toString();
+    return {{program}, {folder + QStringLiteral("\\MSINFO32.EXE")}};
+#else
+    return {{QStringLiteral("kinfocenter")},
+            {QStringLiteral("hardinfo2")},
+            {QStringLiteral("hardinfo")},
+            {QStringLiteral("gnome-control-center"), QStringLiteral("info-overview")},
+            {QStringLiteral("cinnamon-settings"), QStringLiteral("info")}};
+#endif
+}
+
+} // namespace
 
 QString fullDateFormat(const QString &shortFormat)
 {
@@ -80,4 +105,15 @@ QStringList QtHost::serialPorts() const
         names.append(port.portName());
     }
     return names;
+}
+
+bool QtHost::startSystemInformation() const
+{
+    for (const QStringList &command : systemInformation()) {
+        const QString program = QStandardPaths::findExecutable(command.first());
+        if (!program.isEmpty() && QProcess::startDetached(program, command.mid(1))) {
+            return true;
+        }
+    }
+    return false;
 }

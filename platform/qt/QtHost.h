@@ -15,4 +15,5 @@ public:
     QString dateFormat() const override;
     QString comPortDevice(int number) const override;
     QStringList serialPorts() const override;
+    bool startSystemInformation() const override;
 };

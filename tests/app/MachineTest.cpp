@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QStandardPaths>
 #include <QTcpServer>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <arpa/inet.h>
@@ -46,6 +47,17 @@ TEST(ComPorts, FollowTheirLinkWhereThereIsOne)
     EXPECT_EQ(host.comPortDevice(7), link);
     QFile::remove(link);
     QStandardPaths::setTestModeEnabled(false);
+}
+
+TEST(SystemInformation, IsTheFirstKnownProgramThatIsThere)
+{
+    const QTemporaryDir folder;
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", QFile::encodeName(folder.path()));
+    EXPECT_FALSE(QtHost().startSystemInformation());
+    ASSERT_TRUE(QFile::link(u"/bin/true"_qs, folder.filePath(u"hardinfo"_qs)));
+    EXPECT_TRUE(QtHost().startSystemInformation());
+    qputenv("PATH", path);
 }
 
 TEST(SerialPortOfTheMachine, CarriesEveryByteAndFailsOnceWhenTheDeviceGoes)

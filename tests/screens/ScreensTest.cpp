@@ -57,6 +57,7 @@ public:
     {
         QLocale::setDefault(QLocale::c());
         QApplication::setPalette(QApplication::style()->standardPalette());
+        QCoreApplication::setApplicationVersion(u"1.2.3"_qs);
         qApp->installEventFilter(&closings_);
         database_.use(module);
         settings.values[u"dbpath"_qs] = database_.path();
@@ -277,7 +278,8 @@ private:
                Qt::MouseButton button = Qt::LeftButton)
     {
         if (auto *entry = qobject_cast<QAction *>(&clicked)) {
-            entry->isVisible() ? entry->trigger() : throw std::runtime_error("not to be seen");
+            entry->isVisible() && entry->isEnabled() ? entry->trigger()
+                                                     : throw std::runtime_error("not to be had");
             return;
         }
         auto &control = dynamic_cast<QWidget &>(clicked);
@@ -366,6 +368,7 @@ private:
             {u"copy"_qs, [&] { QFile::copy(database_.path(), database_.filePath(fields)); }},
             {u"letGo"_qs, [&] { database_.letGo(); }},
             {u"alone"_qs, [&] { database_.letGo(), FileUse::alone(database_.path()); }},
+            {u"findSystemInformation"_qs, [&] { host.hasSystemInformation = true; }},
             {u"report"_qs, [&] { module.RefreshPending = true; }}};
         const auto day = [](const QString &text) { return QDate::fromString(text, kDays); };
         if (const QStringList all = fields.split(u'|'); all.size() == 11) {

@@ -88,10 +88,12 @@ public:
     QString dateFormat() const override { return format; }
     QString comPortDevice(int number) const override { return u"COM%1"_qs.arg(number); }
     QStringList serialPorts() const override { return {u"COM1"_qs, u"COM7"_qs}; }
+    bool startSystemInformation() const override { return hasSystemInformation; }
 
     QString user = QStringLiteral("Hovedoperatør");
     QString computer = QStringLiteral("KONTOR-1");
     QString format = QStringLiteral("dd/MM/yyyy");
+    bool hasSystemInformation = false;
 };
 
 class MemorySettings : public SettingsStore {

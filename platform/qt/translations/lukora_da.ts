@@ -330,6 +330,13 @@
     </message>
 </context>
 <context>
+    <name>frmAbout</name>
+    <message>
+        <source>&amp;Systeminformasjon...</source>
+        <translation>&amp;Systeminformation...</translation>
+    </message>
+</context>
+<context>
     <name>frmLogin</name>
     <message>
         <source>&amp;Bruker:</source>
