@@ -25,9 +25,7 @@ bool Application::start()
             machine_.settings.get(QStringLiteral("CountryCode"), QStringLiteral("47"));
         module_.LogoCountryCode =
             machine_.settings.get(QStringLiteral("LogoCountryCode"), QStringLiteral("0"));
-        if (onLanguage) {
-            onLanguage(module_.CountryCode);
-        }
+        setLanguage(module_.CountryCode);
         if (!login()) {
             return;
         }
@@ -55,16 +53,23 @@ void Application::showSplash()
     waitWhileVisible(screen);
 }
 
+void Application::setLanguage(const QString &CountryCode)
+{
+    if (onLanguage) {
+        onLanguage(CountryCode);
+    }
+}
+
 void Application::openMainScreen()
 {
+    // Its captions come as designed, in Norwegian: the language pass starts from there.
+    setLanguage(QStringLiteral("47"));
     frmMain_ =
         std::make_unique<frmMain>(machine_.clock, machine_.person, machine_.settings, machine_.host,
                                   machine_.MSComm1, machine_.Winsock1, module_);
-    QObject::connect(frmMain_.get(), &frmMain::languageChanged, [this](const QString &CountryCode) {
-        if (onLanguage) {
-            onLanguage(CountryCode);
-        }
-    });
+    setLanguage(module_.CountryCode);
+    QObject::connect(frmMain_.get(), &frmMain::languageChanged,
+                     [this](const QString &CountryCode) { setLanguage(CountryCode); });
     module_.GridFilter = QStringLiteral("1");
     // The load starts the modem, and a box that it opens may stand for hours: without the tables
     // every message that comes meanwhile would be filed without its text.

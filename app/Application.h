@@ -48,6 +48,7 @@ public:
 
 private:
     bool login();
+    void setLanguage(const QString &CountryCode);
     void showSplash();
     void openMainScreen();
     void waitWhileVisible(const QWidget &screen);

@@ -1,11 +1,11 @@
 #include "app/BrandMarks.h"
 
-#include <QCoreApplication>
 #include <QFont>
 #include <QFontMetrics>
-#include <QLabel>
 #include <QPainter>
 #include <QPainterPath>
+
+#include <cmath>
 
 namespace {
 
@@ -43,33 +43,6 @@ void paintDoor(QPainter &painter)
     }
 }
 
-/// The mark of a maker or reseller: its name on a plate of its own colour, for a screen of the
-/// given scale.
-QPixmap brandMark(const Brand &brand, qreal devicePixelRatio)
-{
-    const QString name = brand.name.toString();
-    QFont font;
-    font.setPixelSize(15);
-    font.setBold(true);
-    font.setLetterSpacing(QFont::AbsoluteSpacing, 3);
-    const QSize size(QFontMetrics(font).horizontalAdvance(name) + 30, 32);
-
-    QPixmap picture(size * devicePixelRatio);
-    picture.setDevicePixelRatio(devicePixelRatio);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(brand.plate);
-    painter.drawRoundedRect(QRect(QPoint(0, 0), size), 6, 6);
-    painter.setBrush(kSignal);
-    painter.drawRect(14, 25, size.width() - 30, 2);
-    painter.setPen(Qt::white);
-    painter.setFont(font);
-    painter.drawText(QRect(15, 0, size.width() - 15, 26), Qt::AlignVCenter | Qt::AlignLeft, name);
-    return picture;
-}
-
 } // namespace
 
 QIcon programIcon()
@@ -88,18 +61,30 @@ QIcon programIcon()
     return icon;
 }
 
-void showBrand(QWidget &screen, const QString &reseller)
+QPixmap brandMark(const QString &name, qreal devicePixelRatio)
 {
-    const auto label = [&screen](const QString &name) { return screen.findChild<QLabel *>(name); };
-    const qreal ratio = screen.devicePixelRatioF();
-    label(QStringLiteral("picIcon"))->setPixmap(programIcon().pixmap(QSize(96, 96), ratio));
-    label(QStringLiteral("lblVersion"))
-        ->setText(QStringLiteral("Version ") + QCoreApplication::applicationVersion());
+    QColor plate = kNight;
     for (const Brand &brand : kBrands) {
-        const QString name = brand.name.toString();
-        QLabel *mark = label(QStringLiteral("picLogo") + name);
-        mark->setPixmap(brandMark(brand, ratio));
-        mark->setAccessibleName(name);
-        mark->setVisible(name == kBrands[0].name || name == reseller);
+        plate = brand.name == name ? brand.plate : plate;
     }
+    QFont font;
+    font.setPixelSize(15);
+    font.setBold(true);
+    font.setLetterSpacing(QFont::AbsoluteSpacing, 3);
+    const QSize size(QFontMetrics(font).horizontalAdvance(name) + 30, 32);
+
+    QPixmap picture(size * devicePixelRatio);
+    picture.setDevicePixelRatio(devicePixelRatio);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(plate);
+    painter.drawRoundedRect(QRect(QPoint(0, 0), size), 6, 6);
+    painter.setBrush(kSignal);
+    painter.drawRect(14, 25, size.width() - 30, 2);
+    painter.setPen(Qt::white);
+    painter.setFont(font);
+    painter.drawText(QRect(15, 0, size.width() - 15, 26), Qt::AlignVCenter | Qt::AlignLeft, name);
+    return picture;
 }

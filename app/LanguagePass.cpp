@@ -7,6 +7,7 @@
 #include "platform/RuntimeFailure.h"
 
 #include <QCoreApplication>
+#include <QMetaProperty>
 #include <QObject>
 #include <QVariant>
 
@@ -17,6 +18,9 @@ namespace {
 const QByteArray kDesigned = "designed ";
 const QByteArray kGiven = "given ";
 
+constexpr const char *kCaptions[] = {"title", "text", "toolTip", "accessibleName",
+                                     "placeholderText"};
+
 const char *propertyOf(const QObject &control, const CaptionPosition &caption)
 {
     if (caption.place == CaptionPosition::ToolTip) {
@@ -26,29 +30,56 @@ const char *propertyOf(const QObject &control, const CaptionPosition &caption)
     return control.metaObject()->indexOfProperty("title") >= 0 ? "title" : "text";
 }
 
-/// An empty text is the designed one.
-void setCaption(QObject &screen, const CaptionPosition &caption, const QString &text)
+/// The text of the catalogue of messages: a control's own, or that of what it stands in.
+QString translated(const QObject *control, const QString &text)
 {
-    auto *control = screen.findChild<QObject *>(caption.control.toString());
-    if (control == nullptr) {
-        return;
-    }
-    const char *property = propertyOf(*control, caption);
-    const QByteArray designed = kDesigned + QByteArray(property);
-    const QByteArray given = kGiven + QByteArray(property);
-    const QVariant present = control->property(property);
-    if (text.isEmpty()) {
-        // What the program has put there since is no caption of another language.
-        if (present == control->property(given)) {
-            control->setProperty(property, control->property(designed));
+    const QByteArray source = text.toUtf8();
+    for (; control != nullptr && !text.isEmpty(); control = control->parent()) {
+        const QString found =
+            QCoreApplication::translate(control->metaObject()->className(), source);
+        if (found != text) {
+            return found;
         }
+    }
+    return text;
+}
+
+void give(QObject &control, const QByteArray &property, const QVariant &designed,
+          const QString &text)
+{
+    control.setProperty(kDesigned + property, designed);
+    control.setProperty(property, text);
+    control.setProperty(kGiven + property, text);
+}
+
+/// Back to the design, as the catalogue of messages words it.
+void giveDesigned(QObject &control, const char *property)
+{
+    const QMetaObject &kind = *control.metaObject();
+    if (kind.property(kind.indexOfProperty(property)).isUser()) {
+        return; // a field to type in, whose text is no caption
+    }
+    const QVariant present = control.property(property);
+    const QVariant designed = control.property(kDesigned + property);
+    const bool isReplaced = designed.isValid();
+    // What the program has put there since is no caption of another language.
+    if (isReplaced && present != control.property(kGiven + property)) {
         return;
     }
-    if (!control->property(designed).isValid()) {
-        control->setProperty(designed, present);
+    const QString source = (isReplaced ? designed : present).toString();
+    const QString text = translated(&control, source);
+    if (isReplaced || text != source) {
+        give(control, property, source, text);
     }
-    control->setProperty(property, text);
-    control->setProperty(given, text);
+}
+
+void giveRow(QObject &screen, const CaptionPosition &caption, const QString &text)
+{
+    if (auto *control = screen.findChild<QObject *>(caption.control.toString())) {
+        const QByteArray property = propertyOf(*control, caption);
+        const QVariant designed = control->property(kDesigned + property);
+        give(*control, property, designed.isValid() ? designed : control->property(property), text);
+    }
 }
 
 } // namespace
@@ -59,15 +90,18 @@ void ApplyLanguage(QObject &screen, Module1 &module)
         throw RuntimeFailure(
             QCoreApplication::translate("LanguagePass", "Det er ingen forbindelse med databasen."));
     }
-    for (const CaptionPosition &caption : captionPositions()) {
-        setCaption(screen, caption, {});
+    const QObjectList controls = screen.findChildren<QObject *>();
+    for (QObject *control : controls) {
+        for (const char *property : kCaptions) {
+            giveDesigned(*control, property);
+        }
     }
     module.texts = {};
     readLanguage(*module.DatabaseConnection, module.CountryCode,
                  [&](quint8 position, const QString &text) {
                      for (const CaptionPosition &caption : captionPositions()) {
                          if (caption.position == position) {
-                             setCaption(screen, caption, text);
+                             giveRow(screen, caption, text);
                          }
                      }
                      applyWord(module.texts, position, text);

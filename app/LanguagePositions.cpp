@@ -74,6 +74,21 @@ constexpr CaptionPosition kCaptions[] = {
     {225, u"KeyTXT_0", CaptionPosition::ToolTip},
     {226, u"KeyTXT_1", CaptionPosition::ToolTip},
     {227, u"Txtfields_3", CaptionPosition::ToolTip},
+    {228, u"mnuComPortWinsock"},
+    {229, u"mnuSpråkLanguage"},
+    {230, u"LabelTCPIP"},
+    {231, u"lblHostName"},
+    {232, u"lblPort"},
+    {233, u"txtHostName", CaptionPosition::ToolTip},
+    {234, u"txtPort", CaptionPosition::ToolTip},
+    {235, u"cmdConnect"},
+    {236, u"cmdDisconnect"},
+    {237, u"Command2"},
+    {238, u"Command3"},
+    {239, u"Image1", CaptionPosition::ToolTip},
+    {240, u"Image2", CaptionPosition::ToolTip},
+    {241, u"manufacturerLabel"},
+    {242, u"Saldo", CaptionPosition::ToolTip},
 };
 // clang-format on
 

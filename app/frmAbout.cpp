@@ -1,6 +1,5 @@
 #include "app/frmAbout.h"
 
-#include "app/BrandMarks.h"
 #include "data/Module1.h"
 #include "platform/Host.h"
 #include "platform/Operator.h"
@@ -25,7 +24,7 @@ void frmAbout::load()
 {
     // One reseller has its mark beside the maker's, in its own country, and here alone.
     const bool withReseller = module_.LogoCountryCode == u"45";
-    showBrand(*this, withReseller ? QStringLiteral("VESKO") : QString());
+    ui_->brand->showReseller(withReseller ? QStringLiteral("VESKO") : QString());
 }
 
 void frmAbout::changeEvent(QEvent *event)

@@ -10,6 +10,7 @@
 #include "users/UserPanel.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 
 // The menu commands of the main screen.
 
@@ -98,6 +99,7 @@ void frmMain::ApplyLanguage()
 {
     tickLanguage();
     emit languageChanged(module_.CountryCode);
+    setLocale(QLocale()); // the calendars speak the language of the program, not the PC's
     ::ApplyLanguage(*this, module_);
     entitleScreens();
 }
@@ -115,6 +117,7 @@ void frmMain::chooseLanguage(const QString &CountryCode)
                              : showsAll   ? module_.texts.alle
                                           : module_.GridFilter;
         VisBrukerTabell();
+        display(); // whose words of the modem follow
     });
 }
 

@@ -1,6 +1,5 @@
 #include "app/frmSplash.h"
 
-#include "app/BrandMarks.h"
 #include "platform/Clock.h"
 #include "ui_frmSplash.h"
 
@@ -17,10 +16,7 @@ frmSplash::frmSplash(Clock &clock)
       ui_(std::make_unique<Ui::frmSplash>()),
       Timer1_(clock.timer([this] { close(); }))
 {
-    ui_->setupUi(this);
-    // The resellers' marks stay hidden here for every LogoCountryCode; only the about screen has
-    // an exception, and only for one of them.
-    showBrand(*this);
+    ui_->setupUi(this); // with the maker's mark alone, for every LogoCountryCode
     ui_->S->hide();
     Timer1_->setInterval(kStands);
 }

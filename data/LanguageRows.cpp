@@ -174,6 +174,30 @@ constexpr Text kTexts[] = {
           u"Namnet på vald dörr eller port"},
     {227, u"Dobbeltklikk for å endre status", u"Dobbeltklik for at ændre status",
           u"Dubbelklicka för att ändra status"},
+
+    // The last of the menus, and the network's and the modem's group.
+    {228, u"&NettverksModem", u"&NetværksModem", u"&NätverksModem"},
+    {229, u"Språk&tabell", u"Sprog&tabel", u"Språk&tabell"},
+    {230, u"Nettverksmodem", u"Netværksmodem", u"Nätverksmodem"},
+    {231, u"&Vertsnavn", u"&Værtsnavn", u"&Värdnamn"},
+    {232, u"&Port", u"&Port", u"&Port"},
+    {233, u"Vertsnavn eller IP-adresse", u"Værtsnavn eller IP-adresse",
+          u"Värdnamn eller IP-adress"},
+    {234, u"TCP-port, 23 for telnet", u"TCP-port, 23 for telnet", u"TCP-port, 23 för telnet"},
+    {235, u"Koble t&il", u"Opret forb&indelse", u"Ans&lut"},
+    {236, u"Koble fr&a", u"&Afbryd forbindelse", u"K&oppla från"},
+    {237, u"Send AT kommando", u"Send AT-kommando", u"Skicka AT-kommando"},
+    {238, u"Start Modem", u"Start modem", u"Starta modem"},
+    {239, u"Modemet er av. Klikk for å vise modemkommunikasjonen",
+          u"Modemmet er slukket. Klik for at vise modemkommunikationen",
+          u"Modemet är av. Klicka för att visa modemkommunikationen"},
+    {240, u"Modemet er på. Klikk for å vise modemkommunikasjonen",
+          u"Modemmet er tændt. Klik for at vise modemkommunikationen",
+          u"Modemet är på. Klicka för att visa modemkommunikationen"},
+    {241, u"Fabrikat", u"Fabrikat", u"Tillverkare"},
+    {242, u"Antall adganger igjen; over 0 gir en bruker med saldo",
+          u"Antal adgange tilbage; over 0 giver en bruger med saldo",
+          u"Antal inpasseringar kvar; över 0 ger en användare med saldo"},
 };
 // clang-format on
 

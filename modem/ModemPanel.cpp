@@ -3,6 +3,7 @@
 #include "data/Recordset.h"
 #include "ui_ModemPanel.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QPainter>
 
@@ -56,7 +57,9 @@ void ModemPanel::display(const Recordset &rsModem)
         return onRow ? rsModem.text(column) : QString();
     };
     const bool on = onRow && rsModem.value(u"ModemStatus"_qs).toBool();
-    ui_->Modemdata_0->setText(onRow ? (on ? tr("På") : tr("Av")) : QString());
+    ui_->Modemdata_0->setText(!onRow ? QString()
+                              : on   ? QCoreApplication::translate("ModemPanel", "På")
+                                     : QCoreApplication::translate("ModemPanel", "Av"));
     ui_->Modemdata_1->setText(text(u"ModemName"_qs));
     ui_->Modemdata_2->setText(text(u"ModemManufacturer"_qs));
     ui_->Modemdata_3->setText(text(u"ModemOwner"_qs));

@@ -2,6 +2,8 @@
 
 #include "ui_NetworkModemPanel.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QFontDatabase>
 
 namespace {
@@ -47,8 +49,23 @@ void NetworkModemPanel::showNetworkControls(const NetworkControls &controls)
     ui_->Command2->setEnabled(controls.commandsEnabled);
     ui_->Command3->setEnabled(controls.commandsEnabled);
     ui_->rtfTerminalScreen->setVisible(controls.terminalVisible);
-    ui_->ComShowCom->setText(controls.offersToHide ? tr("Skjul Modemkommunikasjon")
-                                                   : tr("Vis Modemkommunikasjon"));
+    offersToHide_ = controls.offersToHide;
+    captionComShowCom();
+}
+
+void NetworkModemPanel::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange) {
+        captionComShowCom();
+    }
+}
+
+void NetworkModemPanel::captionComShowCom()
+{
+    ui_->ComShowCom->setText(
+        offersToHide_ ? QCoreApplication::translate("NetworkModemPanel", "Skjul Modemkommunikasjon")
+                      : QCoreApplication::translate("NetworkModemPanel", "Vis Modemkommunikasjon"));
 }
 
 void NetworkModemPanel::appendStatusBox(const QString &text)

@@ -34,6 +34,12 @@ signals:
     void Command3Clicked();
     void ComShowComClicked();
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
+    void captionComShowCom();
+
     std::unique_ptr<Ui::NetworkModemPanel> ui_;
+    bool offersToHide_ = false; ///< ComShowCom does
 };

@@ -13,6 +13,7 @@
 #include "users/Balance.h"
 #include "users/UserOperations.h"
 
+#include <QCalendarWidget>
 #include <QCoreApplication>
 #include <QHelpEvent>
 #include <QMenuBar>
@@ -24,6 +25,8 @@
 // The form; the grid is in UserPanelGrid.cpp.
 
 namespace {
+
+constexpr int kCalendarCharacters = 45; ///< wide enough for the names of the days
 
 enum Field { Number, Fornavn, Etternavn, Status, Konto, Id };
 
@@ -81,6 +84,8 @@ UserPanel::UserPanel(Module1 &module, Recordsets &recordsets, ModemLink &modem,
     fillHours(*ui_->TilTid, QStringLiteral("24"));
     for (QDateEdit *picker : {ui_->DTPickerFrom, ui_->DTPickerTo}) {
         picker->setDisplayFormat(dateFormat_);
+        QWidget *calendar = picker->calendarWidget();
+        calendar->setMinimumWidth(calendar->fontMetrics().averageCharWidth() * kCalendarCharacters);
         connect(picker, &QDateEdit::dateChanged, this, [this, picker] { markUnread(*picker, {}); });
     }
     // A date on its way to being typed is no change yet.

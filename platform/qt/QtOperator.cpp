@@ -7,7 +7,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLabel>
-#include <QLibraryInfo>
 #include <QLineEdit>
 #include <QLocale>
 #include <QMessageBox>
@@ -30,12 +29,12 @@ constexpr int kLongestText = 1000;
 struct Language {
     QStringView countryCode;
     QStringView cancel;
-    QStringView catalogue; ///< suffixes of Qt's own translations, the best first
+    QStringView catalogue; ///< suffix of the file of translations
     QStringView locale;    ///< for the digits of numbers and the names of days
 };
 
 constexpr Language kLanguages[] = {
-    {u"47", u"Avbryt", u"nb nn", u"nb_NO"},
+    {u"47", u"Avbryt", u"nb", u"nb_NO"},
     {u"46", u"Avbryt", u"sv", u"sv_SE"},
     {u"45", u"Annuller", u"da", u"da_DK"},
 };
@@ -189,6 +188,8 @@ QString QtOperator::askForFile(const QString &startFrom, const QString &filter, 
     const QPointer dialog = new QFileDialog(open_.isEmpty() ? frontWindow() : open_.last());
     const auto remove = qScopeGuard([&] { delete dialog; });
     dialog->setFileMode(forWriting ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    dialog->setOption(QFileDialog::DontUseNativeDialog); // it would speak the PC's language
+    dialog->setLabelText(QFileDialog::Reject, cancelCaption_);
     dialog->setNameFilter(filter);
     if (forWriting) {
         dialog->setAcceptMode(QFileDialog::AcceptSave);
@@ -238,19 +239,9 @@ void QtOperator::setLanguage(const QString &countryCode)
     }
     cancelCaption_ = language->cancel.toString();
     QLocale::setDefault(QLocale(language->locale.toString()));
-    QCoreApplication::removeTranslator(&qtTexts_);
-    QCoreApplication::removeTranslator(&ownTexts_);
-    // Our own texts are Norwegian as they stand.
-    if (ownTexts_.load(QStringLiteral(":/translations/lukora_%1").arg(language->catalogue))) {
-        QCoreApplication::installTranslator(&ownTexts_);
-    }
-    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-    const QStringList catalogues = language->catalogue.toString().split(u' ');
-    for (const QString &catalogue : catalogues) {
-        if (qtTexts_.load(QStringLiteral("qtbase_") + catalogue, folder)) {
-            QCoreApplication::installTranslator(&qtTexts_);
-            return;
-        }
+    QCoreApplication::removeTranslator(&texts_);
+    if (texts_.load(QStringLiteral(":/translations/lukora_%1").arg(language->catalogue))) {
+        QCoreApplication::installTranslator(&texts_);
     }
 }
 

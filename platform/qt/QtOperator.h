@@ -25,9 +25,8 @@ public:
     void beep() override;
     void setBusy(const void *who, bool busy) override;
 
-    /// Language of the buttons and of Qt's own dialogues, and form of numbers: 47 Norsk, 46 Svensk,
-    /// 45 Dansk; Norsk for any other code. Dialogues other than ours stay English where Qt's
-    /// translations are not installed.
+    /// Language of our own texts and of the standard dialogues and fields, and form of numbers and
+    /// calendars: 47 Norsk, 46 Svensk, 45 Dansk; Norsk for any other code.
     void setLanguage(const QString &countryCode);
 
 private:
@@ -37,8 +36,7 @@ private:
     void captionButtons(QDialogButtonBox &buttons) const;
 
     Clock &clock_;
-    QTranslator qtTexts_;  ///< captions of standard dialogues
-    QTranslator ownTexts_; ///< words of our failures
+    QTranslator texts_;
     QString cancelCaption_;
     QList<QDialog *> open_;
     QSet<const void *> busy_;

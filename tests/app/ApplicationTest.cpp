@@ -1,8 +1,10 @@
 #include "app/Application.h"
 #include "app/frmMain.h"
+#include "platform/qt/QtOperator.h"
 #include "support/FarModem.h"
 #include "support/TestDatabase.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QLabel>
 #include <QPushButton>
@@ -68,6 +70,24 @@ TEST(Program, GoesFromLoginOverSplashToTheMainScreen)
     EXPECT_EQ(run.lukora.mainScreen()->modemLink().tables.out('@'), 0);
     run.lukora.close();
     EXPECT_FALSE(run.lukora.mainScreen()->isVisible());
+}
+
+TEST(Program, SpeaksTheLanguageOfTheSettingsFromTheStartAndAnotherAfterwards)
+{
+    Program run;
+    QtOperator desktop(run.clock);
+    run.lukora.onLanguage = [&](const QString &code) { desktop.setLanguage(code); };
+    run.settings.values[u"countrycode"_qs] = u"46"_qs;
+    run.logInAfter(1000ms);
+    ASSERT_TRUE(run.lukora.start());
+    const QWidget &screen = *run.lukora.mainScreen();
+    const QWidget &hour = *screen.findChild<QWidget *>(u"FraTid"_qs);
+    EXPECT_EQ(hour.accessibleName(), u"Från klockan");
+    EXPECT_EQ(hour.locale().name(), u"sv_SE");
+    screen.findChild<QAction *>(u"mnuSpråkDansk"_qs)->trigger();
+    EXPECT_EQ(hour.accessibleName(), u"Fra klokken");
+    EXPECT_EQ(hour.locale().name(), u"da_DK");
+    desktop.setLanguage(u"47"_qs);
 }
 
 TEST(Program, EndsWithoutALoginAndWithoutADatabase)

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -117,10 +118,11 @@ TEST_F(Questions, AskBeforeAFileIsOverwritten)
 
 TEST_F(Questions, SpeakTheLanguageOfTheCountryFitTheScreenAndCountAsCancelledWhenClosed)
 {
-    for (const auto &[code, cancel, failure, locale] :
-         {std::tuple{u"45"_qs, u"Annuller"_qs, u"Teksten er ikke et tal"_qs, u"da_DK"_qs},
-          {u"46"_qs, u"Avbryt"_qs, u"Texten är inget tal"_qs, u"sv_SE"_qs},
-          {u"99"_qs, u"Avbryt"_qs, u"Teksten er ikke et tall"_qs, u"nb_NO"_qs}}) {
+    for (const auto &[code, cancel, failure, locale, folder] :
+         {std::tuple{u"45"_qs, u"Annuller"_qs, u"Teksten er ikke et tal"_qs, u"da_DK"_qs,
+                     u"Søg i:"_qs},
+          {u"46"_qs, u"Avbryt"_qs, u"Texten är inget tal"_qs, u"sv_SE"_qs, u"Sök i:"_qs},
+          {u"99"_qs, u"Avbryt"_qs, u"Teksten er ikke et tall"_qs, u"nb_NO"_qs, u"Se i:"_qs}}) {
         person.setLanguage(code);
         EXPECT_EQ(QLocale().name(), locale);
         EXPECT_EQ(QCoreApplication::translate("Text", "Teksten er ikke et tall"), failure);
@@ -133,5 +135,11 @@ TEST_F(Questions, SpeakTheLanguageOfTheCountryFitTheScreenAndCountAsCancelledWhe
         });
         EXPECT_EQ(ask(QString(100'000, u'9')), Answer::Cancel);
         EXPECT_EQ(seen, cancel);
+        clock.after(100ms, [&] {
+            seen = dialogue()->findChild<QLabel *>(u"lookInLabel"_qs)->text();
+            dialogue()->close();
+        });
+        EXPECT_EQ(person.chooseFile({}, u"CSV (*.csv)"_qs), QString());
+        EXPECT_EQ(seen, folder);
     }
 }

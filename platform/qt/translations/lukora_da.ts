@@ -4,6 +4,18 @@
 <context>
     <name>UserPanel</name>
     <message>
+        <source>Fra time</source>
+        <translation>Fra klokken</translation>
+    </message>
+    <message>
+        <source>Til time</source>
+        <translation>Til klokken</translation>
+    </message>
+    <message>
+        <source>Antall</source>
+        <translation>Antal</translation>
+    </message>
+    <message>
         <source>I tabellen står en dato som ikke kan leses: %1</source>
         <translation>I tabellen står en dato, som ikke kan læses: %1</translation>
     </message>
@@ -283,6 +295,473 @@
     </message>
 </context>
 <context>
+    <name>QFileDialog</name>
+    <message>
+        <source>Look in:</source>
+        <translation>Søg i:</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Tilbage</translation>
+    </message>
+    <message>
+        <source>Go back</source>
+        <translation>Gå tilbage</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Frem</translation>
+    </message>
+    <message>
+        <source>Go forward</source>
+        <translation>Gå frem</translation>
+    </message>
+    <message>
+        <source>Parent Directory</source>
+        <translation>Overordnet mappe</translation>
+    </message>
+    <message>
+        <source>Go to the parent directory</source>
+        <translation>Gå til den overordnede mappe</translation>
+    </message>
+    <message>
+        <source>Create New Folder</source>
+        <translation>Opret ny mappe</translation>
+    </message>
+    <message>
+        <source>Create a New Folder</source>
+        <translation>Opret en ny mappe</translation>
+    </message>
+    <message>
+        <source>List View</source>
+        <translation>Liste</translation>
+    </message>
+    <message>
+        <source>Change to list view mode</source>
+        <translation>Vis som liste</translation>
+    </message>
+    <message>
+        <source>Detail View</source>
+        <translation>Detaljer</translation>
+    </message>
+    <message>
+        <source>Change to detail view mode</source>
+        <translation>Vis detaljer</translation>
+    </message>
+    <message>
+        <source>Sidebar</source>
+        <translation>Sidepanel</translation>
+    </message>
+    <message>
+        <source>List of places and bookmarks</source>
+        <translation>Steder og bogmærker</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>Filer</translation>
+    </message>
+    <message>
+        <source>Files of type:</source>
+        <translation>Filtype:</translation>
+    </message>
+    <message>
+        <source>File &amp;name:</source>
+        <translation>Fil&amp;navn:</translation>
+    </message>
+    <message>
+        <source>Directory:</source>
+        <translation>Mappe:</translation>
+    </message>
+    <message>
+        <source>Directories</source>
+        <translation>Mapper</translation>
+    </message>
+    <message>
+        <source>Find Directory</source>
+        <translation>Find mappe</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Åbn</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>&amp;Åbn</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>Gem som</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Gem</translation>
+    </message>
+    <message>
+        <source>&amp;Choose</source>
+        <translation>&amp;Vælg</translation>
+    </message>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>&amp;Omdøb</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Slet</translation>
+    </message>
+    <message>
+        <source>Show &amp;hidden files</source>
+        <translation>Vis s&amp;kjulte filer</translation>
+    </message>
+    <message>
+        <source>&amp;New Folder</source>
+        <translation>&amp;Ny mappe</translation>
+    </message>
+    <message>
+        <source>New Folder</source>
+        <translation>Ny mappe</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Slet</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Fjern</translation>
+    </message>
+    <message>
+        <source>Show </source>
+        <translation>Vis </translation>
+    </message>
+    <message>
+        <source>All Files (*)</source>
+        <translation>Alle filer (*)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle filer (*)</translation>
+    </message>
+    <message>
+        <source>Recent Places</source>
+        <translation>Seneste steder</translation>
+    </message>
+    <message>
+        <source>My Computer</source>
+        <translation>Min computer</translation>
+    </message>
+    <message>
+        <source>%1
+File not found.
+Please verify the correct file name was given.</source>
+        <translation>%1
+Filen blev ikke fundet.
+Kontrollér, at filnavnet er rigtigt.</translation>
+    </message>
+    <message>
+        <source>%1
+Directory not found.
+Please verify the correct directory name was given.</source>
+        <translation>%1
+Mappen blev ikke fundet.
+Kontrollér, at mappenavnet er rigtigt.</translation>
+    </message>
+    <message>
+        <source>'%1' is write protected.
+Do you want to delete it anyway?</source>
+        <translation>»%1« er skrivebeskyttet.
+Vil du slette den alligevel?</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to delete '%1'?</source>
+        <translation>Er du sikker på, at du vil slette »%1«?</translation>
+    </message>
+    <message>
+        <source>Could not delete directory.</source>
+        <translation>Mappen kunne ikke slettes.</translation>
+    </message>
+</context>
+<context>
+    <name>QAbstractFileIconProvider</name>
+    <message>
+        <source>Drive</source>
+        <translation>Drev</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Fil</translation>
+    </message>
+    <message>
+        <source>%1 File</source>
+        <translation>%1-fil</translation>
+    </message>
+    <message>
+        <source>File Folder</source>
+        <translation>Filmappe</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Mappe</translation>
+    </message>
+    <message>
+        <source>Alias</source>
+        <translation>Alias</translation>
+    </message>
+    <message>
+        <source>Shortcut</source>
+        <translation>Genvej</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Ukendt</translation>
+    </message>
+</context>
+<context>
+    <name>QFileSystemModel</name>
+    <message>
+        <source>Name</source>
+        <translation>Navn</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Størrelse</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Type</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Type</translation>
+    </message>
+    <message>
+        <source>Date Modified</source>
+        <translation>Ændret</translation>
+    </message>
+    <message>
+        <source>Computer</source>
+        <translation>Computer</translation>
+    </message>
+    <message>
+        <source>My Computer</source>
+        <translation>Min computer</translation>
+    </message>
+    <message>
+        <source>Invalid filename</source>
+        <translation>Ugyldigt filnavn</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;The name "%1" cannot be used.&lt;/b&gt;&lt;p&gt;Try using another name, with fewer characters or no punctuation marks.</source>
+        <translation>&lt;b&gt;Navnet »%1« kan ikke bruges.&lt;/b&gt;&lt;p&gt;Prøv et andet navn, med færre tegn eller uden tegnsætning.</translation>
+    </message>
+</context>
+<context>
+    <name>QPlatformTheme</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuller</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Åbn</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Gem</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Luk</translation>
+    </message>
+    <message>
+        <source>&amp;Yes</source>
+        <translation>&amp;Ja</translation>
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation>&amp;Nej</translation>
+    </message>
+</context>
+<context>
+    <name>QMessageBox</name>
+    <message>
+        <source>Show Details...</source>
+        <translation>Vis detaljer...</translation>
+    </message>
+    <message>
+        <source>Hide Details...</source>
+        <translation>Skjul detaljer...</translation>
+    </message>
+</context>
+<context>
+    <name>QLineEdit</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Fortryd</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Gentag</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>K&amp;lip</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopiér</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>&amp;Sæt ind</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Slet</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Markér alt</translation>
+    </message>
+</context>
+<context>
+    <name>QWidgetTextControl</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Fortryd</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Gentag</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>K&amp;lip</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopiér</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>&amp;Sæt ind</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Slet</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Markér alt</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Link Location</source>
+        <translation>Kopiér l&amp;inkadresse</translation>
+    </message>
+</context>
+<context>
+    <name>QAbstractSpinBox</name>
+    <message>
+        <source>&amp;Select All</source>
+        <translation>&amp;Markér alt</translation>
+    </message>
+    <message>
+        <source>&amp;Step up</source>
+        <translation>&amp;Op</translation>
+    </message>
+    <message>
+        <source>Step &amp;down</source>
+        <translation>&amp;Ned</translation>
+    </message>
+</context>
+<context>
+    <name>QIODevice</name>
+    <message>
+        <source>Permission denied</source>
+        <translation>Ingen adgang</translation>
+    </message>
+    <message>
+        <source>Too many open files</source>
+        <translation>For mange åbne filer</translation>
+    </message>
+    <message>
+        <source>No such file or directory</source>
+        <translation>Filen eller mappen findes ikke</translation>
+    </message>
+    <message>
+        <source>No space left on device</source>
+        <translation>Der er ikke mere plads på disken</translation>
+    </message>
+</context>
+<context>
+    <name>QScrollBar</name>
+    <message>
+        <source>Scroll here</source>
+        <translation>Rul hertil</translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation>Øverst</translation>
+    </message>
+    <message>
+        <source>Bottom</source>
+        <translation>Nederst</translation>
+    </message>
+    <message>
+        <source>Page up</source>
+        <translation>Side op</translation>
+    </message>
+    <message>
+        <source>Page down</source>
+        <translation>Side ned</translation>
+    </message>
+    <message>
+        <source>Scroll up</source>
+        <translation>Rul op</translation>
+    </message>
+    <message>
+        <source>Scroll down</source>
+        <translation>Rul ned</translation>
+    </message>
+    <message>
+        <source>Left edge</source>
+        <translation>Venstre kant</translation>
+    </message>
+    <message>
+        <source>Right edge</source>
+        <translation>Højre kant</translation>
+    </message>
+    <message>
+        <source>Page left</source>
+        <translation>Side til venstre</translation>
+    </message>
+    <message>
+        <source>Page right</source>
+        <translation>Side til højre</translation>
+    </message>
+    <message>
+        <source>Scroll left</source>
+        <translation>Rul til venstre</translation>
+    </message>
+    <message>
+        <source>Scroll right</source>
+        <translation>Rul til højre</translation>
+    </message>
+</context>
+<context>
+    <name>QTabBar</name>
+    <message>
+        <source>Scroll Left</source>
+        <translation>Rul til venstre</translation>
+    </message>
+    <message>
+        <source>Scroll Right</source>
+        <translation>Rul til højre</translation>
+    </message>
+</context>
+<context>
     <name>TcpSocket</name>
     <message>
         <source>Ingen adgang til nettet</source>
@@ -327,6 +806,94 @@
     <message>
         <source>Systemkallet feilet</source>
         <translation>Systemkaldet fejlede</translation>
+    </message>
+</context>
+<context>
+    <name>ModemPanel</name>
+    <message>
+        <source>På</source>
+        <translation>Tændt</translation>
+    </message>
+    <message>
+        <source>Av</source>
+        <translation>Slukket</translation>
+    </message>
+    <message>
+        <source>Modemet er av</source>
+        <translation>Modemmet er slukket</translation>
+    </message>
+    <message>
+        <source>Modemet er på</source>
+        <translation>Modemmet er tændt</translation>
+    </message>
+    <message>
+        <source>Modemets tilstand</source>
+        <translation>Modemmets tilstand</translation>
+    </message>
+    <message>
+        <source>Modemets navn</source>
+        <translation>Modemmets navn</translation>
+    </message>
+</context>
+<context>
+    <name>NetworkModemPanel</name>
+    <message>
+        <source>Vis Modemkommunikasjon</source>
+        <translation>Vis modemkommunikation</translation>
+    </message>
+    <message>
+        <source>Skjul Modemkommunikasjon</source>
+        <translation>Skjul modemkommunikation</translation>
+    </message>
+    <message>
+        <source>Meldinger fra nettverksmodemet</source>
+        <translation>Beskeder fra netværksmodemmet</translation>
+    </message>
+    <message>
+        <source>Modemkommunikasjon</source>
+        <translation>Modemkommunikation</translation>
+    </message>
+</context>
+<context>
+    <name>ReceivedPanel</name>
+    <message>
+        <source>Forrige melding</source>
+        <translation>Forrige besked</translation>
+    </message>
+    <message>
+        <source>Neste melding</source>
+        <translation>Næste besked</translation>
+    </message>
+    <message>
+        <source>Bla i meldinger</source>
+        <translation>Blad i beskeder</translation>
+    </message>
+    <message>
+        <source>Navn</source>
+        <translation>Navn</translation>
+    </message>
+    <message>
+        <source>Modemet er på</source>
+        <translation>Modemmet er tændt</translation>
+    </message>
+    <message>
+        <source>Modemet er av</source>
+        <translation>Modemmet er slukket</translation>
+    </message>
+    <message>
+        <source>Telefonens skjerm</source>
+        <translation>Telefonens skærm</translation>
+    </message>
+</context>
+<context>
+    <name>UpDown</name>
+    <message>
+        <source>Opp</source>
+        <translation>Op</translation>
+    </message>
+    <message>
+        <source>Ned</source>
+        <translation>Ned</translation>
     </message>
 </context>
 <context>

@@ -4,6 +4,18 @@
 <context>
     <name>UserPanel</name>
     <message>
+        <source>Fra time</source>
+        <translation>Från klockan</translation>
+    </message>
+    <message>
+        <source>Til time</source>
+        <translation>Till klockan</translation>
+    </message>
+    <message>
+        <source>Antall</source>
+        <translation>Antal</translation>
+    </message>
+    <message>
         <source>I tabellen står en dato som ikke kan leses: %1</source>
         <translation>I tabellen står ett datum som inte kan läsas: %1</translation>
     </message>
@@ -283,6 +295,473 @@
     </message>
 </context>
 <context>
+    <name>QFileDialog</name>
+    <message>
+        <source>Look in:</source>
+        <translation>Sök i:</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Bakåt</translation>
+    </message>
+    <message>
+        <source>Go back</source>
+        <translation>Gå bakåt</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Framåt</translation>
+    </message>
+    <message>
+        <source>Go forward</source>
+        <translation>Gå framåt</translation>
+    </message>
+    <message>
+        <source>Parent Directory</source>
+        <translation>Överordnad mapp</translation>
+    </message>
+    <message>
+        <source>Go to the parent directory</source>
+        <translation>Gå till överordnad mapp</translation>
+    </message>
+    <message>
+        <source>Create New Folder</source>
+        <translation>Ny mapp</translation>
+    </message>
+    <message>
+        <source>Create a New Folder</source>
+        <translation>Skapa en ny mapp</translation>
+    </message>
+    <message>
+        <source>List View</source>
+        <translation>Lista</translation>
+    </message>
+    <message>
+        <source>Change to list view mode</source>
+        <translation>Visa som lista</translation>
+    </message>
+    <message>
+        <source>Detail View</source>
+        <translation>Detaljer</translation>
+    </message>
+    <message>
+        <source>Change to detail view mode</source>
+        <translation>Visa detaljer</translation>
+    </message>
+    <message>
+        <source>Sidebar</source>
+        <translation>Sidofält</translation>
+    </message>
+    <message>
+        <source>List of places and bookmarks</source>
+        <translation>Platser och bokmärken</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>Filer</translation>
+    </message>
+    <message>
+        <source>Files of type:</source>
+        <translation>Filtyp:</translation>
+    </message>
+    <message>
+        <source>File &amp;name:</source>
+        <translation>Fil&amp;namn:</translation>
+    </message>
+    <message>
+        <source>Directory:</source>
+        <translation>Mapp:</translation>
+    </message>
+    <message>
+        <source>Directories</source>
+        <translation>Mappar</translation>
+    </message>
+    <message>
+        <source>Find Directory</source>
+        <translation>Hitta mapp</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öppna</translation>
+    </message>
+    <message>
+        <source>&amp;Open</source>
+        <translation>&amp;Öppna</translation>
+    </message>
+    <message>
+        <source>Save As</source>
+        <translation>Spara som</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Spara</translation>
+    </message>
+    <message>
+        <source>&amp;Choose</source>
+        <translation>&amp;Välj</translation>
+    </message>
+    <message>
+        <source>&amp;Rename</source>
+        <translation>&amp;Byt namn</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Ta bort</translation>
+    </message>
+    <message>
+        <source>Show &amp;hidden files</source>
+        <translation>Visa &amp;dolda filer</translation>
+    </message>
+    <message>
+        <source>&amp;New Folder</source>
+        <translation>&amp;Ny mapp</translation>
+    </message>
+    <message>
+        <source>New Folder</source>
+        <translation>Ny mapp</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Ta bort</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Ta bort</translation>
+    </message>
+    <message>
+        <source>Show </source>
+        <translation>Visa </translation>
+    </message>
+    <message>
+        <source>All Files (*)</source>
+        <translation>Alla filer (*)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alla filer (*)</translation>
+    </message>
+    <message>
+        <source>Recent Places</source>
+        <translation>Senaste platser</translation>
+    </message>
+    <message>
+        <source>My Computer</source>
+        <translation>Den här datorn</translation>
+    </message>
+    <message>
+        <source>%1
+File not found.
+Please verify the correct file name was given.</source>
+        <translation>%1
+Filen hittades inte.
+Kontrollera att filnamnet är rätt.</translation>
+    </message>
+    <message>
+        <source>%1
+Directory not found.
+Please verify the correct directory name was given.</source>
+        <translation>%1
+Mappen hittades inte.
+Kontrollera att mappnamnet är rätt.</translation>
+    </message>
+    <message>
+        <source>'%1' is write protected.
+Do you want to delete it anyway?</source>
+        <translation>”%1” är skrivskyddad.
+Vill du ta bort den ändå?</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to delete '%1'?</source>
+        <translation>Är du säker på att du vill ta bort ”%1”?</translation>
+    </message>
+    <message>
+        <source>Could not delete directory.</source>
+        <translation>Mappen kunde inte tas bort.</translation>
+    </message>
+</context>
+<context>
+    <name>QAbstractFileIconProvider</name>
+    <message>
+        <source>Drive</source>
+        <translation>Enhet</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Fil</translation>
+    </message>
+    <message>
+        <source>%1 File</source>
+        <translation>%1-fil</translation>
+    </message>
+    <message>
+        <source>File Folder</source>
+        <translation>Filmapp</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>Mapp</translation>
+    </message>
+    <message>
+        <source>Alias</source>
+        <translation>Alias</translation>
+    </message>
+    <message>
+        <source>Shortcut</source>
+        <translation>Genväg</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Okänd</translation>
+    </message>
+</context>
+<context>
+    <name>QFileSystemModel</name>
+    <message>
+        <source>Name</source>
+        <translation>Namn</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Storlek</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>Typ</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>Typ</translation>
+    </message>
+    <message>
+        <source>Date Modified</source>
+        <translation>Ändrad</translation>
+    </message>
+    <message>
+        <source>Computer</source>
+        <translation>Dator</translation>
+    </message>
+    <message>
+        <source>My Computer</source>
+        <translation>Den här datorn</translation>
+    </message>
+    <message>
+        <source>Invalid filename</source>
+        <translation>Ogiltigt filnamn</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;The name "%1" cannot be used.&lt;/b&gt;&lt;p&gt;Try using another name, with fewer characters or no punctuation marks.</source>
+        <translation>&lt;b&gt;Namnet ”%1” kan inte användas.&lt;/b&gt;&lt;p&gt;Prova ett annat namn, med färre tecken eller utan skiljetecken.</translation>
+    </message>
+</context>
+<context>
+    <name>QPlatformTheme</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Avbryt</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öppna</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Spara</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Stäng</translation>
+    </message>
+    <message>
+        <source>&amp;Yes</source>
+        <translation>&amp;Ja</translation>
+    </message>
+    <message>
+        <source>&amp;No</source>
+        <translation>&amp;Nej</translation>
+    </message>
+</context>
+<context>
+    <name>QMessageBox</name>
+    <message>
+        <source>Show Details...</source>
+        <translation>Visa detaljer...</translation>
+    </message>
+    <message>
+        <source>Hide Details...</source>
+        <translation>Dölj detaljer...</translation>
+    </message>
+</context>
+<context>
+    <name>QLineEdit</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Ångra</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Gör om</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>Klipp &amp;ut</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopiera</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>K&amp;listra in</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Ta bort</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Markera alla</translation>
+    </message>
+</context>
+<context>
+    <name>QWidgetTextControl</name>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Ångra</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Gör om</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>Klipp &amp;ut</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopiera</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>K&amp;listra in</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Ta bort</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Markera alla</translation>
+    </message>
+    <message>
+        <source>Copy &amp;Link Location</source>
+        <translation>Kopiera länka&amp;dress</translation>
+    </message>
+</context>
+<context>
+    <name>QAbstractSpinBox</name>
+    <message>
+        <source>&amp;Select All</source>
+        <translation>&amp;Markera alla</translation>
+    </message>
+    <message>
+        <source>&amp;Step up</source>
+        <translation>&amp;Upp</translation>
+    </message>
+    <message>
+        <source>Step &amp;down</source>
+        <translation>&amp;Ner</translation>
+    </message>
+</context>
+<context>
+    <name>QIODevice</name>
+    <message>
+        <source>Permission denied</source>
+        <translation>Åtkomst nekad</translation>
+    </message>
+    <message>
+        <source>Too many open files</source>
+        <translation>För många öppna filer</translation>
+    </message>
+    <message>
+        <source>No such file or directory</source>
+        <translation>Filen eller mappen finns inte</translation>
+    </message>
+    <message>
+        <source>No space left on device</source>
+        <translation>Det finns inget mer utrymme på disken</translation>
+    </message>
+</context>
+<context>
+    <name>QScrollBar</name>
+    <message>
+        <source>Scroll here</source>
+        <translation>Rulla hit</translation>
+    </message>
+    <message>
+        <source>Top</source>
+        <translation>Överst</translation>
+    </message>
+    <message>
+        <source>Bottom</source>
+        <translation>Nederst</translation>
+    </message>
+    <message>
+        <source>Page up</source>
+        <translation>Sida upp</translation>
+    </message>
+    <message>
+        <source>Page down</source>
+        <translation>Sida ner</translation>
+    </message>
+    <message>
+        <source>Scroll up</source>
+        <translation>Rulla upp</translation>
+    </message>
+    <message>
+        <source>Scroll down</source>
+        <translation>Rulla ner</translation>
+    </message>
+    <message>
+        <source>Left edge</source>
+        <translation>Vänster kant</translation>
+    </message>
+    <message>
+        <source>Right edge</source>
+        <translation>Höger kant</translation>
+    </message>
+    <message>
+        <source>Page left</source>
+        <translation>Sida åt vänster</translation>
+    </message>
+    <message>
+        <source>Page right</source>
+        <translation>Sida åt höger</translation>
+    </message>
+    <message>
+        <source>Scroll left</source>
+        <translation>Rulla åt vänster</translation>
+    </message>
+    <message>
+        <source>Scroll right</source>
+        <translation>Rulla åt höger</translation>
+    </message>
+</context>
+<context>
+    <name>QTabBar</name>
+    <message>
+        <source>Scroll Left</source>
+        <translation>Rulla åt vänster</translation>
+    </message>
+    <message>
+        <source>Scroll Right</source>
+        <translation>Rulla åt höger</translation>
+    </message>
+</context>
+<context>
     <name>TcpSocket</name>
     <message>
         <source>Ingen adgang til nettet</source>
@@ -327,6 +806,94 @@
     <message>
         <source>Systemkallet feilet</source>
         <translation>Systemanropet misslyckades</translation>
+    </message>
+</context>
+<context>
+    <name>ModemPanel</name>
+    <message>
+        <source>På</source>
+        <translation>På</translation>
+    </message>
+    <message>
+        <source>Av</source>
+        <translation>Av</translation>
+    </message>
+    <message>
+        <source>Modemet er av</source>
+        <translation>Modemet är av</translation>
+    </message>
+    <message>
+        <source>Modemet er på</source>
+        <translation>Modemet är på</translation>
+    </message>
+    <message>
+        <source>Modemets tilstand</source>
+        <translation>Modemets tillstånd</translation>
+    </message>
+    <message>
+        <source>Modemets navn</source>
+        <translation>Modemets namn</translation>
+    </message>
+</context>
+<context>
+    <name>NetworkModemPanel</name>
+    <message>
+        <source>Vis Modemkommunikasjon</source>
+        <translation>Visa modemkommunikation</translation>
+    </message>
+    <message>
+        <source>Skjul Modemkommunikasjon</source>
+        <translation>Dölj modemkommunikation</translation>
+    </message>
+    <message>
+        <source>Meldinger fra nettverksmodemet</source>
+        <translation>Meddelanden från nätverksmodemet</translation>
+    </message>
+    <message>
+        <source>Modemkommunikasjon</source>
+        <translation>Modemkommunikation</translation>
+    </message>
+</context>
+<context>
+    <name>ReceivedPanel</name>
+    <message>
+        <source>Forrige melding</source>
+        <translation>Föregående meddelande</translation>
+    </message>
+    <message>
+        <source>Neste melding</source>
+        <translation>Nästa meddelande</translation>
+    </message>
+    <message>
+        <source>Bla i meldinger</source>
+        <translation>Bläddra bland meddelanden</translation>
+    </message>
+    <message>
+        <source>Navn</source>
+        <translation>Namn</translation>
+    </message>
+    <message>
+        <source>Modemet er på</source>
+        <translation>Modemet är på</translation>
+    </message>
+    <message>
+        <source>Modemet er av</source>
+        <translation>Modemet är av</translation>
+    </message>
+    <message>
+        <source>Telefonens skjerm</source>
+        <translation>Telefonens skärm</translation>
+    </message>
+</context>
+<context>
+    <name>UpDown</name>
+    <message>
+        <source>Opp</source>
+        <translation>Upp</translation>
+    </message>
+    <message>
+        <source>Ned</source>
+        <translation>Ner</translation>
     </message>
 </context>
 <context>
