@@ -122,6 +122,7 @@ void UserPanel::connectForm()
         button->installEventFilter(this);
     }
     onKey(*this, "Ctrl+N", [this] { press(*ui_->cmdNyBruker); });
+    onKey(*this, "Ctrl+H", [this] { press(*ui_->cmdHentTilbake); });
     onKey(*this, "Ctrl+Return", [this] { press(*ui_->CommandRegistrerBruker); });
     onKey(*this, "Ctrl+Enter", [this] { press(*ui_->CommandRegistrerBruker); });
 

@@ -29,7 +29,7 @@
     </message>
     <message>
         <source>Kolonnebredder som fra start</source>
-        <translation>Kolonnebredder som fra start</translation>
+        <translation>Oprindelige kolonnebredder</translation>
     </message>
     <message>
         <source>Brukerne kunne ikke leses.</source>
@@ -73,7 +73,7 @@
     </message>
     <message>
         <source>Kontofaner</source>
-        <translation>Kontofaner</translation>
+        <translation>Faneblade for konti</translation>
     </message>
     <message>
         <source>Brukere</source>
@@ -1661,7 +1661,7 @@ Vil du slette den alligevel?</translation>
     </message>
     <message>
         <source>Dørens nummer</source>
-        <translation>Dørens nummer</translation>
+        <translation>Dørens telefonnummer</translation>
     </message>
 </context>
 <context>
