@@ -29,8 +29,10 @@ bool Application::start()
         if (!login()) {
             return;
         }
-        showSplash();
-        openMainScreen();
+        frmSplash splash(machine_.clock);
+        splash.show();
+        waitWhileVisible(splash);
+        openMainScreen(splash);
         running = !machine_.clock.hasEnded();
     });
     return running;
@@ -46,13 +48,6 @@ bool Application::login()
     return screen.LoginSucceeded;
 }
 
-void Application::showSplash()
-{
-    frmSplash screen(machine_.clock);
-    screen.show();
-    waitWhileVisible(screen);
-}
-
 void Application::setLanguage(const QString &CountryCode)
 {
     if (onLanguage) {
@@ -60,7 +55,8 @@ void Application::setLanguage(const QString &CountryCode)
     }
 }
 
-void Application::openMainScreen()
+/// A modem that is mute takes minutes, with nothing else on the screen: the splash tells so long.
+void Application::openMainScreen(frmSplash &splash)
 {
     // Its captions come as designed, in Norwegian: the language pass starts from there.
     setLanguage(QStringLiteral("47"));
@@ -74,7 +70,10 @@ void Application::openMainScreen()
     // The load starts the modem, and a box that it opens may stand for hours: without the tables
     // every message that comes meanwhile would be filed without its text.
     frmMain_->modemLink().tables.BuildCharacterTables();
+    const auto waits = QObject::connect(frmMain_.get(), &frmMain::inboundTold, &splash,
+                                        [&splash](const QString &text) { splash.tell(text); });
     frmMain_->load();
+    QObject::disconnect(waits);
     if (machine_.clock.hasEnded()) {
         return;
     }

@@ -13,6 +13,7 @@ class SerialPort;
 class SettingsStore;
 class TcpSocket;
 class frmMain;
+class frmSplash;
 
 /// The machine that the program runs on, and the person before it.
 struct Machine {
@@ -49,8 +50,7 @@ public:
 private:
     bool login();
     void setLanguage(const QString &CountryCode);
-    void showSplash();
-    void openMainScreen();
+    void openMainScreen(frmSplash &splash);
     void waitWhileVisible(const QWidget &screen);
 
     Machine machine_;

@@ -3,6 +3,7 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QTextDocument>
 #include <QToolTip>
 
 StatusPanel::StatusPanel(const QString &name, QWidget *parent) : QLabel(parent)
@@ -33,8 +34,12 @@ bool StatusPanel::event(QEvent *event)
 {
     if (event->type() == QEvent::ToolTip) {
         const bool cut = fontMetrics().horizontalAdvance(text()) > contentsRect().width();
-        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(),
-                           cut ? text().toHtmlEscaped() : QString(), this);
+        QStringList lines = {cut ? text() : QString(), words_()};
+        lines.removeAll({});
+        // As rich text that shows it letter by letter, since a stranger's could pass for rich text.
+        QToolTip::showText(
+            static_cast<QHelpEvent *>(event)->globalPos(),
+            lines.isEmpty() ? QString() : Qt::convertFromPlainText(lines.join(u'\n')), this);
         return true;
     }
     return QLabel::event(event);

@@ -7,6 +7,8 @@
 #include "inbound/ReceivedPanel.h"
 #include "modem/ModemPanel.h"
 #include "modem/NetworkModemPanel.h"
+#include "modem/PassOn.h"
+#include "modem/QueueWords.h"
 #include "platform/Operator.h"
 #include "platform/Rules.h"
 #include "platform/SerialPort.h"
@@ -159,11 +161,13 @@ void frmMain::buildStatusBar()
             new StatusPanel(QStringLiteral("sbStatusBar_%1").arg(panel + 1), this);
         ui_->sbStatusBar->addWidget(sbStatusBar_[panel], 1);
     }
+    sbStatusBar_[2]->setWords([this] { return queueWords(module_, link_, clock_.now()); });
 }
 
 void frmMain::load()
 {
-    // The order is required: a failing step is shown, and nothing behind it happens.
+    // The order is required: a failing step is shown, and nothing behind it happens. A port that
+    // cannot be opened is no such step, or an unplugged modem would leave a screen without tabs.
     shown(operator_, {}, [this] {
         placeWindow();
         readSettings();
@@ -235,7 +239,8 @@ void frmMain::applySecurityLevel()
 
 void frmMain::startModem()
 {
-    link_.selection.SelectModemLine();
+    shown(operator_, {}, [this] { link_.selection.SelectModemLine(); });
+    passOnTheEnd(clock_);
     // The network modem's connection dialogue ends in the initialisation by itself.
     if (module_.ActiveComPort != kNetworkModem) {
         link_.initialiser.InitModem();

@@ -54,6 +54,8 @@ public:
 
 signals:
     void languageChanged(const QString &CountryCode);
+    /// The inbound panel's text: while the screen is loaded, how far the modem is.
+    void inboundTold(const QString &text);
 
 protected:
     void changeEvent(QEvent *event) override;

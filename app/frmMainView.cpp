@@ -40,6 +40,9 @@ QString frmMain::portWord() const
 void frmMain::setPanel(int number, const QString &text)
 {
     sbStatusBar_[number - 1]->setText(text);
+    if (number == 2) {
+        emit inboundTold(text);
+    }
 }
 
 void frmMain::appendStatusBox(const QString &text)

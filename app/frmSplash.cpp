@@ -23,6 +23,15 @@ frmSplash::frmSplash(Clock &clock)
 
 frmSplash::~frmSplash() = default;
 
+void frmSplash::tell(const QString &text)
+{
+    ui_->lblProgress->setText(text);
+    if (!text.isEmpty()) {
+        show();
+        Timer1_->setEnabled(false);
+    }
+}
+
 void frmSplash::showEvent(QShowEvent *event)
 {
     adjustSize();

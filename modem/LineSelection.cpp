@@ -13,13 +13,29 @@
 #include "platform/Text.h"
 
 #include <QCoreApplication>
+#include <QScopeGuard>
 
+#include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace {
 
 constexpr quint8 kNoLine = 0;
 constexpr milliseconds kConnecting = 500ms;
+
+/// A line for each port: what to type, and what it stands for.
+QString listed(const std::vector<ComPort> &ports)
+{
+    QString lines;
+    for (const ComPort &port : ports) {
+        const QString what = port.description.isEmpty() ? QString() : u" – "_qs + port.description;
+        lines += u"\n%1 = "_qs.arg(port.number) + port.name + what;
+    }
+    return lines.isEmpty() ? u'\n' + QCoreApplication::translate("LineSelection",
+                                                                 "Maskinen har ingen serieport nå.")
+                           : lines;
+}
 
 /// Nothing when the text is no number.
 /// @throws RuntimeFailure when the number is none of a TCP port.
@@ -97,6 +113,10 @@ void LineSelection::SelectModemLine()
     cmdDisconnect();
     passOnTheEnd(clock_);
     MSComm1_.close();
+    const auto chosen = qScopeGuard([this] {
+        tickMenu();
+        showGroup(module_.ActiveComPort == kNetworkModem);
+    });
     // A connected network modem was let go just now, which left no line at all: whatever was
     // chosen, it takes a second choice.
     if (module_.ActiveComPort == kNetworkModem) {
@@ -106,8 +126,39 @@ void LineSelection::SelectModemLine()
         cmdDisconnect();
     }
     passOnTheEnd(clock_);
+}
+
+void LineSelection::choose(quint8 port, bool isOther)
+{
+    handle([&] {
+        const quint8 otherBefore = module_.OtherComPort;
+        module_.OtherComPort = isOther ? port : otherBefore;
+        const quint8 before = std::exchange(module_.ActiveComPort, port);
+        auto goBack = qScopeGuard([&] { // ahead of the box about the failure
+            module_.OtherComPort = otherBefore;
+            goBackTo(before);
+        });
+        SelectModemLine();
+        goBack.dismiss();
+        if (isOther) {
+            view_.setOtherPortCaption(u"ComOther("_qs + QString::number(port) + u')');
+        }
+    });
+    handle([&] {
+        passOnTheEnd(clock_);
+        initialiser_.InitModem();
+    });
+}
+
+void LineSelection::goBackTo(quint8 port)
+{
+    const bool hasFailed = port == module_.ActiveComPort;
+    module_.ActiveComPort = port;
+    if (!hasFailed && port != kNoLine && port != kNetworkModem) {
+        kept([&] { MSComm1_.open(host_.comPortDevice(port)); });
+    }
     tickMenu();
-    showGroup(module_.ActiveComPort == kNetworkModem);
+    showGroup(port == kNetworkModem);
 }
 
 void LineSelection::tickMenu()
@@ -128,28 +179,21 @@ void LineSelection::tickMenu()
 
 void LineSelection::mnuComPortCom(int port)
 {
-    handle([&] {
-        module_.ActiveComPort = byteOf(port);
-        SelectModemLine();
-        initialiser_.InitModem();
-    });
+    choose(byteOf(port), false);
 }
 
 void LineSelection::mnuComPortComOther()
 {
     handle([&] {
-        QString prompt = module_.texts.velgComPort;
-        const QStringList ports = host_.serialPorts();
-        if (!ports.isEmpty()) {
-            prompt += u'\n' + ports.join(u", ");
-        }
+        const std::vector<ComPort> ports = host_.comPorts();
+        const QString prompt = module_.texts.velgComPort + listed(ports);
         // Cancel gives an empty text, which is no number either.
         const quint8 number = toByte(operator_.inputBox(prompt, u"Com Port"_qs, u"5"_qs));
-        module_.OtherComPort = number;
-        module_.ActiveComPort = number;
-        view_.setOtherPortCaption(u"ComOther("_qs + QString::number(number) + u')');
-        SelectModemLine();
-        initialiser_.InitModem();
+        if (const auto port = std::ranges::find(ports, number, &ComPort::number);
+            port != ports.end()) {
+            host_.keepComPort(*port);
+        }
+        choose(number, true);
     });
 }
 

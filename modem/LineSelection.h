@@ -27,15 +27,19 @@ public:
     LineSelection &operator=(const LineSelection &) = delete;
 
     /// Makes ActiveComPort true. The caller starts the modem, but for the network modem, whose
-    /// connection dialogue does it.
+    /// connection dialogue does it. The menu has its tick also where the port cannot be opened.
     /// @throws RuntimeFailure when the COM port cannot be opened.
     /// @throws ProgramEnds when the program ends meanwhile.
     void SelectModemLine();
 
     void cmdConnect();
     void cmdDisconnect();
+    /// A port that cannot be opened gives way to the one before, and so the next start doesn't come
+    /// up on it.
     /// @param port 0 for none, 1 to 4
     void mnuComPortCom(int port);
+    /// The same for a number that is typed, with the machine's ports in sight; one that had no
+    /// number of its own keeps it.
     void mnuComPortComOther();
     void mnuComPortWinsock();
     /// A click on ComShowCom, Image1 or Image2.
@@ -48,6 +52,8 @@ public:
 private:
     void listenToSocket();
     void handle(const std::function<void()> &handler);
+    void choose(quint8 port, bool isOther);
+    void goBackTo(quint8 port);
     void connectLine();
     void disconnectLine();
     void tickMenu();

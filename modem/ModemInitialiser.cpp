@@ -3,17 +3,22 @@
 #include "data/Module1.h"
 #include "data/Recordsets.h"
 #include "modem/ModemLine.h"
+#include "modem/ModemView.h"
 #include "modem/PassOn.h"
 #include "modem/SendPace.h"
 #include "platform/Operator.h"
 #include "platform/Rules.h"
 #include "platform/Text.h"
 
+#include <QCoreApplication>
+#include <QScopeGuard>
+
 #include <utility>
 
 namespace {
 
 constexpr int kAttempts = 5;
+constexpr int kInboundPanel = 2;
 constexpr milliseconds kPause = 50ms;
 constexpr milliseconds kFirstListing = 10000ms;
 constexpr int kMostUnreadLines = 500; ///< of a modem that does not cease to talk
@@ -23,6 +28,11 @@ constexpr milliseconds kStoragePause = 2000ms;
 
 enum class OnNoOk { GoOn, Retry };
 enum class Reading { Ok, FirstStorage, SecondStorage, Manufacturer, Model, SerialNumber };
+
+QString words(const char *text)
+{
+    return QCoreApplication::translate("ModemInitialiser", text);
+}
 
 // The words of this box are no text of the screen's language.
 QString notFoundText()
@@ -55,7 +65,7 @@ void writeModemRow(Recordset &rsModem, const ModemRow &row)
 
 ModemInitialiser::ModemInitialiser(Clock &clock, Module1 &module, ModemFlags &flags,
                                    Recordsets &recordsets, ModemLine &line, SendPace &pace,
-                                   Timer &TimerCom, Operator &person)
+                                   Timer &TimerCom, ModemView &view, Operator &person)
     : clock_(clock),
       module_(module),
       flags_(flags),
@@ -63,6 +73,7 @@ ModemInitialiser::ModemInitialiser(Clock &clock, Module1 &module, ModemFlags &fl
       line_(line),
       pace_(pace),
       timerCom_(TimerCom),
+      view_(view),
       operator_(person)
 {
 }
@@ -114,12 +125,17 @@ std::optional<ModemInitialiser::Identity> ModemInitialiser::search()
         line_.ReadModemLine();
     }
     line_.takeSigns(); // of before
+    QString outcome;
+    const auto tell = qScopeGuard([&] { view_.setPanel(kInboundPanel, outcome); });
     for (int attempts = 1; attempts <= kAttempts; ++attempts) {
+        view_.setPanel(kInboundPanel,
+                       words("Venter på modemet: forsøk %1 av %2").arg(attempts).arg(kAttempts));
         Identity identity;
         if (attempt(identity) && (!identity.hasStarted || attempts == kAttempts)) {
             return identity;
         }
     }
+    outcome = words("Modemet svarer ikke");
     return std::nullopt;
 }
 

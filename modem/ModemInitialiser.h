@@ -8,6 +8,7 @@
 #include <optional>
 
 class ModemLine;
+class ModemView;
 class Operator;
 class Recordset;
 class Recordsets;
@@ -29,11 +30,13 @@ void writeModemRow(Recordset &rsModem, const ModemRow &row);
 
 /// Brings a GSM modem into the state that the rest of the program expects: text mode, messages on
 /// the SIM, notification of new ones, delivery reports as Module1::SmsReportOn says (AT commands
-/// of 3GPP TS 27.005 and 27.007). Takes seconds; events run inside.
+/// of 3GPP TS 27.005 and 27.007). Takes seconds, and minutes with a modem that is mute: the second
+/// panel tells the attempt. Events run inside.
 class ModemInitialiser {
 public:
     ModemInitialiser(Clock &clock, Module1 &module, ModemFlags &flags, Recordsets &recordsets,
-                     ModemLine &line, SendPace &pace, Timer &TimerCom, Operator &person);
+                     ModemLine &line, SendPace &pace, Timer &TimerCom, ModemView &view,
+                     Operator &person);
 
     /// Sets ModemReady, starts or stops the two timers and writes the Modem row. A failure shows
     /// its description and ends it with ModemReady as it was. A click may start a second one
@@ -72,6 +75,7 @@ private:
     ModemLine &line_;
     SendPace &pace_;
     Timer &timerCom_;
+    ModemView &view_;
     Operator &operator_;
     bool isLossTold_ = false; ///< that a modem which had to be set up again does not answer
 };

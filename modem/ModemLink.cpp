@@ -11,7 +11,7 @@ ModemLink::ModemLink(Clock &clock, const Host &host, Operator &person, SerialPor
     : line(clock, module, MSComm1, Winsock1, view),
       TimerCom(clock.timer([this] { watcher.timerComTick(); })),
       pace(clock, flags, [this] { watcher.timerSendTick(); }),
-      initialiser(clock, module, flags, recordsets, line, pace, *TimerCom, person),
+      initialiser(clock, module, flags, recordsets, line, pace, *TimerCom, view, person),
       submitter(clock, module, flags, line, *TimerCom, view, tables),
       queue(clock, module, flags, recordsets, submitter, pace, *TimerCom),
       watcher(clock, module, flags, recordsets, line, response, queue, pace, *TimerCom, view,

@@ -199,6 +199,11 @@ void OutboundQueue::writeOutcome()
     }
 }
 
+QDateTime OutboundQueue::sentAt(qint64 row) const
+{
+    return sentAt_.value({module_.DatabasePath, row});
+}
+
 void OutboundQueue::whenIdle(std::function<void()> next)
 {
     if (!flags_.QueueRunning) {
@@ -224,6 +229,7 @@ void OutboundQueue::sendFirst()
                    .recipient = outbox.text(u"TilNummer"_qs)};
     submitter_.SendSms(sms.text, sms.recipient);
     sms.result = module_.LastCmgsResult;
+    sentAt_[{sms.file, sms.row}] = clock_.now();
     if (submitter_.wasCutShort() && same(sms.result, u"Error"_qs)) {
         return; // the row waits on
     }

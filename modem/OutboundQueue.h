@@ -2,7 +2,8 @@
 
 #include "modem/ModemFlags.h"
 
-#include <QDate>
+#include <QDateTime>
+#include <QHash>
 #include <QString>
 
 #include <functional>
@@ -91,6 +92,9 @@ public:
     /// could not be written at once; without one it does nothing.
     /// @throws RuntimeFailure when it cannot be written now either.
     void writeOutcome();
+    /// When this run handed a message of the file in use to the modem last, by its row; an invalid
+    /// time for all others, since the file keeps it only where a delivery report has come.
+    QDateTime sentAt(qint64 row) const;
     /// What became of a message has been written, and its user's state with it.
     std::function<void()> outcomeWritten = [] {};
 
@@ -117,6 +121,7 @@ private:
     SmsSubmitter &submitter_;
     SendPace &pace_;
     Timer &timerCom_;
+    QHash<std::pair<QString, qint64>, QDateTime> sentAt_; ///< by file and row
     std::vector<Submission> accepted_; ///< by the network, but their results are not written yet
     std::vector<std::function<void()>> next_; ///< once it is idle
 };

@@ -18,7 +18,7 @@ milliseconds halfToEven(milliseconds doubled)
 } // namespace
 
 SendPace::SendPace(Clock &clock, const ModemFlags &flags, std::function<void()> tick)
-    : flags_(flags), timer_(clock.timer(std::move(tick)))
+    : clock_(clock), flags_(flags), timer_(clock.timer(std::move(tick)))
 {
     timer_->setInterval(kFirst);
 }
@@ -28,6 +28,7 @@ void SendPace::restart(milliseconds interval)
     timer_->setEnabled(false);
     timer_->setInterval(interval);
     timer_->setEnabled(true);
+    started_ = clock_.elapsed();
 }
 
 void SendPace::stop()
@@ -43,6 +44,11 @@ milliseconds SendPace::interval() const
 bool SendPace::isRunning() const
 {
     return timer_->isEnabled();
+}
+
+milliseconds SendPace::untilTick() const
+{
+    return interval() - (clock_.elapsed() - started_) % interval();
 }
 
 void SendPace::slowDown()

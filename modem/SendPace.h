@@ -14,12 +14,16 @@ public:
     void stop();
     milliseconds interval() const;
     bool isRunning() const;
+    /// How long until the next tick; only while it is running.
+    milliseconds untilTick() const;
     /// Times 1.5, rounded half to even, from under 29000 ms; else straight to 60000 ms.
     void slowDown();
     /// restart(3000 ms), unless QueuePending: the 30 seconds between two messages stand.
     void hurry();
 
 private:
+    Clock &clock_;
     const ModemFlags &flags_;
     std::unique_ptr<Timer> timer_;
+    milliseconds started_{0};
 };

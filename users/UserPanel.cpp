@@ -19,6 +19,8 @@
 #include <QMenuBar>
 #include <QScopedValueRollback>
 #include <QSignalBlocker>
+#include <QTextDocument>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -163,6 +165,13 @@ bool UserPanel::eventFilter(QObject *watched, QEvent *event)
     } else if (watched == ui_->Txtfields_3 &&
                (event->type() == QEvent::MouseButtonDblClick || key == Qt::Key_F2)) {
         Txtfields_DblClick();
+    } else if (event->type() == QEvent::ToolTip) {
+        const auto *help = static_cast<QHelpEvent *>(event);
+        const QString tip = statusTip(watched, help->pos());
+        if (!tip.isEmpty()) {
+            QToolTip::showText(help->globalPos(), Qt::convertFromPlainText(tip), this);
+            return true;
+        }
     } else if (watched == ui_->DataGrid1 && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
         // For the keyboard alone: what a click does to a row that is current already.
         if (!RadKlikket_) {

@@ -102,6 +102,7 @@ private:
     void DataGrid1_RowChange(const QItemSelection &selected);
     void fillFromRow(int row);
     void forgetRow();
+    QString statusTip(QObject *watched, const QPoint &place) const;
     void keepPlace();
     void backToPlace();
 

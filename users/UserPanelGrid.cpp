@@ -4,10 +4,12 @@
 #include "data/Dates.h"
 #include "data/Module1.h"
 #include "data/Recordsets.h"
+#include "modem/ModemLink.h"
 #include "platform/Rules.h"
 #include "platform/SettingsStore.h"
 #include "platform/Text.h"
 #include "ui_UserPanel.h"
+#include "users/StatusWords.h"
 
 #include <QCoreApplication>
 #include <QHeaderView>
@@ -403,6 +405,30 @@ void UserPanel::fillFromRow(int shownRow)
     ui_->lblHint->setText(isThere ? QString()
                                   : QCoreApplication::translate(
                                         "UserPanel", "Brukeren står ikke lenger i tabellen."));
+}
+
+/// What the field for the status, or a cell of that column, says in plain words.
+QString UserPanel::statusTip(QObject *watched, const QPoint &place) const
+{
+    const auto words = [this](const QString &status, const QString &number, bool isWaiting) {
+        return statusWords(module_, modem_.queue, dateFormat_,
+                           {status, recordsets_.doorNumber(), number, isWaiting});
+    };
+    if (watched == ui_->Txtfields_3) {
+        const bool isWaiting = ui_->Txtfields_5->text() != QStringLiteral("9999");
+        const QString tip = words(ui_->Txtfields_3->text(), ui_->Txtfields_0->text(), isWaiting);
+        return tip.isEmpty() ? tip : ui_->Txtfields_3->toolTip() + u'\n' + tip;
+    }
+    const QModelIndex cell = ui_->DataGrid1->indexAt(place);
+    const auto column = [this](const QString &name) {
+        return static_cast<int>(model_.columns().indexOf(name));
+    };
+    return watched == ui_->DataGrid1->viewport() && cell.isValid() &&
+                   cell.column() == column(QStringLiteral("Status"))
+               ? words(model_.text(cell.row(), cell.column()),
+                       model_.text(cell.row(), column(QStringLiteral("Bruker"))),
+                       grid_.showsWaiting())
+               : QString();
 }
 
 void UserPanel::keepPlace()

@@ -96,7 +96,8 @@ QWidget *frontWindow()
     }
     const QWidgetList windows = QApplication::topLevelWidgets();
     for (QWidget *window : windows) {
-        if (window->isVisible() && window->windowType() == Qt::Window) {
+        const Qt::WindowType type = window->windowType();
+        if (window->isVisible() && (type == Qt::Window || type == Qt::SplashScreen)) {
             return window;
         }
     }

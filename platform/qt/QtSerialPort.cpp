@@ -15,15 +15,28 @@ QString words(const char *text)
     return QCoreApplication::translate("SerialPort", text);
 }
 
-QString openFailure(QSerialPort::SerialPortError error)
+/// A link also by what it stands for, which may not be there.
+QString nameOf(const QFileInfo &device)
 {
+    return device.isSymLink()
+               ? device.fileName() + QStringLiteral(" (") + device.symLinkTarget() + u')'
+               : device.filePath();
+}
+
+QString openFailure(QSerialPort::SerialPortError error, const QFileInfo &device)
+{
+    const QString name = nameOf(device);
     switch (error) {
     case QSerialPort::DeviceNotFoundError:
-        return words("Porten %1 finnes ikke.");
+        return words("Porten %1 finnes ikke. Er modemet koblet til?").arg(name);
     case QSerialPort::PermissionError:
-        return words("Porten %1 er i bruk av et annet program, eller du har ikke adgang til den.");
+        return device.isReadable() && device.isWritable()
+                   ? words("Porten %1 er i bruk av et annet program.").arg(name)
+                   : words("Du har ikke adgang til porten %1. Du må være med i gruppen %2; be den "
+                           "som styrer maskinen, om det, og logg på maskinen på nytt.")
+                         .arg(name, device.group());
     default:
-        return words("Porten %1 kan ikke åpnes som serieport.");
+        return words("%1 er ingen serieport med et modem.").arg(name);
     }
 }
 
@@ -52,7 +65,7 @@ void QtSerialPort::open(const QString &device)
     const QString target = QFileInfo(device).canonicalFilePath();
     port_.setPortName(target.isEmpty() ? device : target);
     if (!port_.open(QIODevice::ReadWrite)) {
-        throw RuntimeFailure(openFailure(port_.error()).arg(device));
+        throw RuntimeFailure(openFailure(port_.error(), QFileInfo(device)));
     }
 }
 

@@ -109,13 +109,20 @@ TEST(Program, EndsWithoutALoginAndWithoutADatabase)
 // A mute modem on COM 2: its initialisation takes minutes.
 TEST(Program, EndsAtOnceInLoginSplashAndInitialisation)
 {
-    for (const auto &[moment, saved] :
-         {std::pair{500ms, 0}, std::pair{2000ms, 0}, std::pair{9000ms, 12}}) {
+    for (const auto &[moment, saved, progress] :
+         {std::tuple{500ms, 0, u"none"_qs}, std::tuple{2000ms, 0, u""_qs},
+          std::tuple{32'000ms, 12, u"Venter på modemet: forsøk 2 av 5"_qs}}) {
         Program run;
         run.settings.values[u"lastcomport"_qs] = u"2"_qs;
         run.modem.faults().mute = true;
         run.logInAfter(1000ms);
-        run.clock.after(moment, [&] { run.lukora.close(); });
+        run.clock.after(moment, [&] {
+            const QWidget *splash = visibleScreen(u"frmSplash"_qs);
+            EXPECT_EQ(splash != nullptr ? splash->findChild<QLabel *>(u"lblProgress"_qs)->text()
+                                        : u"none"_qs,
+                      progress);
+            run.lukora.close();
+        });
         EXPECT_FALSE(run.lukora.start());
         EXPECT_LT(run.clock.elapsed(), moment + 3000ms);
         EXPECT_FALSE(run.port.isOpen());

@@ -32,6 +32,16 @@ TEST(DateFormat, HasTwoDigitsForDayAndMonthAndFourForTheYear)
     }
 }
 
+QString whatFails(const std::function<void()> &work)
+{
+    try {
+        work();
+    } catch (const RuntimeFailure &failure) {
+        return failure.description();
+    }
+    return {};
+}
+
 TEST(ComPorts, FollowTheirLinkWhereThereIsOne)
 {
     QStandardPaths::setTestModeEnabled(true);
@@ -45,6 +55,16 @@ TEST(ComPorts, FollowTheirLinkWhereThereIsOne)
     // A link to a device that is switched off still means that device.
     ASSERT_TRUE(QFile::link(u"/dev/lukora-not-there"_qs, link));
     EXPECT_EQ(host.comPortDevice(7), link);
+    EXPECT_EQ(whatFails([&] { QtSerialPort().open(link); }),
+              u"Porten com7 (/dev/lukora-not-there) finnes ikke. Er modemet koblet til?");
+    const ComPort port{.number = 7, .device = u"/dev/null"_qs};
+    EXPECT_EQ(whatFails([&] { host.keepComPort(port); }),
+              u"Kan ikke lage lenken %1 til porten /dev/null."_qs.arg(link));
+    QFile::remove(link);
+    QDir().rmdir(folder.path()); // as on a machine that has no number yet
+    host.keepComPort(port);
+    host.keepComPort(port);
+    EXPECT_EQ(QFileInfo(host.comPortDevice(7)).canonicalFilePath(), u"/dev/null");
     QFile::remove(link);
     QStandardPaths::setTestModeEnabled(false);
 }
@@ -60,6 +80,32 @@ TEST(SystemInformation, IsTheFirstKnownProgramThatIsThere)
     qputenv("PATH", path);
 }
 
+TEST(ComPorts, HaveTheirOwnNumbersOrGetFreeOnes)
+{
+    const auto numbers = [](const QStringList &names, const QMap<int, QString> &links) {
+        std::vector<ComPort> ports;
+        for (const QString &name : names) {
+            ports.push_back({.name = name, .device = u"/dev/"_qs + name});
+        }
+        QStringList result;
+        for (const ComPort &port : numberedPorts(ports, links)) {
+            result += QString::number(port.number) + u' ' + port.name;
+        }
+        return result.join(u' ');
+    };
+    EXPECT_EQ(numbers({u"ttyUSB1"_qs, u"ttyUSB0"_qs, u"ttyS1"_qs, u"ttyS4"_qs, u"COM3"_qs}, {}),
+              u"2 ttyS1 3 COM3 5 ttyS4 6 ttyUSB1 7 ttyUSB0");
+    // Linked, not there, and in the place of a built-in port; of two links the first counts.
+    EXPECT_EQ(numbers({u"ttyACM0"_qs, u"ttyS0"_qs, u"ttyUSB0"_qs, u"ttyUSB1"_qs},
+                      {{1, u"/dev/ttyUSB0"_qs},
+                       {5, u""_qs},
+                       {7, u"/dev/ttyUSB1"_qs},
+                       {9, u"/dev/ttyUSB1"_qs}}),
+              u"1 ttyUSB0 6 ttyACM0 7 ttyUSB1 8 ttyS0");
+    EXPECT_EQ(numbers({u"ttyS254"_qs, u"ttyS253"_qs, u"ttySX"_qs}, {}),
+              u"5 ttyS254 6 ttySX 254 ttyS253");
+}
+
 TEST(SerialPortOfTheMachine, CarriesEveryByteAndFailsOnceWhenTheDeviceGoes)
 {
     // A pseudo-terminal, which the port takes for a serial device.
@@ -67,10 +113,17 @@ TEST(SerialPortOfTheMachine, CarriesEveryByteAndFailsOnceWhenTheDeviceGoes)
     ::grantpt(wire);
     ::unlockpt(wire);
     QtSerialPort port;
-    EXPECT_THROW(port.open(u"/dev/null"_qs), RuntimeFailure);
-    EXPECT_THROW(port.open(u"/dev/lukora-not-there"_qs), RuntimeFailure);
+    EXPECT_EQ(whatFails([&] { port.open(u"/dev/null"_qs); }),
+              u"/dev/null er ingen serieport med et modem.");
+    const QString name = QString::fromLocal8Bit(::ptsname(wire));
+    {
+        QtSerialPort another;
+        another.open(name);
+        EXPECT_EQ(whatFails([&] { port.open(name); }),
+                  u"Porten %1 er i bruk av et annet program."_qs.arg(name));
+    }
     EXPECT_FALSE(port.isOpen());
-    port.open(QString::fromLocal8Bit(::ptsname(wire)));
+    port.open(name);
     ASSERT_TRUE(port.isOpen());
     ASSERT_EQ(::write(wire, "\x01\r\n\xff", 4), 4);
     ASSERT_TRUE(QTest::qWaitFor([&] { return port.bytesAvailable() == 4; }, 3000));

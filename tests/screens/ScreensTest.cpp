@@ -7,6 +7,7 @@
 #include "platform/RuntimeFailure.h"
 #include "platform/qt/ScreenStyle.h"
 #include "screens/Looks.h"
+#include "simulator/Personalities.h"
 #include "support/Bench.h"
 #include "support/Corpus.h"
 #include "support/FarModem.h"
@@ -366,6 +367,8 @@ private:
             {u"queued"_qs, [&] { modemLink().flags.QueuePending = true; }},
             {u"withoutFile"_qs, [&] { module.DatabaseConnection.reset(); }},
             {u"unplug"_qs, [&] { port.unplug(); }},
+            {u"missing"_qs, [&] { port.missing = fields; }},
+            {u"modem"_qs, [&] { addPersonality(modem.faults(), fields); }},
             {u"copy"_qs, [&] { QFile::copy(database_.path(), database_.filePath(fields)); }},
             {u"letGo"_qs, [&] { database_.letGo(); }},
             {u"alone"_qs, [&] { database_.letGo(), FileUse::alone(database_.path()); }},
@@ -491,7 +494,9 @@ private:
             {u"entry"_qs, (entry + period + QStringList{e.tilTid, e.saldo}).join(u'|')},
             {u"CountryCode"_qs, module.CountryCode},
             {u"LogoCountryCode"_qs, module.LogoCountryCode},
+            {u"ActiveComPort"_qs, module.ActiveComPort},
             {u"OtherComPort"_qs, module.OtherComPort},
+            {u"kept"_qs, host.kept.join(u' ')},
             {u"LoginUser"_qs, module.LoginUser},
             {u"LoginComputer"_qs, module.LoginComputer},
             {u"Level"_qs, module.SecurityLevel},
@@ -542,6 +547,8 @@ private:
             }
         } else if (table != nullptr && kOfGrid.match(property).hasMatch()) {
             several = ofGrid(*table, property);
+        } else if (property == u"tip") {
+            several += tip(named(name));
         } else if (property == u"colours") {
             several += named(name).palette().color(QPalette::Base).name();
             several += named(name).palette().color(QPalette::Text).name();
@@ -552,6 +559,18 @@ private:
             several += found.isValid() ? found.toString() : throw std::runtime_error("no property");
         }
         return several.join(isSet ? u' ' : u'|');
+    }
+    /// What the mouse finds there, or in the current cell of a grid.
+    static QString tip(QWidget &control)
+    {
+        auto *grid = qobject_cast<QTableView *>(&control);
+        QWidget *target = grid != nullptr ? grid->viewport() : &control;
+        const QPoint place =
+            (grid != nullptr ? grid->visualRect(grid->currentIndex()) : control.rect()).center();
+        QToolTip::showText({}, u"none"_qs);
+        QHelpEvent event(QEvent::ToolTip, place, target->mapToGlobal(place));
+        QApplication::sendEvent(target, &event);
+        return QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText();
     }
     void shows(const std::pair<QString, QString> &told)
     {

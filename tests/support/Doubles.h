@@ -87,8 +87,14 @@ public:
     QString computerName() const override { return computer; }
     QString dateFormat() const override { return format; }
     QString comPortDevice(int number) const override { return u"COM%1"_qs.arg(number); }
-    QStringList serialPorts() const override { return {u"COM1"_qs, u"COM7"_qs}; }
     bool startSystemInformation() const override { return hasSystemInformation; }
+    std::vector<ComPort> comPorts() const override
+    {
+        return {{1, u"ttyS0"_qs}, {7, u"ttyUSB0"_qs, u"GSM Stick"_qs}};
+    }
+    void keepComPort(const ComPort &port) const override { kept += QString::number(port.number); }
+
+    mutable QStringList kept; ///< numbers of ports
 
     QString user = QStringLiteral("Hovedoperatør");
     QString computer = QStringLiteral("KONTOR-1");

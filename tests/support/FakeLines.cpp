@@ -9,7 +9,7 @@
 void FakeSerialPort::open(const QString &name)
 {
     device = name;
-    if (!present_) {
+    if (!present_ || name == missing) {
         throw RuntimeFailure(u"No such port: "_qs + name);
     }
     waiting_.clear();

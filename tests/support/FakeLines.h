@@ -23,7 +23,8 @@ public:
 
     std::function<void(const QByteArray &)> onWrite;
     QByteArray written; ///< all that the program ever wrote
-    QString device;     ///< the last one opened
+    QString device;     ///< the last one that opened, or was to
+    QString missing;    ///< the device that opens no more
 
 private:
     std::deque<unsigned char> waiting_;

@@ -100,6 +100,10 @@
         <source>Portnummeret må være et helt tall fra 1 til 65535</source>
         <translation>Portnummeret skal være et helt tal fra 1 til 65535</translation>
     </message>
+    <message>
+        <source>Maskinen har ingen serieport nå.</source>
+        <translation>Maskinen har ingen seriel port lige nu.</translation>
+    </message>
 </context>
 <context>
     <name>SmsSubmitter</name>
@@ -270,18 +274,6 @@
 <context>
     <name>SerialPort</name>
     <message>
-        <source>Porten %1 finnes ikke.</source>
-        <translation>Porten %1 findes ikke.</translation>
-    </message>
-    <message>
-        <source>Porten %1 er i bruk av et annet program, eller du har ikke adgang til den.</source>
-        <translation>Porten %1 er i brug af et andet program, eller du har ikke adgang til den.</translation>
-    </message>
-    <message>
-        <source>Porten %1 kan ikke åpnes som serieport.</source>
-        <translation>Porten %1 kan ikke åbnes som seriel port.</translation>
-    </message>
-    <message>
         <source>Porten er ikke åpen.</source>
         <translation>Porten er ikke åben.</translation>
     </message>
@@ -292,6 +284,22 @@
     <message>
         <source>Forbindelsen med porten %1 er brutt.</source>
         <translation>Forbindelsen til porten %1 er afbrudt.</translation>
+    </message>
+    <message>
+        <source>Porten %1 finnes ikke. Er modemet koblet til?</source>
+        <translation>Porten %1 findes ikke. Er modemet tilsluttet?</translation>
+    </message>
+    <message>
+        <source>Porten %1 er i bruk av et annet program.</source>
+        <translation>Porten %1 er i brug af et andet program.</translation>
+    </message>
+    <message>
+        <source>Du har ikke adgang til porten %1. Du må være med i gruppen %2; be den som styrer maskinen, om det, og logg på maskinen på nytt.</source>
+        <translation>Du har ikke adgang til porten %1. Du skal være med i gruppen %2; bed den, der styrer maskinen, om det, og log på maskinen igen.</translation>
+    </message>
+    <message>
+        <source>%1 er ingen serieport med et modem.</source>
+        <translation>%1 er ikke en seriel port med et modem.</translation>
     </message>
 </context>
 <context>
@@ -1689,6 +1697,118 @@ Vil du slette den alligevel?</translation>
     <message>
         <source>Telefonen er av</source>
         <translation>Telefonen er slukket</translation>
+    </message>
+</context>
+<context>
+    <name>ModemInitialiser</name>
+    <message>
+        <source>Venter på modemet: forsøk %1 av %2</source>
+        <translation>Venter på modemet: forsøg %1 af %2</translation>
+    </message>
+    <message>
+        <source>Modemet svarer ikke</source>
+        <translation>Modemet svarer ikke</translation>
+    </message>
+</context>
+<context>
+    <name>QtHost</name>
+    <message>
+        <source>Kan ikke lage lenken %1 til porten %2.</source>
+        <translation>Kan ikke oprette linket %1 til porten %2.</translation>
+    </message>
+</context>
+<context>
+    <name>QueueWords</name>
+    <message>
+        <source>En melding sendes nå.</source>
+        <translation>En besked sendes nu.</translation>
+    </message>
+    <message>
+        <source>Ingenting sendes før modemet er klart.</source>
+        <translation>Intet sendes, før modemet er klart.</translation>
+    </message>
+    <message>
+        <source>Ingenting sendes så lenge en SMS blir skrevet.</source>
+        <translation>Intet sendes, så længe en SMS bliver skrevet.</translation>
+    </message>
+    <message>
+        <source>Neste melding sendes ca. kl. %1.</source>
+        <translation>Næste besked sendes ca. kl. %1.</translation>
+    </message>
+    <message>
+        <source>og %1 mottakere til</source>
+        <translation>og %1 modtagere til</translation>
+    </message>
+    <message>
+        <source>Ingen meldinger venter på å bli sendt.</source>
+        <translation>Ingen beskeder venter på at blive sendt.</translation>
+    </message>
+    <message>
+        <source>1 melding venter på å bli sendt:</source>
+        <translation>1 besked venter på at blive sendt:</translation>
+    </message>
+    <message>
+        <source>%1 meldinger venter på å bli sendt:</source>
+        <translation>%1 beskeder venter på at blive sendt:</translation>
+    </message>
+</context>
+<context>
+    <name>StatusWords</name>
+    <message>
+        <source>Kommandoen ligger i køen og er ikke sendt ennå.</source>
+        <translation>Kommandoen ligger i køen og er ikke sendt endnu.</translation>
+    </message>
+    <message>
+        <source>Nettet tok ikke imot kommandoen, og den sendes ikke igjen av seg selv.</source>
+        <translation>Nettet tog ikke imod kommandoen, og den sendes ikke igen af sig selv.</translation>
+    </message>
+    <message>
+        <source>Ingen kommando ligger i køen.</source>
+        <translation>Ingen kommando ligger i køen.</translation>
+    </message>
+    <message>
+        <source>Kommandoen ble sendt %1 kl. %2.</source>
+        <translation>Kommandoen blev sendt %1 kl. %2.</translation>
+    </message>
+    <message>
+        <source>Kommandoen er sendt.</source>
+        <translation>Kommandoen er sendt.</translation>
+    </message>
+    <message>
+        <source>Nettet melder at den ikke kom frem.</source>
+        <translation>Nettet melder, at den ikke nåede frem.</translation>
+    </message>
+    <message>
+        <source>Den kom frem %1 kl. %2.</source>
+        <translation>Den nåede frem %1 kl. %2.</translation>
+    </message>
+    <message>
+        <source>Døren har ikke svart ennå.</source>
+        <translation>Døren har ikke svaret endnu.</translation>
+    </message>
+    <message>
+        <source>Perioden venter på at brukerens forrige periode er borte fra døren.</source>
+        <translation>Perioden venter på, at brugerens forrige periode er væk fra døren.</translation>
+    </message>
+    <message>
+        <source>Perioden er lagret. Kommandoen legges snart i køen.</source>
+        <translation>Perioden er gemt. Kommandoen lægges snart i køen.</translation>
+    </message>
+    <message>
+        <source>Perioden er lagret. Kommandoen legges i køen når modemet er klart.</source>
+        <translation>Perioden er gemt. Kommandoen lægges i køen, når modemet er klart.</translation>
+    </message>
+    <message>
+        <source>Døren har meldt at brukeren er lagt inn.</source>
+        <translation>Døren har meldt, at brugeren er lagt ind.</translation>
+    </message>
+    <message>
+        <source>En ny kommando ligger i køen og er ikke sendt ennå.</source>
+        <translation>En ny kommando ligger i køen og er ikke sendt endnu.</translation>
+    </message>
+    <message>
+        <source>Brukeren skal slettes fra døren.</source>
+        <translation>Brugeren skal slettes fra døren.</translation>
     </message>
 </context>
 </TS>

@@ -100,6 +100,10 @@
         <source>Portnummeret må være et helt tall fra 1 til 65535</source>
         <translation>Portnumret måste vara ett heltal från 1 till 65535</translation>
     </message>
+    <message>
+        <source>Maskinen har ingen serieport nå.</source>
+        <translation>Datorn har ingen serieport just nu.</translation>
+    </message>
 </context>
 <context>
     <name>SmsSubmitter</name>
@@ -270,18 +274,6 @@
 <context>
     <name>SerialPort</name>
     <message>
-        <source>Porten %1 finnes ikke.</source>
-        <translation>Porten %1 finns inte.</translation>
-    </message>
-    <message>
-        <source>Porten %1 er i bruk av et annet program, eller du har ikke adgang til den.</source>
-        <translation>Porten %1 används av ett annat program, eller så har du inte tillgång till den.</translation>
-    </message>
-    <message>
-        <source>Porten %1 kan ikke åpnes som serieport.</source>
-        <translation>Porten %1 kan inte öppnas som serieport.</translation>
-    </message>
-    <message>
         <source>Porten er ikke åpen.</source>
         <translation>Porten är inte öppen.</translation>
     </message>
@@ -292,6 +284,22 @@
     <message>
         <source>Forbindelsen med porten %1 er brutt.</source>
         <translation>Förbindelsen med porten %1 är bruten.</translation>
+    </message>
+    <message>
+        <source>Porten %1 finnes ikke. Er modemet koblet til?</source>
+        <translation>Porten %1 finns inte. Är modemet anslutet?</translation>
+    </message>
+    <message>
+        <source>Porten %1 er i bruk av et annet program.</source>
+        <translation>Porten %1 används av ett annat program.</translation>
+    </message>
+    <message>
+        <source>Du har ikke adgang til porten %1. Du må være med i gruppen %2; be den som styrer maskinen, om det, og logg på maskinen på nytt.</source>
+        <translation>Du har inte tillgång till porten %1. Du måste vara med i gruppen %2; be den som sköter datorn om det och logga in på datorn igen.</translation>
+    </message>
+    <message>
+        <source>%1 er ingen serieport med et modem.</source>
+        <translation>%1 är ingen serieport med ett modem.</translation>
     </message>
 </context>
 <context>
@@ -1689,6 +1697,118 @@ Vill du ta bort den ändå?</translation>
     <message>
         <source>Telefonen er av</source>
         <translation>Telefonen är av</translation>
+    </message>
+</context>
+<context>
+    <name>ModemInitialiser</name>
+    <message>
+        <source>Venter på modemet: forsøk %1 av %2</source>
+        <translation>Väntar på modemet: försök %1 av %2</translation>
+    </message>
+    <message>
+        <source>Modemet svarer ikke</source>
+        <translation>Modemet svarar inte</translation>
+    </message>
+</context>
+<context>
+    <name>QtHost</name>
+    <message>
+        <source>Kan ikke lage lenken %1 til porten %2.</source>
+        <translation>Kan inte skapa länken %1 till porten %2.</translation>
+    </message>
+</context>
+<context>
+    <name>QueueWords</name>
+    <message>
+        <source>En melding sendes nå.</source>
+        <translation>Ett meddelande skickas nu.</translation>
+    </message>
+    <message>
+        <source>Ingenting sendes før modemet er klart.</source>
+        <translation>Inget skickas förrän modemet är klart.</translation>
+    </message>
+    <message>
+        <source>Ingenting sendes så lenge en SMS blir skrevet.</source>
+        <translation>Inget skickas så länge ett SMS skrivs.</translation>
+    </message>
+    <message>
+        <source>Neste melding sendes ca. kl. %1.</source>
+        <translation>Nästa meddelande skickas ca kl. %1.</translation>
+    </message>
+    <message>
+        <source>og %1 mottakere til</source>
+        <translation>och %1 mottagare till</translation>
+    </message>
+    <message>
+        <source>Ingen meldinger venter på å bli sendt.</source>
+        <translation>Inga meddelanden väntar på att skickas.</translation>
+    </message>
+    <message>
+        <source>1 melding venter på å bli sendt:</source>
+        <translation>1 meddelande väntar på att skickas:</translation>
+    </message>
+    <message>
+        <source>%1 meldinger venter på å bli sendt:</source>
+        <translation>%1 meddelanden väntar på att skickas:</translation>
+    </message>
+</context>
+<context>
+    <name>StatusWords</name>
+    <message>
+        <source>Kommandoen ligger i køen og er ikke sendt ennå.</source>
+        <translation>Kommandot ligger i kön och är inte skickat ännu.</translation>
+    </message>
+    <message>
+        <source>Nettet tok ikke imot kommandoen, og den sendes ikke igjen av seg selv.</source>
+        <translation>Nätet tog inte emot kommandot, och det skickas inte igen av sig självt.</translation>
+    </message>
+    <message>
+        <source>Ingen kommando ligger i køen.</source>
+        <translation>Inget kommando ligger i kön.</translation>
+    </message>
+    <message>
+        <source>Kommandoen ble sendt %1 kl. %2.</source>
+        <translation>Kommandot skickades %1 kl. %2.</translation>
+    </message>
+    <message>
+        <source>Kommandoen er sendt.</source>
+        <translation>Kommandot är skickat.</translation>
+    </message>
+    <message>
+        <source>Nettet melder at den ikke kom frem.</source>
+        <translation>Nätet meddelar att det inte kom fram.</translation>
+    </message>
+    <message>
+        <source>Den kom frem %1 kl. %2.</source>
+        <translation>Det kom fram %1 kl. %2.</translation>
+    </message>
+    <message>
+        <source>Døren har ikke svart ennå.</source>
+        <translation>Dörren har inte svarat ännu.</translation>
+    </message>
+    <message>
+        <source>Perioden venter på at brukerens forrige periode er borte fra døren.</source>
+        <translation>Perioden väntar på att användarens förra period är borta från dörren.</translation>
+    </message>
+    <message>
+        <source>Perioden er lagret. Kommandoen legges snart i køen.</source>
+        <translation>Perioden är sparad. Kommandot läggs snart i kön.</translation>
+    </message>
+    <message>
+        <source>Perioden er lagret. Kommandoen legges i køen når modemet er klart.</source>
+        <translation>Perioden är sparad. Kommandot läggs i kön när modemet är klart.</translation>
+    </message>
+    <message>
+        <source>Døren har meldt at brukeren er lagt inn.</source>
+        <translation>Dörren har meddelat att användaren är inlagd.</translation>
+    </message>
+    <message>
+        <source>En ny kommando ligger i køen og er ikke sendt ennå.</source>
+        <translation>Ett nytt kommando ligger i kön och är inte skickat ännu.</translation>
+    </message>
+    <message>
+        <source>Brukeren skal slettes fra døren.</source>
+        <translation>Användaren ska raderas från dörren.</translation>
     </message>
 </context>
 </TS>
