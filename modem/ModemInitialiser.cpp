@@ -265,6 +265,7 @@ void ModemInitialiser::noLine()
 {
     timerCom_.setEnabled(false);
     ++flags_.initialisations;
+    view_.setPanel(kInboundPanel, {}); // nothing comes in
     searchEnded();
     if (std::exchange(module_.ModemReady, false)) {
         writeModemRow(recordsets_.rsModem, {.ModemManufacturer = u"No Modem"_qs});

@@ -46,8 +46,9 @@ QString queueWords(const Module1 &module, const ModemLink &link, const QDateTime
             return;
         }
         module.DatabaseConnection->another(kPatience)->run(
-            u"SELECT TilNummer, count(*), max(trim(coalesce(Fornavn, '') || ' ' || "
-            "coalesce(Etternavn, ''))) FROM SMS_Sent WHERE "_qs +
+            // The name is that of any of his messages.
+            u"SELECT TilNummer, count(*), trim(coalesce(Fornavn, '') || ' ' || "
+            "coalesce(Etternavn, '')) FROM SMS_Sent WHERE "_qs +
                 equals(u"CMGS"_qs) + u" GROUP BY TilNummer ORDER BY min(DatoLNG), min(ID)"_qs,
             {u"UNSENT"_qs}, [&](const QVariantList &row) {
                 waiting += row[1].toLongLong();
