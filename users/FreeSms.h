@@ -1,13 +1,18 @@
 #pragma once
 
 #include "modem/OutboundQueue.h"
+#include "platform/Operator.h"
 #include "users/UserEntry.h"
 
+class CharacterTables;
 class Clock;
 class ModemLink;
-class Operator;
 class Recordsets;
 struct Module1;
+
+/// The length of a message as it will be handed to the modem, in one piece, and what in it will not
+/// arrive as it was written. To a door it is a command.
+TextNotes notesOnSms(const QString &text, const CharacterTables &tables, bool isCommand);
 
 /// Messages written by hand. They ask for the text and queue it; a failing step is left out and
 /// nothing is said. No tick of TimerSEND_SMS acts while the operator writes.
@@ -23,7 +28,7 @@ public:
     void toDoor();
 
 private:
-    void send(OutboundSms sms);
+    void send(OutboundSms sms, bool isCommand);
 
     Module1 &module_;
     Recordsets &recordsets_;

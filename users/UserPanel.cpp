@@ -11,6 +11,7 @@
 #include "platform/qt/Keys.h"
 #include "ui_UserPanel.h"
 #include "users/Balance.h"
+#include "users/DoorSearch.h"
 #include "users/UserOperations.h"
 
 #include <QCalendarWidget>
@@ -80,6 +81,10 @@ UserPanel::UserPanel(Module1 &module, Recordsets &recordsets, ModemLink &modem,
       ui_(std::make_unique<Ui::UserPanel>())
 {
     ui_->setupUi(this);
+    search_ = new DoorSearch(module, clock, dateFormat_, this);
+    ui_->tableLayout->insertWidget(0, search_);
+    setTabOrder(ui_->CommandSendSMS, search_);
+    setTabOrder(search_, ui_->TabStrip1);
     Txtfields_ = {ui_->Txtfields_0, ui_->Txtfields_1, ui_->Txtfields_2,
                   ui_->Txtfields_3, ui_->Txtfields_4, ui_->Txtfields_5};
     fillHours(*ui_->FraTid, QStringLiteral("00"));

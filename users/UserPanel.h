@@ -12,6 +12,7 @@
 #include <memory>
 #include <optional>
 
+class DoorSearch;
 class Host;
 class QAbstractButton;
 class QDateEdit;
@@ -21,6 +22,7 @@ class QLabel;
 class QLineEdit;
 class SettingsStore;
 class UserOperations;
+struct UserHit;
 
 namespace Ui {
 class UserPanel;
@@ -105,6 +107,7 @@ private:
     QString statusTip(QObject *watched, const QPoint &place) const;
     void keepPlace();
     void backToPlace();
+    void goTo(const UserHit &hit);
 
     Module1 &module_;
     Recordsets &recordsets_;
@@ -119,6 +122,7 @@ private:
     SettingsStore &settings_;
     const QString dateFormat_;
     std::unique_ptr<Ui::UserPanel> ui_;
+    DoorSearch *search_;
     std::array<QLineEdit *, 6> Txtfields_;
     bool NewUserMode_ = false; ///< a save makes a waiting period
     bool RadKlikket_ = false;  ///< a change of row fills the form
@@ -132,6 +136,7 @@ private:
         qint64 current = 0;
         qint64 top = 0; ///< in sight
         bool isSelected = false;
+        bool isChosen = false; ///< the operator wants to see it: the form shows it, too
     };
     std::optional<Place> place_;
     bool hasAutomaticWidths_ = false; ///< the columns under "Saldo"

@@ -10,6 +10,7 @@
 #include "platform/Text.h"
 #include "ui_UserPanel.h"
 #include "users/StatusWords.h"
+#include "users/DoorSearch.h"
 
 #include <QCoreApplication>
 #include <QHeaderView>
@@ -47,6 +48,11 @@ constexpr int kEtternavnColumn = 1;
 constexpr int kFornavnColumn = 2;
 constexpr int kFraColumn = 3; // Gyldig fra
 constexpr int kTilColumn = 5; // Gyldig til
+
+QString goneText()
+{
+    return QCoreApplication::translate("UserPanel", "Brukeren står ikke lenger i tabellen.");
+}
 
 } // namespace
 
@@ -105,6 +111,7 @@ void UserPanel::connectGrid()
     above->addWidget(lblTom_);
     connect(&model_, &RecordsetModel::modelReset, this, &UserPanel::rowsCame);
     connect(&model_, &RecordsetModel::readOn, this, &UserPanel::rowsCame);
+    connect(search_, &DoorSearch::chosen, this, &UserPanel::goTo);
 }
 
 void UserPanel::VisBrukerTabell()
@@ -402,9 +409,7 @@ void UserPanel::fillFromRow(int shownRow)
             }
         });
     }
-    ui_->lblHint->setText(isThere ? QString()
-                                  : QCoreApplication::translate(
-                                        "UserPanel", "Brukeren står ikke lenger i tabellen."));
+    ui_->lblHint->setText(isThere ? QString() : goneText());
 }
 
 /// What the field for the status, or a cell of that column, says in plain words.
@@ -445,8 +450,21 @@ void UserPanel::keepPlace()
     place_->query.sort.clear();
 }
 
-/// Back to the row that was current, as soon as it is listed again; the form stays as it is, since
-/// nobody has chosen the row.
+/// A hit of the search over all doors: its door, a tab that shows it, and its row as by a click.
+void UserPanel::goTo(const UserHit &hit)
+{
+    module_.KeySelect = hit.door;
+    module_.GridFilter = hit.isWaiting ? module_.texts.nye : module_.texts.alle;
+    followDoor();
+    ui_->DataGrid1->setFocus();
+    place_ = {
+        .query = model_.shownQuery(), .current = hit.key, .isSelected = true, .isChosen = true};
+    place_->query.sort.clear();
+    backToPlace();
+}
+
+/// Back to the row that was current, as soon as it is listed again; the form stays as it is, unless
+/// the operator has chosen the row.
 void UserPanel::backToPlace()
 {
     if (!place_ || !model_.showsLatest()) {
@@ -463,8 +481,12 @@ void UserPanel::backToPlace()
     if (!isSameTable) {
         return;
     }
-    const QScopedValueRollback returning(returning_, true);
+    const QScopedValueRollback returning(returning_, !kept.isChosen);
     QTableView &grid = *ui_->DataGrid1;
+    if (kept.isChosen) {
+        DataGrid1_Click();
+        ui_->lblHint->setText(row < 0 ? goneText() : QString());
+    }
     if (kept.current != 0 && row >= 0) {
         using Selection = QItemSelectionModel;
         grid.selectionModel()->setCurrentIndex(

@@ -11,10 +11,12 @@
 #include <QLocale>
 #include <QMessageBox>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScopeGuard>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -25,6 +27,8 @@ namespace {
 constexpr milliseconds kLongestWait = 250ms;
 constexpr int kLongestWord = 60;
 constexpr int kLongestText = 1000;
+constexpr int kTextColumns = 50;
+constexpr int kTextLines = 7;
 
 struct Language {
     QStringView countryCode;
@@ -52,6 +56,14 @@ QString forLabel(QString text)
         }
     }
     return text;
+}
+
+QLabel *plainLabel(const QString &text = {})
+{
+    auto *label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
 }
 
 /// A character on a disc in the platform's accent colour.
@@ -146,9 +158,7 @@ QString QtOperator::inputBox(const QString &prompt, const QString &title, const 
     const QPointer dialog = new QDialog(open_.isEmpty() ? frontWindow() : open_.last());
     const auto remove = qScopeGuard([&] { delete dialog; });
     dialog->setWindowTitle(orProgramName(title));
-    auto *label = new QLabel(forLabel(prompt));
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
+    auto *label = plainLabel(forLabel(prompt));
     auto *field = new QLineEdit(preset);
     field->setMinimumWidth(field->fontMetrics().averageCharWidth() * 50);
     field->selectAll();
@@ -163,6 +173,58 @@ QString QtOperator::inputBox(const QString &prompt, const QString &title, const 
     QObject::connect(buttons, &QDialogButtonBox::accepted, dialog, &QDialog::accept);
     QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
     return ask(*dialog) && dialog ? field->text() : QString();
+}
+
+QString QtOperator::textBox(const QString &prompt, const QString &title, const QString &preset,
+                            const std::function<TextNotes(const QString &)> &notes)
+{
+    const QPointer dialog = new QDialog(open_.isEmpty() ? frontWindow() : open_.last());
+    const auto remove = qScopeGuard([&] { delete dialog; });
+    dialog->setWindowTitle(orProgramName(title));
+    auto *label = plainLabel(forLabel(prompt));
+    auto *text = new QPlainTextEdit(preset);
+    text->setTabChangesFocus(true);
+    text->setMinimumSize(text->fontMetrics().averageCharWidth() * kTextColumns,
+                         text->fontMetrics().lineSpacing() * kTextLines);
+    label->setBuddy(text);
+    auto *count = plainLabel();
+    count->setObjectName(QStringLiteral("lblCount"));
+    auto *warning = plainLabel();
+    warning->setObjectName(QStringLiteral("lblWarning"));
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    captionButtons(*buttons);
+    buttons->button(QDialogButtonBox::Ok)->setToolTip(QStringLiteral("Ctrl+Enter"));
+    auto *layout = new QVBoxLayout(dialog);
+    layout->addWidget(label);
+    layout->addWidget(text, 1);
+    layout->addWidget(count);
+    layout->addWidget(warning);
+    layout->addSpacing(6);
+    layout->addWidget(buttons);
+    const auto note = [=] {
+        const TextNotes told = notes(text->toPlainText());
+        count->setText(told.count);
+        warning->setText(forLabel(told.warning));
+        warning->setVisible(!told.warning.isEmpty());
+    };
+    QObject::connect(text, &QPlainTextEdit::textChanged, dialog, note);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, dialog, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto *send = new QShortcut(QKeySequence(Qt::CTRL | key), dialog);
+        QObject::connect(send, &QShortcut::activated, dialog, &QDialog::accept);
+    }
+    note();
+    text->setFocus();
+    if (textBoxSize_.isValid()) {
+        dialog->resize(textBoxSize_);
+    }
+    const bool accepted = ask(*dialog);
+    if (!dialog) {
+        return {};
+    }
+    textBoxSize_ = dialog->size();
+    return accepted ? text->toPlainText() : QString();
 }
 
 QString QtOperator::chooseFile(const QString &startFrom, const QString &filter)

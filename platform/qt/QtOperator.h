@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <QSet>
+#include <QSize>
 #include <QTranslator>
 
 class Clock;
@@ -19,6 +20,9 @@ public:
 
     Answer messageBox(const QString &text, const QString &title, Buttons buttons) override;
     QString inputBox(const QString &prompt, const QString &title, const QString &preset) override;
+    /// Ctrl+Enter is OK: Enter alone ends a line. The size that it is given lasts for this run.
+    QString textBox(const QString &prompt, const QString &title, const QString &preset,
+                    const std::function<TextNotes(const QString &)> &notes) override;
     QString chooseFile(const QString &startFrom, const QString &filter) override;
     QString chooseNewFile(const QString &startFrom, const QString &filter) override;
     void withdraw() override;
@@ -38,6 +42,7 @@ private:
     Clock &clock_;
     QTranslator texts_;
     QString cancelCaption_;
+    QSize textBoxSize_; ///< none before the first
     QList<QDialog *> open_;
     QSet<const void *> busy_;
 };

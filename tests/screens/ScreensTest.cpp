@@ -333,7 +333,7 @@ private:
         const QString text =
             match.captured(3).replace(u"\\n"_qs, u"\n"_qs).replace(u"\\r"_qs, u"\r"_qs);
         if (match.hasCaptured(5)) {
-            person.types(title, match.captured(5), open, text);
+            person.types(title, match.captured(5).replace(u"\\n"_qs, u"\n"_qs), open, text);
         } else if (match.hasCaptured(4)) {
             person.answers(text, match.captured(4) == u"OK" ? Answer::Ok : Answer::Cancel, open,
                            title);
@@ -515,6 +515,7 @@ private:
             {u"closed"_qs, closings_.names.join(u' ')},
             {u"files"_qs, QFileInfo(database_.path()).dir().entryList(QDir::Files).join(u' ')},
             {u"busy"_qs, person.isBusy()},
+            {u"notes"_qs, person.lastNotes.count + u'|' + person.lastNotes.warning},
             {u"clipboard"_qs, QGuiApplication::clipboard()->text()}};
         const auto [name, property] = halves(what, u'.');
         QStringList several;

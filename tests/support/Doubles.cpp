@@ -109,6 +109,15 @@ QString ScriptedOperator::inputBox(const QString &prompt, const QString &title,
     return line ? line->typed : QString();
 }
 
+QString ScriptedOperator::textBox(const QString &prompt, const QString &title,
+                                  const QString &preset,
+                                  const std::function<TextNotes(const QString &)> &notes)
+{
+    const QString text = inputBox(prompt, title, preset);
+    lastNotes = notes(text);
+    return text;
+}
+
 QString ScriptedOperator::chooseFile(const QString &startFrom, const QString &filter)
 {
     if (browsing) {

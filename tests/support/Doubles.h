@@ -41,6 +41,9 @@ public:
 
     Answer messageBox(const QString &text, const QString &title, Buttons buttons) override;
     QString inputBox(const QString &prompt, const QString &title, const QString &preset) override;
+    /// Taken for an input box; the notes on what is typed stand in lastNotes.
+    QString textBox(const QString &prompt, const QString &title, const QString &preset,
+                    const std::function<TextNotes(const QString &)> &notes) override;
     QString chooseFile(const QString &startFrom, const QString &filter) override;
     QString chooseNewFile(const QString &startFrom, const QString &filter) override;
     void withdraw() override { ++withdrawals_; }
@@ -61,6 +64,7 @@ public:
     QStringList texts; ///< of all boxes, in order
     QString lastPrompt;
     QString lastPreset;
+    TextNotes lastNotes;
     int beeps = 0;
 
 private:

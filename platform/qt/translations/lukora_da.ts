@@ -1811,4 +1811,86 @@ Vil du slette den alligevel?</translation>
         <translation>Brugeren skal slettes fra døren.</translation>
     </message>
 </context>
+<context>
+    <name>DoorSearch</name>
+    <message>
+        <source>Søk i alle dører</source>
+        <translation>Søg i alle døre</translation>
+    </message>
+    <message>
+        <source>Nummer eller navn</source>
+        <translation>Nummer eller navn</translation>
+    </message>
+    <message>
+        <source>Treff i alle dører</source>
+        <translation>Fundet i alle døre</translation>
+    </message>
+    <message>
+        <source>Dør</source>
+        <translation>Dør</translation>
+    </message>
+    <message>
+        <source>Nummer</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>Navn</source>
+        <translation>Navn</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>%1, venter fra %2</source>
+        <translation>%1, venter fra %2</translation>
+    </message>
+    <message>
+        <source>Ingen treff</source>
+        <translation>Intet fundet</translation>
+    </message>
+    <message>
+        <source>Søker …</source>
+        <translation>Søger …</translation>
+    </message>
+    <message>
+        <source>Det finnes flere treff. Skriv mer.</source>
+        <translation>Der er flere. Skriv mere.</translation>
+    </message>
+    <message>
+        <source>Søket feilet: %1</source>
+        <translation>Søgningen mislykkedes: %1</translation>
+    </message>
+</context>
+<context>
+    <name>FreeSms</name>
+    <message>
+        <source>%1 av %2 tegn, 1 melding</source>
+        <translation>%1 af %2 tegn, 1 besked</translation>
+    </message>
+    <message>
+        <source>%1 tegn, %2 meldinger</source>
+        <translation>%1 tegn, %2 beskeder</translation>
+    </message>
+    <message>
+        <source>Over %1 tegn: Meldingen blir ikke sendt. Uten sendingsbekreftelse blir den liggende og sperrer for dem som venter.</source>
+        <translation>Over %1 tegn: Beskeden bliver ikke sendt. Uden leveringsrapport bliver den liggende og spærrer for dem, der venter.</translation>
+    </message>
+    <message>
+        <source>Over %1 tegn: Modemet får alt i ett stykke, og kan dele, kutte eller avvise det.</source>
+        <translation>Over %1 tegn: Modemet får det hele i ét stykke og kan dele, afkorte eller afvise det.</translation>
+    </message>
+    <message>
+        <source>Kommer fram som @: %1</source>
+        <translation>Når frem som @: %1</translation>
+    </message>
+    <message>
+        <source>Kommer fram som ?: %1</source>
+        <translation>Når frem som ?: %1</translation>
+    </message>
+    <message>
+        <source>Døren leser hele meldingen, med linjeskift, som én kommando.</source>
+        <translation>Døren læser hele beskeden, også linjeskift, som én kommando.</translation>
+    </message>
+</context>
 </TS>

@@ -1811,4 +1811,86 @@ Vill du ta bort den ändå?</translation>
         <translation>Användaren ska raderas från dörren.</translation>
     </message>
 </context>
+<context>
+    <name>DoorSearch</name>
+    <message>
+        <source>Søk i alle dører</source>
+        <translation>Sök i alla dörrar</translation>
+    </message>
+    <message>
+        <source>Nummer eller navn</source>
+        <translation>Nummer eller namn</translation>
+    </message>
+    <message>
+        <source>Treff i alle dører</source>
+        <translation>Träffar i alla dörrar</translation>
+    </message>
+    <message>
+        <source>Dør</source>
+        <translation>Dörr</translation>
+    </message>
+    <message>
+        <source>Nummer</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>Navn</source>
+        <translation>Namn</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>%1, venter fra %2</source>
+        <translation>%1, väntar från %2</translation>
+    </message>
+    <message>
+        <source>Ingen treff</source>
+        <translation>Inga träffar</translation>
+    </message>
+    <message>
+        <source>Søker …</source>
+        <translation>Söker …</translation>
+    </message>
+    <message>
+        <source>Det finnes flere treff. Skriv mer.</source>
+        <translation>Det finns fler träffar. Skriv mer.</translation>
+    </message>
+    <message>
+        <source>Søket feilet: %1</source>
+        <translation>Sökningen misslyckades: %1</translation>
+    </message>
+</context>
+<context>
+    <name>FreeSms</name>
+    <message>
+        <source>%1 av %2 tegn, 1 melding</source>
+        <translation>%1 av %2 tecken, 1 meddelande</translation>
+    </message>
+    <message>
+        <source>%1 tegn, %2 meldinger</source>
+        <translation>%1 tecken, %2 meddelanden</translation>
+    </message>
+    <message>
+        <source>Over %1 tegn: Meldingen blir ikke sendt. Uten sendingsbekreftelse blir den liggende og sperrer for dem som venter.</source>
+        <translation>Över %1 tecken: Meddelandet skickas inte. Utan leveransrapport ligger det kvar och spärrar för dem som väntar.</translation>
+    </message>
+    <message>
+        <source>Over %1 tegn: Modemet får alt i ett stykke, og kan dele, kutte eller avvise det.</source>
+        <translation>Över %1 tecken: Modemet får allt i ett stycke och kan dela, korta av eller avvisa det.</translation>
+    </message>
+    <message>
+        <source>Kommer fram som @: %1</source>
+        <translation>Kommer fram som @: %1</translation>
+    </message>
+    <message>
+        <source>Kommer fram som ?: %1</source>
+        <translation>Kommer fram som ?: %1</translation>
+    </message>
+    <message>
+        <source>Døren leser hele meldingen, med linjeskift, som én kommando.</source>
+        <translation>Dörren läser hela meddelandet, med radbrytning, som ett enda kommando.</translation>
+    </message>
+</context>
 </TS>
