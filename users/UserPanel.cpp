@@ -82,8 +82,8 @@ UserPanel::UserPanel(Module1 &module, Recordsets &recordsets, ModemLink &modem,
 {
     ui_->setupUi(this);
     search_ = new DoorSearch(module, clock, dateFormat_, this);
-    ui_->tableLayout->insertWidget(0, search_);
-    setTabOrder(ui_->CommandSendSMS, search_);
+    ui_->tableTitleLayout->addWidget(search_, 1);
+    setTabOrder(ui_->CommandSlettBruker, search_);
     setTabOrder(search_, ui_->TabStrip1);
     Txtfields_ = {ui_->Txtfields_0, ui_->Txtfields_1, ui_->Txtfields_2,
                   ui_->Txtfields_3, ui_->Txtfields_4, ui_->Txtfields_5};
@@ -129,6 +129,7 @@ void UserPanel::connectForm()
         button->installEventFilter(this);
     }
     onKey(*this, "Ctrl+N", [this] { press(*ui_->cmdNyBruker); });
+    onKey(*this, "Ctrl+F", [this] { search_->setFocus(); });
     onKey(*this, "Ctrl+H", [this] { press(*ui_->cmdHentTilbake); });
     onKey(*this, "Ctrl+Return", [this] { press(*ui_->CommandRegistrerBruker); });
     onKey(*this, "Ctrl+Enter", [this] { press(*ui_->CommandRegistrerBruker); });
@@ -177,6 +178,9 @@ bool UserPanel::eventFilter(QObject *watched, QEvent *event)
             QToolTip::showText(help->globalPos(), Qt::convertFromPlainText(tip), this);
             return true;
         }
+        if (watched == ui_->DataGrid1->viewport() && showWholeText(*help)) {
+            return true;
+        }
     } else if (watched == ui_->DataGrid1 && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
         // For the keyboard alone: what a click does to a row that is current already.
         if (!RadKlikket_) {
@@ -191,8 +195,6 @@ bool UserPanel::eventFilter(QObject *watched, QEvent *event)
             RadKlikket_ = false;
         } else if (event->type() == QEvent::Resize) {
             layOutColumns();
-        } else if (event->type() == QEvent::ToolTip) {
-            return showWholeText(static_cast<QHelpEvent &>(*event));
         }
     }
     return QWidget::eventFilter(watched, event);

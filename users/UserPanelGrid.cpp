@@ -9,8 +9,8 @@
 #include "platform/SettingsStore.h"
 #include "platform/Text.h"
 #include "ui_UserPanel.h"
-#include "users/StatusWords.h"
 #include "users/DoorSearch.h"
+#include "users/StatusWords.h"
 
 #include <QCoreApplication>
 #include <QHeaderView>

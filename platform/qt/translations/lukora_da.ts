@@ -1819,7 +1819,7 @@ Vil du slette den alligevel?</translation>
     </message>
     <message>
         <source>Nummer eller navn</source>
-        <translation>Nummer eller navn</translation>
+        <translation>Navn eller nummer</translation>
     </message>
     <message>
         <source>Treff i alle dører</source>
