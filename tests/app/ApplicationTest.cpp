@@ -111,7 +111,7 @@ TEST(Program, EndsAtOnceInLoginSplashAndInitialisation)
 {
     for (const auto &[moment, saved, progress] :
          {std::tuple{500ms, 0, u"none"_qs}, std::tuple{2000ms, 0, u""_qs},
-          std::tuple{32'000ms, 12, u"Venter på modemet: forsøk 2 av 5"_qs}}) {
+          std::tuple{32'000ms, 14, u"Venter på modemet: forsøk 2 av 5"_qs}}) {
         Program run;
         run.settings.values[u"lastcomport"_qs] = u"2"_qs;
         run.modem.faults().mute = true;
