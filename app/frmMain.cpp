@@ -34,7 +34,7 @@ constexpr milliseconds kTimerCom = 1000ms;
 const QString kColumnsKey = QStringLiteral("MainColumns"); ///< widths of users and modem
 const QString kRowsKey = QStringLiteral("MainRows");       ///< heights of users and messages
 constexpr int kMoreLinesOfReceived = 3;       ///< of a message in sight than fit at least
-constexpr int kLettersOfModem = 34;           ///< that its column is wide to start with
+constexpr int kLettersOfModem = 38;           ///< that its column is wide to start with
 constexpr milliseconds kLongestAttempt = 35s; ///< to hand a message to the network
 
 void setVisibleInMenuOrScreen(QWidget &screen, const QString &name, bool visible)
