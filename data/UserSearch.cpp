@@ -111,8 +111,10 @@ std::vector<UserHit> UserSearch::numbers()
     }
     // A short one may begin in two of these ways.
     std::ranges::stable_sort(hits, {}, &UserHit::key);
-    const auto [again, end] = std::ranges::unique(hits, {}, &UserHit::key);
-    hits.erase(again, end);
+    const auto isSame = [](const UserHit &one, const UserHit &other) {
+        return one.key == other.key;
+    };
+    hits.erase(std::unique(hits.begin(), hits.end(), isSame), hits.end());
     stage_ = Stage::Waiting;
     return hits;
 }

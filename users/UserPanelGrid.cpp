@@ -400,12 +400,13 @@ void UserPanel::fillFromRow(int shownRow)
     const Recordset &row = NewUserMode_ ? recordsets_.rsVisNyeBrukere : recordsets_.rsVisBrukere;
     bool isThere = false;
     kept([&] { isThere = row.row().has_value(); });
-    for (const auto &[column, show] : places) {
+    for (const auto &place : places) {
+        const QString &column = place.first;
         kept([&] {
-            const auto place = static_cast<int>(model_.columns().indexOf(column));
-            const QString text = isThere ? row.text(column) : model_.text(shownRow, place);
+            const auto number = static_cast<int>(model_.columns().indexOf(column));
+            const QString text = isThere ? row.text(column) : model_.text(shownRow, number);
             if (!text.isEmpty()) {
-                show(text);
+                place.second(text);
             }
         });
     }
