@@ -147,7 +147,8 @@ void SmsSubmitter::readResult()
         const QString line = line_.ReadModemLine();
         const std::optional<QString> reference = answerIn(line, u"+CMGS"_qs);
         if (reference) {
-            module_.LastCmgsResult = *reference;
+            // Where lines end in line feeds alone the final "OK" stands in the same line.
+            module_.LastCmgsResult = reference->section(u'\n', 0, 0);
             view_.setPanel(kOutboundPanel, u"SMS "_qs + module_.LastCmgsResult + u" SENDT"_qs);
         }
         // "+CMS ERROR: 500" as well.
