@@ -9,6 +9,7 @@
 #include "inbound/frmSMSSent.h"
 #include "platform/qt/SystemClock.h"
 #include "support/Bench.h"
+#include "users/DoorSearch.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -17,6 +18,7 @@
 #include <QEvent>
 #include <QFile>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QTableView>
@@ -331,6 +333,42 @@ void Filter(benchmark::State &state, const SiteSize &size)
     best.handTo(state);
 }
 
+// The line above the table of users: the first hit is to be seen, where the last user of all alone
+// is meant, by the beginning of the number, by its end and by the name; where everybody is; and
+// where nobody is, until that is said.
+void SearchDoors(benchmark::State &state, const SiteSize &size)
+{
+    Desk desk(size);
+    QWidget screen;
+    screen.resize(700, 400);
+    DoorSearch search(desk.module, desk.time, u"dd/MM/yyyy"_qs, &screen);
+    search.resize(700, 30);
+    screen.show();
+    auto *line = screen.findChild<QLineEdit *>(u"txtSok"_qs);
+    const auto *list = screen.findChild<QTableView *>(u"lstSok"_qs);
+    const auto *note = screen.findChild<QLabel *>(u"lblTreff"_qs);
+    Best best;
+    const Heartbeat heart(desk.time);
+    for (auto _ : state) {
+        for (const auto &[name, text] :
+             {std::pair("begin", u"91 10 00 00"_qs), std::pair("end", u"1100000"_qs),
+              std::pair("name", u"fornavn 100000"_qs), std::pair("all", u"navn"_qs),
+              std::pair("none", u"kråke"_qs)}) {
+            line->clear();
+            desk.time.sleep(20ms);
+            const Stopwatch watch;
+            line->setText(text);
+            desk.until(
+                [&] { return list->model()->rowCount() > 0 || note->text() == u"Ingen treff"; });
+            screen.repaint();
+            best.note(name, watch.spent());
+            state.counters[std::string("hits_") + name] = list->model()->rowCount();
+        }
+    }
+    best.note("gap", heart.longestGap());
+    best.handTo(state);
+}
+
 void forgetPeakMemory()
 {
     QFile marks(u"/proc/self/clear_refs"_qs);
@@ -428,3 +466,7 @@ ON_BOTH_SITES(Sort, frmBrukere_Etternavn, makeBrukere, 1);
 ON_BOTH_SITES(Sort, frmSMSSent_SMS_Text, makeSMSSent, 5);
 ON_BOTH_SITES(Sort, frmLOGG_Etternavn, makeLOGG, 4);
 ON_BOTH_SITES(Filter, frmBrukere);
+ON_BOTH_SITES(SearchDoors, users);
+BENCHMARK_CAPTURE(SearchDoors, users_crowded, kCrowdedSite)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(kRuns);

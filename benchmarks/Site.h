@@ -14,6 +14,8 @@ struct SiteSize {
 
 constexpr SiteSize kSmallSite{"small", 20, 2'000, 2'000, 5'000, 5'000};
 constexpr SiteSize kLargeSite{"large", 1'000, 100'000, 1'000'000, 1'000'000, 1'000'000};
+/// As many users, and nobody beside them.
+constexpr SiteSize kCrowdedSite{"crowded", 1'000, 100'000, 100'000, 1, 1};
 
 /// The path of the site's database: made on first use, which takes its time, and kept for later
 /// runs.
