@@ -123,18 +123,18 @@
     <name>MessageReader</name>
     <message>
         <source>Modemet sletter ikke melding %1. Meldingene etter den blir ikke lest før den er slettet.</source>
-        <translation>Modemet sletter ikke besked %1. Beskederne efter den bliver ikke læst, før den er slettet.</translation>
+        <translation>Modemmet sletter ikke besked %1. Beskederne efter den bliver ikke læst, før den er slettet.</translation>
     </message>
 </context>
 <context>
     <name>ModemWatcher</name>
     <message>
         <source>Forbindelsen med modemet er brutt. Velg COM-porten på nytt.</source>
-        <translation>Forbindelsen til modemet er afbrudt. Vælg COM-porten igen.</translation>
+        <translation>Forbindelsen til modemmet er afbrudt. Vælg COM-porten igen.</translation>
     </message>
     <message>
         <source>Modemet settes opp på nytt</source>
-        <translation>Modemet sættes op på ny</translation>
+        <translation>Modemmet sættes op på ny</translation>
     </message>
 </context>
 <context>
@@ -287,7 +287,7 @@
     </message>
     <message>
         <source>Porten %1 finnes ikke. Er modemet koblet til?</source>
-        <translation>Porten %1 findes ikke. Er modemet tilsluttet?</translation>
+        <translation>Porten %1 findes ikke. Er modemmet tilsluttet?</translation>
     </message>
     <message>
         <source>Porten %1 er i bruk av et annet program.</source>
@@ -295,7 +295,7 @@
     </message>
     <message>
         <source>Du har ikke adgang til porten %1. Du må være med i gruppen %2; be den som styrer maskinen, om det, og logg på maskinen på nytt.</source>
-        <translation>Du har ikke adgang til porten %1. Du skal være med i gruppen %2; bed den, der styrer maskinen, om det, og log på maskinen igen.</translation>
+        <translation>Du har ikke adgang til porten %1. Du skal være med i gruppen %2; bed den, der administrerer maskinen, om det, og log på maskinen igen.</translation>
     </message>
     <message>
         <source>%1 er ingen serieport med et modem.</source>
@@ -1703,11 +1703,11 @@ Vil du slette den alligevel?</translation>
     <name>ModemInitialiser</name>
     <message>
         <source>Venter på modemet: forsøk %1 av %2</source>
-        <translation>Venter på modemet: forsøg %1 af %2</translation>
+        <translation>Venter på modemmet: forsøg %1 af %2</translation>
     </message>
     <message>
         <source>Modemet svarer ikke</source>
-        <translation>Modemet svarer ikke</translation>
+        <translation>Modemmet svarer ikke</translation>
     </message>
 </context>
 <context>
@@ -1725,7 +1725,7 @@ Vil du slette den alligevel?</translation>
     </message>
     <message>
         <source>Ingenting sendes før modemet er klart.</source>
-        <translation>Intet sendes, før modemet er klart.</translation>
+        <translation>Intet sendes, før modemmet er klart.</translation>
     </message>
     <message>
         <source>Ingenting sendes så lenge en SMS blir skrevet.</source>
@@ -1796,7 +1796,7 @@ Vil du slette den alligevel?</translation>
     </message>
     <message>
         <source>Perioden er lagret. Kommandoen legges i køen når modemet er klart.</source>
-        <translation>Perioden er gemt. Kommandoen lægges i køen, når modemet er klart.</translation>
+        <translation>Perioden er gemt. Kommandoen lægges i køen, når modemmet er klart.</translation>
     </message>
     <message>
         <source>Døren har meldt at brukeren er lagt inn.</source>
