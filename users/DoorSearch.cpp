@@ -8,7 +8,6 @@
 #include <QApplication>
 #include <QBoxLayout>
 #include <QCoreApplication>
-#include <QGraphicsDropShadowEffect>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
@@ -26,7 +25,6 @@ constexpr milliseconds kAtATime = 10ms; ///< of reading, before the screen gets 
 constexpr auto kMostHits = std::size_t{UserSearch::kEnough};
 constexpr int kMostRows = 10;  ///< in sight
 constexpr int kFewestRows = 3; ///< however little room there is
-constexpr int kShadow = 16;    ///< pixels
 
 QString translated(const char *text)
 {
@@ -59,10 +57,6 @@ DoorSearch::DoorSearch(Module1 &module, Clock &clock, const QString &dateFormat,
 
     list_->setObjectName(QStringLiteral("fraSok"));
     list_->setFrameShape(QFrame::StyledPanel);
-    auto *shadow = new QGraphicsDropShadowEffect(list_); // it lies over another table
-    shadow->setBlurRadius(kShadow);
-    shadow->setOffset(0, kShadow / 4.0);
-    list_->setGraphicsEffect(shadow);
     list_->setAutoFillBackground(true);
     list_->setBackgroundRole(QPalette::Base);
     lstSok_->setObjectName(QStringLiteral("lstSok"));

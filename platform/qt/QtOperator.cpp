@@ -27,8 +27,7 @@ namespace {
 constexpr milliseconds kLongestWait = 250ms;
 constexpr int kLongestWord = 60;
 constexpr int kLongestText = 1000;
-constexpr int kSmallSign = 20;
-constexpr int kTextColumns = 60;
+constexpr int kTextColumns = 50;
 constexpr int kTextLines = 7;
 
 struct Language {
@@ -68,20 +67,20 @@ QLabel *plainLabel(const QString &text = {})
 }
 
 /// A character on a disc in the platform's accent colour.
-QPixmap sign(QChar character, const QWidget &screen, int size = 40)
+QPixmap sign(QChar character, const QWidget &screen)
 {
-    QPixmap picture(QSize(size, size) * screen.devicePixelRatioF());
+    constexpr int kSize = 40;
+    QPixmap picture(QSize(kSize, kSize) * screen.devicePixelRatioF());
     picture.setDevicePixelRatio(screen.devicePixelRatioF());
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(screen.palette().highlight());
-    const qreal edge = size / 20.0;
-    const QRectF disc(edge, edge, size - 2 * edge, size - 2 * edge);
+    const QRectF disc(2, 2, kSize - 4, kSize - 4);
     painter.drawEllipse(disc);
     QFont font = screen.font();
-    font.setPixelSize(size * 3 / 5);
+    font.setPixelSize(24);
     font.setBold(true);
     painter.setFont(font);
     painter.setPen(screen.palette().highlightedText().color());
@@ -192,11 +191,6 @@ QString QtOperator::textBox(const QString &prompt, const QString &title, const Q
     count->setObjectName(QStringLiteral("lblCount"));
     auto *warning = plainLabel();
     warning->setObjectName(QStringLiteral("lblWarning"));
-    auto *mark = new QLabel;
-    mark->setPixmap(sign(u'!', *dialog, kSmallSign));
-    auto *warned = new QHBoxLayout;
-    warned->addWidget(mark, 0, Qt::AlignTop);
-    warned->addWidget(warning, 1);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     captionButtons(*buttons);
     buttons->button(QDialogButtonBox::Ok)->setToolTip(QStringLiteral("Ctrl+Enter"));
@@ -204,7 +198,7 @@ QString QtOperator::textBox(const QString &prompt, const QString &title, const Q
     layout->addWidget(label);
     layout->addWidget(text, 1);
     layout->addWidget(count);
-    layout->addLayout(warned);
+    layout->addWidget(warning);
     layout->addSpacing(6);
     layout->addWidget(buttons);
     const auto note = [=] {
@@ -212,7 +206,6 @@ QString QtOperator::textBox(const QString &prompt, const QString &title, const Q
         count->setText(told.count);
         warning->setText(forLabel(told.warning));
         warning->setVisible(!told.warning.isEmpty());
-        mark->setVisible(!told.warning.isEmpty());
     };
     QObject::connect(text, &QPlainTextEdit::textChanged, dialog, note);
     QObject::connect(buttons, &QDialogButtonBox::accepted, dialog, &QDialog::accept);

@@ -88,34 +88,6 @@ TEST_F(Questions, OfferThePresetForTypingAndGiveNothingWhenCancelled)
     EXPECT_EQ(person.inputBox(u"Velg"_qs, {}, u"5"_qs), QString());
 }
 
-TEST_F(Questions, GiveATextRoomAndTellWhatBecomesOfItAndSendItByCtrlEnter)
-{
-    const auto notes = [](const QString &text) {
-        return TextNotes{QString::number(text.size()), text.contains(u'@') ? u"@!"_qs : u""_qs};
-    };
-    const auto ask = [&] { return person.textBox(u"Skriv"_qs, u"Send"_qs, u"Å"_qs, notes); };
-    const auto seen = [](const QString &name) {
-        auto *label = dialogue()->findChild<QLabel *>(name);
-        return label->isVisible() ? label->text() : u"hidden"_qs;
-    };
-    clock.after(100ms, [&] {
-        EXPECT_EQ(dialogue()->windowTitle(), u"Send");
-        EXPECT_EQ(seen(u"lblCount"_qs) + seen(u"lblWarning"_qs), u"1hidden");
-        QWidget *field = dialogue()->focusWidget();
-        QTest::keyClick(field, Qt::Key_Return);
-        QTest::keyClicks(field, u"a@"_qs);
-        EXPECT_EQ(seen(u"lblCount"_qs) + seen(u"lblWarning"_qs), u"4@!");
-        dialogue()->resize(700, 500);
-        QTest::keyClick(field, Qt::Key_Enter, Qt::ControlModifier);
-    });
-    EXPECT_EQ(ask(), u"\na@Å");
-    clock.after(100ms, [] {
-        EXPECT_EQ(dialogue()->size(), QSize(700, 500));
-        QTest::keyClick(dialogue()->focusWidget(), Qt::Key_Escape);
-    });
-    EXPECT_EQ(ask(), QString());
-}
-
 TEST_F(Questions, AskBeforeAFileIsOverwritten)
 {
     const QTemporaryDir folder;
